@@ -1,0 +1,66 @@
+// ReplaceEmoticons with tables of growing length, when the last row fits and when none does.
+#include <benchmark/benchmark.h>
+
+#include <string>
+
+#include "Stage.h"
+#include "speech/Abbreviations.h"
+
+namespace brenwick {
+namespace {
+
+// The parts of a program that a table needs.
+struct Table {
+  explicit Table(int rows)
+      : folder(std::filesystem::temp_directory_path() / "brenwick-bench-table"),
+        folders({folder.string(), BRENWICK_PROGRAM_FOLDER, ""}) {
+    data.Create();
+    std::string content;
+    for (int i = 0; i < rows; ++i) {
+      content += "(abbr" + std::to_string(i) + ")=replacement\r\n";
+    }
+    folders.Replace(data.Inside("Abbreviations.Txt"), content);
+    texts.Replace(std::vector<std::string>(175, "text"));
+    abbreviations.EmoticonRead(true);
+  }
+  ~Table() { std::filesystem::remove_all(folder); }
+
+  std::filesystem::path folder;
+  SilentTranscript transcript;
+  ScriptedScreen screen{transcript};
+  ScriptedLoop loop;
+  ScriptedClock clock;
+  ScriptedSystem system;
+  PosixFolders folders;
+  ProgramState state;
+  cMousePointer pointer{screen};
+  StatusWindow status{pointer, loop, system};
+  DataFolder data{folders};
+  LogFiles files{data, folders, clock};
+  ErrorReport report{state, files, status, screen};
+  Logs log{state, files, report};
+  TextTable texts{log};
+  Abbreviations abbreviations{log, texts, status, pointer, data, folders};
+};
+
+void Replace(benchmark::State& state, bool found) {
+  Table table(static_cast<int>(state.range(0)));
+  const std::string last = "(abbr" + std::to_string(state.range(0) - 1) + ")";
+  const std::string text =
+      "Anna says I will bring the boat trailer " + (found ? last : std::string("tomorrow"));
+  for (auto _ : state) {
+    std::string sentence = text;
+    table.abbreviations.ReplaceEmoticons(sentence);
+    benchmark::DoNotOptimize(sentence);
+  }
+}
+
+void LastRowFits(benchmark::State& state) { Replace(state, true); }
+void NoRowFits(benchmark::State& state) { Replace(state, false); }
+BENCHMARK(LastRowFits)->Arg(100)->Arg(1000)->Arg(10000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(NoRowFits)->Arg(100)->Arg(1000)->Arg(10000)->Unit(benchmark::kMicrosecond);
+
+}  // namespace
+}  // namespace brenwick
+
+BENCHMARK_MAIN();

@@ -1,0 +1,70 @@
+// The whole program with nothing behind it, for measuring.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "app/Program.h"
+#include "desktop/PosixFolders.h"
+#include "rehearsal/ScriptedWorld.h"
+#include "rehearsal/Transcript.h"
+
+namespace brenwick {
+
+class SilentTranscript : public Transcript {
+ public:
+  void BeginStep(int, const nlohmann::json&) override {}
+  void Write(const Effect&) override {}
+};
+
+// An engine that says nothing and costs nothing.
+class EmptyVoice : public SpVoice {
+ public:
+  const std::vector<std::string>& GetVoices() override { return voices_; }
+  void SetVoice(std::size_t) override {}
+  void SetRate(int) override {}
+  void SetVolume(int) override {}
+  std::size_t Voice() const override { return 0; }
+  int Rate() const override { return 0; }
+  int Volume() const override { return 100; }
+  void Speak(const std::string& text, int) override { spoken += text.size(); }
+
+  std::size_t spoken = 0;
+
+ private:
+  std::vector<std::string> voices_ = {"female", "male"};
+};
+
+// A started program in a folder of its own, which goes away with it.
+class Stage {
+ public:
+  explicit Stage(SpVoice& voice)
+      : folder_(std::filesystem::temp_directory_path() /
+                ("brenwick-bench-" + std::to_string(reinterpret_cast<std::uintptr_t>(this)))),
+        folders_({folder_.string(), BRENWICK_PROGRAM_FOLDER, ""}),
+        program_(messenger_, voice, screen_, tray_, loop_, clock_, folders_, system_) {
+    ParseMoment("2004-01-10T12:00:00", clock_.now);
+    program_.Start();
+  }
+  ~Stage() { std::filesystem::remove_all(folder_); }
+  Stage(const Stage&) = delete;
+  Stage& operator=(const Stage&) = delete;
+
+  MessengerListener& Messenger() { return *messenger_.Listener(); }
+  frmMain& Form() { return program_.Form(); }
+
+ private:
+  std::filesystem::path folder_;
+  SilentTranscript transcript_;
+  ScriptedMessenger messenger_{transcript_};
+  ScriptedScreen screen_{transcript_};
+  ScriptedTray tray_{transcript_};
+  ScriptedLoop loop_;
+  ScriptedClock clock_;
+  ScriptedSystem system_;
+  PosixFolders folders_;
+  Program program_;
+};
+
+}  // namespace brenwick

@@ -1,0 +1,4 @@
+# Every target of ours builds without a warning; a warning is an error.
+add_library(brenwick-warnings INTERFACE)
+target_compile_options(brenwick-warnings INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Wold-style-cast -Werror)

@@ -1,0 +1,123 @@
+#include "app/MainWindow.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "base/Text.h"
+
+namespace brenwick {
+namespace {
+
+constexpr const char* kModule = "frmMain";
+
+struct PageTitle {
+  Page page;
+  std::int16_t text;
+};
+
+constexpr PageTitle kTitles[] = {
+    {kGeneralPage, 3},        {kSpokenPage, 4},    {kTextPage, 5},         {kVoicesPage, 115},
+    {kBuddyNamesPage, 154},   {kIgnorePage, 42},   {kGenderPage, 120},     {kSpokenWordsPage, 7},
+    {kSaveSettingsPage, 153}, {kWebsitePage, 142}, {kLogOptionsPage, 146}, {kRepeatPage, 151},
+    {kAboutPage, 6},
+};
+
+// Twips.
+constexpr int kWidth = 5829;
+constexpr int kHeight = 4200;
+constexpr int kPageLeft = 1800;
+constexpr int kPageTop = 120;
+
+constexpr std::size_t kTipLength = 64;
+
+std::string Tip(const std::string& caption) {
+  return std::string(FirstCharacters(caption, kTipLength));
+}
+
+}  // namespace
+
+MainWindow::MainWindow(Logs& log, const ProgramState& state, frmMain& form, const TextTable& texts,
+                       TrayIcon& tray)
+    : log_(log), state_(state), form_(form), texts_(texts), tray_(tray) {
+  form_.Resize = [this] { Form_Resize(); };
+  form_.lstMenu.Click = [this] { lstMenu_Click(); };
+  form_.mPopRestore.Click = [this] { mPopRestore_Click(); };
+  tray_.MouseMessage = [this](int message) { Form_MouseMove(message); };
+}
+
+std::string MainWindow::CaptionText() const {
+  return VersionText() + texts_.LoadText(state_.MessengerOnline ? 1 : 2);
+}
+
+void MainWindow::BuildMenu() {
+  log_.Trap(kModule, "BuildMenu", [&] {
+    form_.lstMenu.Clear();
+    for (const PageTitle& title : kTitles) form_.lstMenu.AddItem(texts_.LoadText(title.text));
+  });
+}
+
+void MainWindow::SelectPage(Page page) {
+  const auto* found = std::find_if(std::begin(kTitles), std::end(kTitles),
+                                   [page](const PageTitle& title) { return title.page == page; });
+  form_.lstMenu.SetListIndex(static_cast<int>(found - std::begin(kTitles)));
+}
+
+void MainWindow::PlacePages() {
+  for (Frame& page : form_.fraPage) page.Move(kPageLeft, kPageTop);
+}
+
+void MainWindow::lstMenu_Click() {
+  log_.Trap(kModule, "lstMenu_Click", [&] {
+    const int selected = form_.lstMenu.ListIndex();
+    if (selected < 0) return;
+    const int shown = kTitles[selected].page;
+    for (Frame& page : form_.fraPage) page.SetVisible(page.Index() == shown);
+  });
+}
+
+void MainWindow::AddTrayIcon() { tray_.Add(Tip(form_.Caption())); }
+void MainWindow::RefreshTrayTip() { tray_.Modify(Tip(form_.Caption())); }
+
+void MainWindow::ShowTitle(const std::string& title) {
+  form_.SetCaption(title);
+  RefreshTrayTip();
+}
+
+void MainWindow::Form_Resize() {
+  log_.Trap(kModule, "Form_Resize", [&] {
+    if (form_.State() == WindowState::Normal) {
+      log_.DebugWrite("FormResize", "Form is visible");
+      form_.SetInTaskbar(true);
+      form_.SetSize(kWidth, kHeight);
+    } else {
+      log_.DebugWrite("FormResize", "Form is minimized");
+      log_.DebugWrite("Form_Resize", "MinimizedForm Left = " + std::to_string(form_.Left()));
+      log_.DebugWrite("Form_Resize", "MinimizedForm Top = " + std::to_string(form_.Top()));
+      form_.Hide();
+      form_.SetInTaskbar(false);
+    }
+    form_.SetCaption(CaptionText());
+  });
+}
+
+void MainWindow::Form_MouseMove(int message) {
+  log_.Trap(kModule, "Form_MouseMove", [&] {
+    if (message == kLeftButtonUp || message == kLeftDoubleClick) {
+      mPopRestore_Click();
+    } else if (message == kRightButtonUp) {
+      // The window comes to the front first: the menu then closes on a click elsewhere.
+      form_.BringToForeground();
+      form_.PopupMenuWanted();
+    }
+  });
+}
+
+void MainWindow::mPopRestore_Click() {
+  log_.Trap(kModule, "mPopRestore_Click", [&] {
+    form_.SetState(WindowState::Normal);
+    form_.BringToForeground();
+    form_.Show();
+  });
+}
+
+}  // namespace brenwick

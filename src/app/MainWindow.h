@@ -1,0 +1,50 @@
+// The main window's life between the screen and the notification area.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "base/ProgramState.h"
+#include "forms/frmMain.h"
+#include "language/TextTable.h"
+#include "logging/Logs.h"
+#include "platform/TrayIcon.h"
+
+namespace brenwick {
+
+class MainWindow {
+ public:
+  // Takes over the window's and the tray icon's events.
+  MainWindow(Logs& log, const ProgramState& state, frmMain& form, const TextTable& texts,
+             TrayIcon& tray);
+
+  // The version text and whether the user is signed in.
+  std::string CaptionText() const;
+
+  // Lists the page titles, and shows the page of the selected title.
+  void BuildMenu();
+  void SelectPage(Page page);
+  // All pages in the same place of the window.
+  void PlacePages();
+
+  void AddTrayIcon();
+  void RefreshTrayTip();
+  // A title in the window's caption and the tray icon's tip.
+  void ShowTitle(const std::string& title);
+
+  void mPopRestore_Click();
+
+ private:
+  void Form_Resize();
+  void Form_MouseMove(int message);
+  void lstMenu_Click();
+
+  Logs& log_;
+  const ProgramState& state_;
+  frmMain& form_;
+  const TextTable& texts_;
+  TrayIcon& tray_;
+};
+
+}  // namespace brenwick

@@ -1,0 +1,82 @@
+#include "app/Program.h"
+
+namespace brenwick {
+
+Program::Program(MessengerClient& messenger, SpVoice& voice, Screen& screen, TrayIcon& tray,
+                 EventLoop& loop, Clock& clock, Folders& folders, System& system)
+    : messenger_(messenger),
+      screen_(screen),
+      tray_(tray),
+      loop_(loop),
+      folders_(folders),
+      system_(system),
+      pointer_(screen),
+      status_(pointer_, loop, system),
+      data_(folders),
+      log_files_(data_, folders, clock),
+      report_(state_, log_files_, status_, screen),
+      log_(state_, log_files_, report_),
+      log_switches_(log_, log_files_, state_, form_),
+      texts_(log_),
+      languages_(log_, state_, form_, texts_, status_, pointer_, folders, screen, system),
+      contacts_(log_, form_, texts_),
+      clean_up_(log_),
+      abbreviations_(log_, texts_, status_, pointer_, data_, folders),
+      history_(log_, form_),
+      speech_(log_, state_, form_, texts_, clean_up_, history_, pointer_, voice, screen),
+      voice_lists_(log_, form_, voice),
+      name_(form_, contacts_, clean_up_),
+      incoming_(log_, form_, texts_, contacts_, name_, clean_up_, abbreviations_, speech_),
+      states_(log_, state_, form_, texts_, contacts_, name_, abbreviations_, speech_),
+      invitations_(log_, form_, texts_, contacts_, name_, abbreviations_, speech_, status_, screen),
+      events_(log_, incoming_, states_, invitations_),
+      window_(log_, state_, form_, texts_, tray),
+      type_ahead_(
+          log_, screen,
+          {&form_.cmbVoiceMale, &form_.cmbVoiceFemale, &form_.cmbLanguage, &form_.cmbOrgLanguage}) {
+  WireForm();
+}
+
+// The client's side must not call into what is gone.
+Program::~Program() {
+  messenger_.Detach();
+  tray_.MouseMessage = nullptr;
+}
+
+void Program::WireForm() {
+  report_.UnloadWindows = [this] { UnloadMainWindow(); };
+  states_.ShowTitle = [this](const std::string& title) { window_.ShowTitle(title); };
+  form_.CloseWanted = [this] { Close(); };
+  form_.mPopExit.Click = [this] { mPopExit_Click(); };
+  form_.chkIntroduce.Click = [this] { chkIntroduce_Click(); };
+  form_.chkIntroduceUser.Click = [this] { chkIntroduceUser_Click(); };
+  form_.chkUseMyNamesInsteadOfBuddyNames.Click = [this] {
+    chkUseMyNamesInsteadOfBuddyNames_Click();
+  };
+  form_.cmdEmoticons.Click = [this] {
+    log_.Trap("frmMain", "cmdEmoticons_Click", [&] {
+      const BoxAnswer answer =
+          screen_.MessageBox(texts_.LoadText(97), kTitle, BoxIcon::Question, BoxButtons::YesNo);
+      if (answer == BoxAnswer::Yes) abbreviations_.EmoticonRead(false);
+    });
+  };
+}
+
+void Program::Start() { Form_Load(); }
+
+void Program::chkIntroduce_Click() {
+  form_.txtIntroductionText.SetEnabled(form_.chkIntroduce.Ticked());
+}
+
+void Program::chkIntroduceUser_Click() {
+  form_.chkFirstName.SetEnabled(form_.chkIntroduceUser.Ticked());
+}
+
+// An own name can be given only while own names are used.
+void Program::chkUseMyNamesInsteadOfBuddyNames_Click() {
+  const bool used = form_.chkUseMyNamesInsteadOfBuddyNames.Ticked();
+  form_.txtBuddyNamesFriendlyName.SetEnabled(used);
+  form_.lblBuddyNamesFriendlyName.SetEnabled(used);
+}
+
+}  // namespace brenwick

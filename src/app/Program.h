@@ -1,0 +1,120 @@
+// The whole program, put together: the one place that knows every room.
+#pragma once
+
+#include <string>
+
+#include "app/MainWindow.h"
+#include "app/TypeAhead.h"
+#include "base/ProgramState.h"
+#include "contacts/ContactList.h"
+#include "forms/StatusWindow.h"
+#include "forms/cMousePointer.h"
+#include "forms/frmMain.h"
+#include "language/Languages.h"
+#include "language/TextTable.h"
+#include "logging/DataFolder.h"
+#include "logging/ErrorReport.h"
+#include "logging/LogFiles.h"
+#include "logging/LogSwitches.h"
+#include "logging/Logs.h"
+#include "messenger/ContactStates.h"
+#include "messenger/IncomingText.h"
+#include "messenger/Invitations.h"
+#include "messenger/MessengerEvents.h"
+#include "messenger/SpokenName.h"
+#include "platform/Clock.h"
+#include "platform/EventLoop.h"
+#include "platform/Folders.h"
+#include "platform/MessengerClient.h"
+#include "platform/Screen.h"
+#include "platform/SpVoice.h"
+#include "platform/System.h"
+#include "platform/TrayIcon.h"
+#include "speech/Abbreviations.h"
+#include "speech/Speech.h"
+#include "speech/SpokenHistory.h"
+#include "speech/TextCleanUp.h"
+#include "speech/VoiceLists.h"
+
+namespace brenwick {
+
+class Program {
+ public:
+  // A world hands in its implementations; they outlive the program. Nothing happens yet: the world
+  // attaches its views to Form() and Status(), then calls Start.
+  Program(MessengerClient& messenger, SpVoice& voice, Screen& screen, TrayIcon& tray,
+          EventLoop& loop, Clock& clock, Folders& folders, System& system);
+  Program(const Program&) = delete;
+  Program& operator=(const Program&) = delete;
+  ~Program();
+
+  // Loads the main window, which is the program's start-up. Throws ProgramEnd when the program ends
+  // on the way; so may every event and every user's action afterwards.
+  void Start();
+  // Unloads the main window, which is its shutdown, and throws ProgramEnd.
+  void Close();
+
+  frmMain& Form() { return form_; }
+  StatusWindow& Status() { return status_; }
+
+ private:
+  void WireForm();
+
+  void Form_Load();
+  void FindDebugSwitch();
+  void EndWhenAlreadyRunning();
+  void ShowWhatIsStarting();
+  void PrepareForm();
+  void ReadLanguages();
+  void CreateMessengerAndVoice();
+  void BuildVoiceLists();
+  void CheckMessengerState();
+  void PreparePages();
+  void AddTrayIcon();
+  void ShowOSVersion();
+  void SpeakIntroduction();
+  void FinishStart();
+  void Startup(const std::string& step);
+  void ShowProgress(std::int16_t text);
+  void chkIntroduce_Click();
+  void chkIntroduceUser_Click();
+  void chkUseMyNamesInsteadOfBuddyNames_Click();
+
+  void mPopExit_Click();
+  void UnloadMainWindow();
+  void Release(const char* procedure);
+
+  MessengerClient& messenger_;
+  Screen& screen_;
+  TrayIcon& tray_;
+  EventLoop& loop_;
+  Folders& folders_;
+  System& system_;
+
+  ProgramState state_;
+  frmMain form_;
+  cMousePointer pointer_;
+  StatusWindow status_;
+  DataFolder data_;
+  LogFiles log_files_;
+  ErrorReport report_;
+  Logs log_;
+  LogSwitches log_switches_;
+  TextTable texts_;
+  Languages languages_;
+  ContactList contacts_;
+  TextCleanUp clean_up_;
+  Abbreviations abbreviations_;
+  SpokenHistory history_;
+  Speech speech_;
+  VoiceLists voice_lists_;
+  SpokenName name_;
+  IncomingText incoming_;
+  ContactStates states_;
+  Invitations invitations_;
+  MessengerEvents events_;
+  MainWindow window_;
+  TypeAhead type_ahead_;
+};
+
+}  // namespace brenwick

@@ -1,0 +1,171 @@
+// The start-up sequence. Its order counts: each step relies on those before it.
+#include "app/Program.h"
+#include "base/Text.h"
+#include "language/GetText.h"
+#include "messenger/StateTable.h"
+
+namespace brenwick {
+namespace {
+
+constexpr const char* kProcedure = "Form_Load";
+// A failure of this number ends the start with a message of its own.
+constexpr std::int32_t kToldApart = 12345;
+
+}  // namespace
+
+void Program::Form_Load() {
+  log_.Trap("frmMain", kProcedure, [&] {
+    try {
+      FindDebugSwitch();
+      history_.Clear();
+      data_.Create();
+      form_.txtDocumentsAndSettings.SetText(data_.Path());
+      Startup(" ");
+      Startup("Startup - Initializing " + VersionText());
+      EndWhenAlreadyRunning();
+      ShowWhatIsStarting();
+      PrepareForm();
+      ReadLanguages();
+      CreateMessengerAndVoice();
+      BuildVoiceLists();
+      CheckMessengerState();
+      PreparePages();
+      AddTrayIcon();
+      Startup("Startup - Voice : setting flags");
+      ShowProgress(96);
+      speech_.chkFinishSentence_Click();
+      ShowOSVersion();
+      SpeakIntroduction();
+      FinishStart();
+    } catch (const Failure& failure) {
+      Startup("Startup - Error in formload :" + std::to_string(failure.Number()));
+      if (failure.Number() != kToldApart) throw;
+      status_.StatusForm(false);
+      screen_.MessageBox(
+          GetText(texts_.LoadText(50), kTitle) + "\r\n" + GetText(texts_.LoadText(51), kTitle),
+          kTitle, BoxIcon::Information, BoxButtons::Ok);
+      throw ProgramEnd{};
+    }
+  });
+}
+
+// Debugging is on from the start; only the box of its own switches it off.
+void Program::FindDebugSwitch() {
+  state_.Debug =
+      UpperCase(system_.CommandLine()) == "/DEBUG" || folders_.FileExists(data_.DebugMarker());
+  state_.Debug = true;
+  state_.ClosingDown = false;
+}
+
+void Program::EndWhenAlreadyRunning() {
+  if (!system_.PreviousInstance()) return;
+  Startup("Already active, terminating");
+  throw ProgramEnd{};
+}
+
+void Program::ShowWhatIsStarting() {
+  pointer_.SetHourglass(true);
+  status_.StatusForm(true, "Initializing...");
+}
+
+void Program::PrepareForm() {
+  const bool developing = system_.DevelopmentEnvironment();
+  form_.cmbOrgLanguage.SetVisible(developing);
+  form_.cmdOrgLanguage.SetVisible(developing);
+  Startup("Startup - Form position");
+  form_.lstMessages.Clear();
+  form_.cmbVoiceMale.Clear();
+  form_.cmbVoiceFemale.Clear();
+}
+
+void Program::ReadLanguages() {
+  const char separator = folders_.Separator();
+  Startup("Startup - Building language list from " + folders_.ProgramFolder() + separator +
+          "Languages" + separator);
+  languages_.LanguageRead();
+  abbreviations_.CreateUserFile();
+  Startup("Startup - Setting form text");
+}
+
+void Program::CreateMessengerAndVoice() {
+  Startup("Startup - Initialize Messenger object");
+  ShowProgress(90);
+  messenger_.Attach(events_);
+  Startup("Startup - Initialize Speech object");
+  ShowProgress(91);
+}
+
+void Program::BuildVoiceLists() {
+  Startup("Startup - Building list of voices");
+  voice_lists_.Fill();
+}
+
+void Program::CheckMessengerState() {
+  Startup("Startup - Checking Messenger state");
+  ShowProgress(92);
+  state_.MessengerOnline = DetermineState(log_, messenger_.MyStatus());
+  form_.SetCaption(window_.CaptionText());
+  Startup(std::string("Startup - Messenger state ") +
+          (state_.MessengerOnline ? "online" : "offline"));
+}
+
+void Program::PreparePages() {
+  Startup("Startup - Form : activate menu");
+  window_.BuildMenu();
+  Startup("Startup - Reading abbreviations");
+  abbreviations_.EmoticonRead(true);
+  Startup("Startup - Form : cleanup");
+  ShowProgress(94);
+  window_.PlacePages();
+  loop_.DoEvents();
+  Startup("Startup - Form : Activated messages box");
+  window_.SelectPage(kSpokenWordsPage);
+  if (form_.chkShowStartupScreen.Ticked()) form_.SetState(WindowState::Minimized);
+}
+
+void Program::AddTrayIcon() {
+  Startup("Startup - Creating tray-icon");
+  ShowProgress(95);
+  window_.AddTrayIcon();
+}
+
+void Program::ShowOSVersion() {
+  Startup("Startup - Form : Show Windows version");
+  ShowProgress(108);
+  const auto [name, build] = system_.OSVersion();
+  form_.lstMessages.AddItem("*" + std::string(Trimmed(name)));
+  form_.lstMessages.AddItem("*" + std::string(Trimmed(build)) + "*");
+}
+
+// The introduction is heard whether the user is signed in or not.
+void Program::SpeakIntroduction() {
+  ShowProgress(107);
+  if (!form_.chkIntroduce.Ticked()) return;
+  Startup("Startup - Speaking introduction");
+  const bool online = state_.MessengerOnline;
+  state_.MessengerOnline = true;
+  const std::string name = messenger_.MyName();
+  speech_.Speak(form_.txtIntroductionText.Text() + ", " + texts_.LoadText(79) + " " +
+                    std::string(Trimmed(name)),
+                false, kDefaultVoice, false);
+  state_.MessengerOnline = online;
+}
+
+void Program::FinishStart() {
+  Startup("Startup - Form : Modifying tray-icon");
+  ShowProgress(109);
+  window_.RefreshTrayTip();
+  speech_.EnableSilenceHotKey();
+  chkUseMyNamesInsteadOfBuddyNames_Click();
+  ShowProgress(110);
+  status_.StatusForm(false);
+  pointer_.ClearHourglass();
+  if (form_.State() == WindowState::Normal) form_.Show();
+  Startup("Startup - Completed");
+}
+
+void Program::Startup(const std::string& step) { log_.DebugWrite(kProcedure, step); }
+
+void Program::ShowProgress(std::int16_t text) { status_.SetText(texts_.LoadText(text)); }
+
+}  // namespace brenwick

@@ -1,0 +1,63 @@
+// What the program knows about each contact, and the only ways to read and change it.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "forms/frmMain.h"
+#include "language/TextTable.h"
+#include "logging/Logs.h"
+
+namespace brenwick {
+
+struct ContactRecord {
+  std::string Email;            // the sign-in name and key, compared exactly; "" marks a free slot
+  std::string Name;             // the display name that the messenger reported last
+  std::string FriendlyName;     // the user's own name for the contact
+  std::string Gender;           // "M", "F", or "?" while nobody has said
+  std::string Ignore;           // "True", "False", or "", which counts as "False"
+  std::string Status;           // the last state code in decimal digits; "" counts as 11
+  std::string HasFriendlyName;  // "True", "False" or ""
+};
+
+class ContactList {
+ public:
+  ContactList(Logs& log, const frmMain& form, const TextTable& texts)
+      : log_(log), form_(form), texts_(texts) {}
+
+  // Records a contact's new state. The first record that is free or the contact's own takes the
+  // name and the state, but not the address: while a free slot lies before a contact's record, its
+  // news land there, and nobody new is listed. Without such a record a new one is appended; past
+  // 32,767 records that is an overflow.
+  void ListAdd(const std::string& email, const std::string& name, std::int32_t stateCode);
+
+  // Changes one field of the contact by its code: "N" Name, "A" FriendlyName, "G" Gender,
+  // "I" Ignore, "S" Status; "X" empties the record. An unknown contact or code changes nothing.
+  void ListMod(std::string_view code, const std::string& email, const std::string& value);
+
+  // What is shown and said of a contact, by the same codes: words of the interface language for
+  // "G", "I" and "S", the name to say for "A". "Unknown" for "G", "I" and "S" of an address that is
+  // not listed; "" for every other code and for codes that name nothing.
+  std::string GetContactValue(const std::string& email, std::string_view code) const;
+
+  const std::vector<ContactRecord>& Records() const { return records_; }
+
+ private:
+  ContactRecord* Find(const std::string& email);
+  const ContactRecord* Find(const std::string& email) const;
+  static void Change(ContactRecord& record, std::string_view code, const std::string& value);
+  std::string SpokenName(const ContactRecord& record) const;
+  std::string GenderWord(const ContactRecord& record) const;
+  std::string IgnoreWord(const ContactRecord& record) const;
+  std::string StateText(const ContactRecord& record) const;
+
+  Logs& log_;
+  const frmMain& form_;
+  const TextTable& texts_;
+  std::vector<ContactRecord> records_;
+};
+
+}  // namespace brenwick

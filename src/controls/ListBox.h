@@ -1,0 +1,66 @@
+// A list of lines.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "controls/Control.h"
+
+namespace brenwick {
+
+class ListBox : public Control {
+ public:
+  // A sorted list keeps its lines in ascending order, upper and lower case alike.
+  enum class Order { AsAdded, Sorted };
+
+  ListBox(Place place, std::string name, Order order = Order::AsAdded)
+      : Control(place, std::move(name)), order_(order) {}
+
+  int ListCount() const { return static_cast<int>(items_.size()); }
+  const std::vector<std::string>& Items() const { return items_; }
+  // A position that is not in the list gives the empty text.
+  std::string List(int position) const;
+
+  void Clear();
+  void AddItem(std::string line);
+  // Raises kInvalidCall when there is no such line.
+  void RemoveItem(int position);
+  // The position of the line that was added last; −1 when there is none.
+  int NewIndex() const { return new_index_; }
+
+  // The selected line, −1 for none. Setting another line runs Click; a position outside the list
+  // raises kInvalidCall.
+  int ListIndex() const { return list_index_; }
+  void SetListIndex(int position);
+
+  // Where the columns of the lines begin and how far the lines reach, for a view that draws them.
+  const std::vector<int>& TabStops() const { return tab_stops_; }
+  void SetTabStops(std::vector<int> stops) { Update(tab_stops_, std::move(stops)); }
+  int HorizontalExtent() const { return horizontal_extent_; }
+  void SetHorizontalExtent(int pixels) { Update(horizontal_extent_, pixels); }
+
+  void UserSelect(int position);
+  void UserDoubleClick() const;
+  void UserKey(int character) const;
+
+  std::function<void()> Click;
+  std::function<void()> DblClick;
+  std::function<void(int)> KeyPress;
+
+  // For views that show many lines: what happened to them, each before Changed is given.
+  Signal<int> LineAdded;    // its position
+  Signal<int> LineRemoved;  // its former position
+  Signal<> LinesCleared;
+
+ private:
+  Order order_;
+  std::vector<std::string> items_;
+  int list_index_ = -1;
+  int new_index_ = -1;
+  std::vector<int> tab_stops_;
+  int horizontal_extent_ = 0;
+};
+
+}  // namespace brenwick

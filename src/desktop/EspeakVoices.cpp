@@ -1,0 +1,94 @@
+#include "desktop/EspeakVoices.h"
+
+#include <espeak-ng/speak_lib.h>
+
+#include <algorithm>
+#include <cstring>
+#include <set>
+#include <string_view>
+#include <tuple>
+
+#include "base/Text.h"
+
+namespace brenwick {
+namespace {
+
+// The engine lists every voice as male. This variant of each sounds like a woman: its pitch is
+// near 200 Hz where the voice's own is near 100.
+constexpr const char* kFemaleVariant = "+f2";
+
+// "en_GB.UTF-8" becomes "en-gb", the way the engine writes a language's tag.
+std::string LanguageTag(const std::string& locale) {
+  std::string tag = LowerCase(std::string_view(locale).substr(0, locale.find_first_of(".@")));
+  std::replace(tag.begin(), tag.end(), '_', '-');
+  const bool none = tag.empty() || tag == "c" || tag == "posix";
+  return none ? "en-gb" : tag;
+}
+
+std::string_view PrimaryLanguage(std::string_view tag) { return tag.substr(0, tag.find('-')); }
+
+// The lower, the better the language suits the wanted tag.
+int Distance(const EspeakLanguage& language, const std::string& wanted) {
+  constexpr int kSameTag = 0, kWholeLanguage = 1000, kOtherRegion = 2000, kOtherLanguage = 3000;
+  int least = kOtherLanguage;
+  for (const auto& [priority, tag] : language.tags) {
+    if (PrimaryLanguage(tag) != PrimaryLanguage(wanted)) continue;
+    const int kinship = tag == wanted                    ? kSameTag
+                        : tag == PrimaryLanguage(wanted) ? kWholeLanguage
+                                                         : kOtherRegion;
+    least = std::min(least, kinship + priority);
+  }
+  return least;
+}
+
+// The engine writes its list of tags as a priority byte and a text each, and a zero byte at the
+// end.
+std::vector<std::pair<int, std::string>> ReadTags(const char* list) {
+  std::vector<std::pair<int, std::string>> tags;
+  while (list && *list != 0) {
+    tags.emplace_back(*list, list + 1);
+    list += 2 + std::strlen(list + 1);
+  }
+  return tags;
+}
+
+void AppendVoices(std::vector<EspeakVoiceEntry>& voices, const EspeakLanguage& language) {
+  if (language.female) {
+    voices.push_back({language.name + ", female: eSpeak NG", language.identifier});
+    return;
+  }
+  voices.push_back({language.name + ", male: eSpeak NG", language.identifier});
+  voices.push_back({language.name + ", female: eSpeak NG", language.identifier + kFemaleVariant});
+}
+
+}  // namespace
+
+std::vector<EspeakVoiceEntry> ArrangedVoices(std::vector<EspeakLanguage> languages,
+                                             const std::string& locale) {
+  const std::string wanted = LanguageTag(locale);
+  std::sort(languages.begin(), languages.end(), [&](const auto& a, const auto& b) {
+    return std::tuple(Distance(a, wanted), a.name, a.identifier) <
+           std::tuple(Distance(b, wanted), b.name, b.identifier);
+  });
+  std::vector<EspeakVoiceEntry> voices;
+  std::set<std::string> names;
+  for (const EspeakLanguage& language : languages) {
+    if (names.insert(language.name).second) AppendVoices(voices, language);
+  }
+  return voices;
+}
+
+std::vector<EspeakLanguage> InstalledLanguages() {
+  std::vector<EspeakLanguage> languages;
+  constexpr unsigned char kFemale = 2;
+  for (const espeak_VOICE** voice = espeak_ListVoices(nullptr); voice && *voice; ++voice) {
+    const std::string identifier = Repaired((*voice)->identifier);
+    // These belong to another engine. Where its data are missing, choosing one silences this one.
+    if (identifier.starts_with("mb/")) continue;
+    languages.push_back({std::string(Trimmed(Repaired((*voice)->name))), identifier,
+                         ReadTags((*voice)->languages), (*voice)->gender == kFemale});
+  }
+  return languages;
+}
+
+}  // namespace brenwick

@@ -1,0 +1,244 @@
+#include "desktop/IniStore.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <chrono>
+#include <cstdlib>
+#include <cstring>
+#include <utility>
+
+#include "base/Text.h"
+#include "desktop/AtomicFile.h"
+#include "desktop/IniFormat.h"
+#include "desktop/XdgFolders.h"
+
+namespace brenwick {
+namespace {
+
+// Other programs wait while this one changes the file, for as long as the block lasts.
+class FileLock {
+ public:
+  FileLock(FileCalls& calls, const std::string& path) : file_(calls, path, O_RDWR | O_CREAT, 0600) {
+    if (!file_.IsOpen()) return;
+    int result = ::flock(file_.Descriptor(), LOCK_EX);
+    while (result != 0 && errno == EINTR) result = ::flock(file_.Descriptor(), LOCK_EX);
+    held_ = result == 0;
+  }
+  bool IsHeld() const { return held_; }
+
+ private:
+  OpenFile file_;
+  bool held_ = false;
+};
+
+std::string TwoDigits(unsigned number) { return (number < 10 ? "0" : "") + std::to_string(number); }
+
+std::string DateForName(LocalTime time) {
+  const std::chrono::year_month_day date(std::chrono::floor<std::chrono::days>(time));
+  return std::to_string(static_cast<int>(date.year())) + "-" +
+         TwoDigits(static_cast<unsigned>(date.month())) + "-" +
+         TwoDigits(static_cast<unsigned>(date.day()));
+}
+
+RegistryValue RepairedValue(const RegistryValue& value) {
+  const bool text =
+      value.type == REG_SZ || value.type == REG_EXPAND_SZ || value.type == REG_MULTI_SZ;
+  return {value.type, text ? Repaired(value.text) : value.text, value.number};
+}
+
+}  // namespace
+
+std::string DefaultStoreFile() { return XdgConfigHome() + "/brenwick/store.ini"; }
+
+// The links on the way are followed once, so that backup and lock lie beside the file itself.
+IniStore::IniStore(const std::string& file, Clock& clock, Tell tell, FileCalls& calls)
+    : file_(ResolvedPath(file)), clock_(clock), tell_(std::move(tell)), calls_(calls) {
+  Start();
+  data_ = stored_;
+  TellUser();
+}
+
+bool IniStore::KeyExists(const std::string& key) {
+  Refresh();
+  return data_.HasKey(Repaired(key));
+}
+
+bool IniStore::CreateKey(const std::string& key) {
+  return Apply([key = Repaired(key)](IniData& data) { return data.CreateKey(key); });
+}
+
+bool IniStore::DeleteKey(const std::string& key) {
+  return Apply([key = Repaired(key)](IniData& data) { return data.DeleteKey(key); });
+}
+
+std::optional<RegistryValue> IniStore::ReadValue(const std::string& key, const std::string& name) {
+  Refresh();
+  return data_.Find(Repaired(key), Repaired(name));
+}
+
+bool IniStore::WriteValue(const std::string& key, const std::string& name,
+                          const RegistryValue& value) {
+  return Apply([key = Repaired(key), name = Repaired(name), value = RepairedValue(value)](
+                   IniData& data) { return data.Write(key, name, value); });
+}
+
+bool IniStore::DeleteValue(const std::string& key, const std::string& name) {
+  return Apply([key = Repaired(key), name = Repaired(name)](IniData& data) {
+    return data.Erase(key, name);
+  });
+}
+
+std::vector<std::string> IniStore::ValueNames(const std::string& key) {
+  Refresh();
+  return data_.ValueNames(Repaired(key));
+}
+
+std::vector<std::string> IniStore::SubKeys(const std::string& key) {
+  Refresh();
+  return data_.SubKeys(Repaired(key));
+}
+
+std::string IniStore::ExpandEnvironment(const std::string& text) {
+  std::string expanded;
+  std::size_t done = 0;
+  std::size_t start = text.find('%');
+  while (start != std::string::npos) {
+    const std::size_t end = text.find('%', start + 1);
+    if (end == std::string::npos) break;
+    const std::string name = text.substr(start + 1, end - start - 1);
+    const char* const value = std::getenv(name.c_str());
+    if (value == nullptr) {
+      // The sign at the end of an unknown name may begin a known one.
+      start = end;
+      continue;
+    }
+    expanded += text.substr(done, start - done) + Repaired(value);
+    done = end + 1;
+    start = text.find('%', done);
+  }
+  return expanded + text.substr(done);
+}
+
+void IniStore::Hold() {
+  Refresh();
+  ++holds_;
+}
+
+bool IniStore::Flush() {
+  if (holds_ == 0 || --holds_ > 0) return true;
+  return Store();
+}
+
+void IniStore::Start() {
+  IniLook look = LookAtIni(calls_, file_);
+  seen_ = look.identity;
+  if (look.data) {
+    stored_ = std::move(*look.data);
+  } else if (look.error == 0) {
+    stored_ = BackupOfIni(calls_, file_).value_or(IniData());
+    if (!StoreLocked({})) ReportDamage();
+  } else {
+    LoadLocked();
+  }
+}
+
+// What others made of the file counts where it can be read; a damaged one waits for the next
+// change.
+void IniStore::Refresh() {
+  if (holds_ > 0 || IdentityOf(file_) == seen_) return;
+  IniLook look = LookAtIni(calls_, file_);
+  seen_ = look.identity;
+  if (!look.data) return;
+  stored_ = std::move(*look.data);
+  data_ = stored_;
+}
+
+bool IniStore::Apply(Change change) {
+  Refresh();
+  if (!change(data_)) return false;
+  if (holds_ == 0 && data_ == stored_) return true;
+  changes_.push_back(std::move(change));
+  return holds_ > 0 || Store();
+}
+
+bool IniStore::Store() {
+  const std::vector<Change> changes = std::exchange(changes_, {});
+  if (changes.empty()) return true;
+  const bool stored = StoreLocked(changes);
+  data_ = stored_;
+  TellUser();
+  return stored;
+}
+
+bool IniStore::StoreLocked(const std::vector<Change>& changes) {
+  if (MakeFolders(calls_, FolderOf(file_)) != 0) return false;
+  const FileLock lock(calls_, file_ + ".lock");
+  if (!lock.IsHeld() || !LoadLocked()) return false;
+  IniData next = stored_;
+  for (const Change& change : changes) change(next);
+  if (next == stored_) return true;
+  if (AtomicFile(file_, calls_).ReplaceKeepingBackup(ToIni(next)) != 0) return false;
+  stored_ = std::move(next);
+  seen_ = IdentityOf(file_);
+  return true;
+}
+
+// True when the store holds what the file holds, and the file may be replaced.
+bool IniStore::LoadLocked() {
+  IniLook look = LookAtIni(calls_, file_);
+  seen_ = look.identity;
+  if (look.error != 0) {
+    ReportFailure("The settings file " + file_ + " cannot be read (" + std::strerror(look.error) +
+                  "). Changed settings are not stored.");
+    return false;
+  }
+  if (!look.data) return SetAside(look.bytes);
+  stored_ = std::move(*look.data);
+  return true;
+}
+
+// Copies the file and replaces it, rather than renaming it, so that there is a file at every
+// moment.
+bool IniStore::SetAside(const std::string& damaged) {
+  const std::string kept = NameForDamaged();
+  if (AtomicFile(kept, calls_).Replace(damaged) != 0 ||
+      AtomicFile(file_, calls_).Replace(ToIni(stored_)) != 0) {
+    calls_.Unlink(kept);
+    ReportDamage();
+    return false;
+  }
+  seen_ = IdentityOf(file_);
+  messages_.push_back("The settings file " + file_ + " is damaged. It was kept as " + kept + ". " +
+                      (stored_ == IniData() ? "There is no backup: all settings start afresh."
+                                            : "The last whole version of it is used."));
+  return true;
+}
+
+std::string IniStore::NameForDamaged() const {
+  const std::string name = file_ + ".damaged-" + DateForName(clock_.Now());
+  std::string free = name;
+  struct stat status {};
+  for (int number = 2; ::lstat(free.c_str(), &status) == 0; ++number) {
+    free = name + "-" + std::to_string(number);
+  }
+  return free;
+}
+
+void IniStore::ReportFailure(const std::string& message) {
+  if (std::exchange(reported_failure_, true)) return;
+  messages_.push_back(message);
+}
+
+void IniStore::ReportDamage() {
+  ReportFailure("The settings file " + file_ +
+                " is damaged and cannot be replaced. Changed settings are not stored.");
+}
+
+void IniStore::TellUser() {
+  for (const std::string& message : std::exchange(messages_, {})) tell_(message);
+}
+
+}  // namespace brenwick

@@ -1,0 +1,83 @@
+// The settings store in one file that a person can read (IniFormat.h).
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "desktop/FileCalls.h"
+#include "desktop/IniData.h"
+#include "desktop/IniFile.h"
+#include "platform/Clock.h"
+#include "platform/RegistryStore.h"
+
+namespace brenwick {
+
+// brenwick/store.ini among the user's settings.
+std::string DefaultStoreFile();
+
+// Each change is on the disk when its call returns; the version before it is in the file's name +
+// ".bak". A change that changes nothing leaves the file alone. Keys, names and texts are repaired
+// to valid UTF-8 on their way in.
+//
+// Other programs may use the same file: a change waits for their lock (the file's name + ".lock"),
+// reads what they wrote, and keeps it. Reads see what they wrote as well, except within a Hold.
+//
+// A file that is damaged (it does not parse, or it is empty beside a backup that is not) is never
+// lost. It is copied to the file's name + ".damaged-YYYY-MM-DD", and the last whole version takes
+// its place: what this store holds already, at the start the backup, without one an empty store. A
+// file that cannot be read is no damaged one: it stays, and no change is stored while it is so.
+class IniStore : public RegistryStore {
+ public:
+  // Tells the user, in English, that the file is damaged or cannot be read; once for each file set
+  // aside, once for all that could not be. It is called within the constructor or a changing call,
+  // with no lock held, and must not throw.
+  using Tell = std::function<void(const std::string& message)>;
+
+  // Neither file nor folder need exist; the first change makes them.
+  IniStore(const std::string& file, Clock& clock, Tell tell, FileCalls& calls = SystemCalls());
+
+  bool KeyExists(const std::string& key) override;
+  bool CreateKey(const std::string& key) override;
+  bool DeleteKey(const std::string& key) override;
+  std::optional<RegistryValue> ReadValue(const std::string& key, const std::string& name) override;
+  bool WriteValue(const std::string& key, const std::string& name,
+                  const RegistryValue& value) override;
+  bool DeleteValue(const std::string& key, const std::string& name) override;
+  std::vector<std::string> ValueNames(const std::string& key) override;
+  std::vector<std::string> SubKeys(const std::string& key) override;
+  std::string ExpandEnvironment(const std::string& text) override;
+  void Hold() override;
+  bool Flush() override;
+
+ private:
+  // False: it is impossible, and has changed nothing.
+  using Change = std::function<bool(IniData&)>;
+
+  void Start();
+  void Refresh();
+  bool Apply(Change change);
+  bool Store();
+  bool StoreLocked(const std::vector<Change>& changes);
+  bool LoadLocked();
+  bool SetAside(const std::string& damaged);
+  std::string NameForDamaged() const;
+  void ReportFailure(const std::string& message);
+  void ReportDamage();
+  void TellUser();
+
+  std::string file_;
+  Clock& clock_;
+  Tell tell_;
+  FileCalls& calls_;
+  FileIdentity seen_;  // the file when it was last looked at
+  IniData stored_;     // what it held then
+  IniData data_;       // the same with the changes of the present Hold
+  std::vector<Change> changes_;
+  int holds_ = 0;
+  std::vector<std::string> messages_;
+  bool reported_failure_ = false;
+};
+
+}  // namespace brenwick

@@ -1,0 +1,47 @@
+// The folders and files of a POSIX system.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "desktop/FileCalls.h"
+#include "platform/Folders.h"
+
+namespace brenwick {
+
+struct FolderPaths {
+  std::string documents_folder;
+  std::string program_folder;
+  std::string program_file;
+};
+
+class PosixFolders : public Folders {
+ public:
+  explicit PosixFolders(FolderPaths paths, FileCalls& calls = SystemCalls());
+
+  std::string DocumentsFolder() override;
+  std::string ProgramFolder() override { return paths_.program_folder; }
+  std::string ProgramFile() override { return paths_.program_file; }
+  char Separator() const override { return '/'; }
+
+  bool FileExists(const std::string& path) override;
+  bool FolderExists(const std::string& path) override;
+  void CreateFolder(const std::string& path) override;
+  // A file whose name is no valid UTF-8 has no name inside the program and is left out.
+  std::vector<std::string> FileNames(const std::string& folder) override;
+
+  std::string Read(const std::string& path) override;
+  void Append(const std::string& path, std::string_view bytes) override;
+  void Replace(const std::string& path, std::string_view bytes) override;
+  void Delete(const std::string& path) override;
+
+ private:
+  // Raises the failure that an errno stands for; 0 is none.
+  void Raise(int error, const std::string& path);
+
+  FolderPaths paths_;
+  FileCalls& calls_;
+};
+
+}  // namespace brenwick

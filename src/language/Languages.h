@@ -1,0 +1,63 @@
+// The installed languages: finding them, and loading the texts of one.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "base/ProgramState.h"
+#include "forms/StatusWindow.h"
+#include "forms/frmMain.h"
+#include "language/TextTable.h"
+#include "logging/Logs.h"
+#include "platform/Folders.h"
+#include "platform/Screen.h"
+#include "platform/System.h"
+
+namespace brenwick {
+
+class Languages {
+ public:
+  Languages(Logs& log, const ProgramState& state, frmMain& form, TextTable& texts,
+            StatusWindow& status, cMousePointer& pointer, Folders& folders, Screen& screen,
+            System& system)
+      : log_(log),
+        state_(state),
+        form_(form),
+        texts_(texts),
+        status_(status),
+        pointer_(pointer),
+        folders_(folders),
+        screen_(screen),
+        system_(system) {}
+
+  // Lists the languages of the program folder, selects the stored one ("English" when none is
+  // stored; the first when it is not installed), and loads it. Without any language the program
+  // tells the user and ends.
+  void LanguageRead();
+
+  // Loads the texts of the language chosen in the list. quiet: only the status window's text is
+  // set, and the window stays. A missing file ends in the error report; a damaged one is told to
+  // the user and ends the program, outside the developers' environment.
+  void ReadLanguage(bool quiet);
+
+ private:
+  void ListSources();
+  void ListInstalled();
+  void SelectStored();
+  std::string ChosenName() const;
+  void Load(const std::string& path);
+  void TellDamaged();
+  std::string Folder(const char* name) const;
+
+  Logs& log_;
+  const ProgramState& state_;
+  frmMain& form_;
+  TextTable& texts_;
+  StatusWindow& status_;
+  cMousePointer& pointer_;
+  Folders& folders_;
+  Screen& screen_;
+  System& system_;
+};
+
+}  // namespace brenwick

@@ -1,0 +1,17 @@
+#include "language/TextTable.h"
+
+namespace brenwick {
+
+std::string TextTable::LoadText(std::int16_t id) const {
+  return log_.Trap("modFunctions", "LoadText", [&] {
+    if (id < 0 || entries_.empty()) throw Failure(kSubscript);
+    const auto place = static_cast<std::size_t>(id);
+    if (place >= entries_.size()) {
+      throw Failure(65535, "Language string " + std::to_string(id) + " is not found...",
+                    "LoadText");
+    }
+    return entries_[place];
+  });
+}
+
+}  // namespace brenwick

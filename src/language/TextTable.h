@@ -1,0 +1,28 @@
+// The user-interface texts, by number, in one language.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "logging/Logs.h"
+
+namespace brenwick {
+
+class TextTable {
+ public:
+  explicit TextTable(Logs& log) : log_(log) {}
+
+  // The text with that id. Id 0 and the highest index give an empty text. An id beyond the table
+  // (number 65535), a negative one, and any id before a table was loaded end in the error report.
+  std::string LoadText(std::int16_t id) const;
+
+  // Puts another table in the place of this one: entry i is the text with id i.
+  void Replace(std::vector<std::string> entries) { entries_ = std::move(entries); }
+
+ private:
+  Logs& log_;
+  std::vector<std::string> entries_;
+};
+
+}  // namespace brenwick

@@ -1,0 +1,129 @@
+#include "messenger/ContactStates.h"
+
+#include "base/Numbers.h"
+#include "base/Text.h"
+#include "messenger/StateTable.h"
+
+namespace brenwick {
+namespace {
+
+constexpr const char* kModule = "frmMain";
+constexpr int kOnlineCode = 10;
+
+}  // namespace
+
+ContactStates::ContactStates(Logs& log, ProgramState& state, frmMain& form, const TextTable& texts,
+                             ContactList& contacts, const SpokenName& name,
+                             const Abbreviations& abbreviations, Speech& speech)
+    : log_(log),
+      state_(state),
+      form_(form),
+      texts_(texts),
+      contacts_(contacts),
+      name_(name),
+      abbreviations_(abbreviations),
+      speech_(speech) {
+  form_.tmrSayStateAgain.Tick = [this] { tmrSayStateAgain_Timer(); };
+}
+
+void ContactStates::oMessenger_OnUserStateChanged(const MessengerContact& user,
+                                                  std::int32_t state) {
+  log_.Trap(kModule, "oMessenger_OnUserStateChanged", [&] {
+    log_.DebugWrite("MessengerObject", "UserStateChanged");
+    const StateRow& row = FindState(state);
+    log_.DebugWrite("UserStateChanged",
+                    user.FriendlyName + " (" + user.SigninName + ") " + row.name);
+    const std::string phrase = row.phrase(texts_, form_);
+    contacts_.ListAdd(user.SigninName, user.FriendlyName, row.code);
+    if (!row.announced) return;
+    if (form_.chkNotifyUserState.Ticked() &&
+        contacts_.GetContactValue(user.SigninName, "I") != "True") {
+      Announce(user, phrase);
+    } else {
+      log_.DebugWrite("UserStateChanged", "Userstate changes are NOT spoken");
+    }
+  });
+}
+
+void ContactStates::Announce(const MessengerContact& user, const std::string& phrase) {
+  log_.DebugWrite("UserStateChanged", "Statemessage spoken");
+  const std::string name = name_.Calmed(user);
+  log_.DebugWrite("UserStateChanged", "Speaking change of " + name);
+  log_.DebugWrite("TextReceived", "Replace abbreviations from TXT file");
+  Say(name + " " + phrase, false);
+}
+
+void ContactStates::oMessenger_OnLocalStateChangeResult(std::int32_t state) {
+  log_.Trap(kModule, "oMessenger_OnLocalStateChangeResult", [&] {
+    log_.DebugWrite("MessengerObject", "OnLocalStateChangeResult");
+    state_.MessengerOnline = false;
+    state_.MessengerOnline = DetermineState(log_, state);
+    const std::string announcement = DescribeOwnState(state);
+    if (ShowTitle) ShowTitle(texts_.LoadText(state_.MessengerOnline ? 1 : 2) + kTitle);
+    // From here on sentences queue, whatever "Finish sentence" says.
+    speech_.SetSpeakFlags(SVSFlagsAsync + SVSFIsXML);
+    AnnounceOwnState(announcement);
+  });
+}
+
+std::string ContactStates::DescribeOwnState(std::int32_t state) {
+  if (!state_.MessengerOnline) {
+    log_.DebugWrite("MessengerObject", "OnLocalStateChangeResult - OffLine");
+    return texts_.LoadText(57);
+  }
+  if (state == MSTATE_INVISIBLE) {
+    log_.DebugWrite("MessengerObject", "OnLocalStateChangeResult - OnLine but invisible");
+    return texts_.LoadText(174);
+  }
+  log_.DebugWrite("MessengerObject", "OnLocalStateChangeResult - OnLine");
+  return texts_.LoadText(56);
+}
+
+void ContactStates::AnnounceOwnState(std::string announcement) {
+  if (announcement.empty()) return;
+  if (announcement != last_own_announcement_) Say(announcement, true);
+  last_own_announcement_ = std::move(announcement);
+}
+
+void ContactStates::SayStateAgain() {
+  IgnoringFailures([&] {
+    if (!state_.MessengerOnline) {
+      speech_.Speak(texts_.LoadText(57), true, kDefaultVoice, false);
+      return;
+    }
+    if (SayWhoIsOnline()) return;
+    speech_.Speak(texts_.LoadText(171) + " " + std::string(Trimmed(form_.txtOnline.Text())), true,
+                  kDefaultVoice, false);
+  });
+}
+
+// True when a contact was said.
+bool ContactStates::SayWhoIsOnline() {
+  bool said = false;
+  for (const ContactRecord& record : contacts_.Records()) {
+    IgnoringFailures([&] {
+      if (record.Status.empty() || LeadingInteger16(record.Status) != kOnlineCode) return;
+      Say(name_.Calmed({record.Email, record.Name}) + " " +
+              contacts_.GetContactValue(record.Email, "S"),
+          true);
+      said = true;
+    });
+  }
+  return said;
+}
+
+void ContactStates::tmrSayStateAgain_Timer() {
+  log_.Trap(kModule, "tmrSayStateAgain_Timer", [&] {
+    ++ticks_;
+    if (ticks_ <= 2) return;
+    form_.tmrSayStateAgain.SetEnabled(false);
+    ticks_ = 0;
+  });
+}
+
+void ContactStates::Say(std::string sentence, bool mustSpeak) {
+  abbreviations_.ReplaceEmoticons(sentence);
+  speech_.Speak(std::move(sentence), mustSpeak, kDefaultVoice, false);
+}
+
+}  // namespace brenwick

@@ -1,0 +1,61 @@
+// Contacts coming and going, and the user's own sign-in and sign-out.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+#include "base/ProgramState.h"
+#include "contacts/ContactList.h"
+#include "forms/frmMain.h"
+#include "language/TextTable.h"
+#include "logging/Logs.h"
+#include "messenger/SpokenName.h"
+#include "platform/MessengerClient.h"
+#include "speech/Abbreviations.h"
+#include "speech/Speech.h"
+
+namespace brenwick {
+
+class ContactStates {
+ public:
+  ContactStates(Logs& log, ProgramState& state, frmMain& form, const TextTable& texts,
+                ContactList& contacts, const SpokenName& name, const Abbreviations& abbreviations,
+                Speech& speech);
+
+  // Records a contact's new state and, where the user wants it, says it in the default voice.
+  void oMessenger_OnUserStateChanged(const MessengerContact& user, std::int32_t state);
+
+  // Keeps ProgramState::MessengerOnline, shows the state in the title, and announces it once, even
+  // while mute is on.
+  void oMessenger_OnLocalStateChangeResult(std::int32_t state);
+
+  // Says again which contacts are online, or that none is.
+  void SayStateAgain();
+  // The ticks since tmrSayStateAgain was started.
+  std::int16_t SayStateAgainTicks() const { return ticks_; }
+
+  // Shows a title in the caption of the main window and in the tip of the tray icon.
+  std::function<void(const std::string&)> ShowTitle;
+
+ private:
+  void Announce(const MessengerContact& user, const std::string& phrase);
+  std::string DescribeOwnState(std::int32_t state);
+  void AnnounceOwnState(std::string announcement);
+  bool SayWhoIsOnline();
+  void tmrSayStateAgain_Timer();
+  void Say(std::string sentence, bool mustSpeak);
+
+  Logs& log_;
+  ProgramState& state_;
+  frmMain& form_;
+  const TextTable& texts_;
+  ContactList& contacts_;
+  const SpokenName& name_;
+  const Abbreviations& abbreviations_;
+  Speech& speech_;
+  std::string last_own_announcement_;
+  std::int16_t ticks_ = 0;
+};
+
+}  // namespace brenwick

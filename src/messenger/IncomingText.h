@@ -1,0 +1,61 @@
+// Instant messages and the mail service's notices: whether and how they are read aloud.
+#pragma once
+
+#include <string>
+
+#include "contacts/ContactList.h"
+#include "forms/frmMain.h"
+#include "language/TextTable.h"
+#include "logging/Logs.h"
+#include "messenger/SpokenName.h"
+#include "platform/MessengerClient.h"
+#include "speech/Abbreviations.h"
+#include "speech/Speech.h"
+#include "speech/TextCleanUp.h"
+
+namespace brenwick {
+
+class IncomingText {
+ public:
+  IncomingText(Logs& log, const frmMain& form, const TextTable& texts, ContactList& contacts,
+               const SpokenName& name, const TextCleanUp& cleanUp,
+               const Abbreviations& abbreviations, Speech& speech)
+      : log_(log),
+        form_(form),
+        texts_(texts),
+        contacts_(contacts),
+        name_(name),
+        clean_up_(cleanUp),
+        abbreviations_(abbreviations),
+        speech_(speech) {}
+
+  // Speaks at most once. Empty texts and those that begin with a carriage return are logged only;
+  // ignored contacts are never spoken; a message that begins with "/talk" is spoken even through
+  // mute and only-state mode.
+  void oMessenger_OnTextReceived(const MessengerContact& sender, const std::string& header,
+                                 const std::string& text);
+
+ private:
+  void Handle(const MessengerContact& sender, const std::string& header, const std::string& text);
+  bool MayBeSpoken(const MessengerContact& sender, const std::string& text);
+  bool IsMailNotice(const MessengerContact& sender, const std::string& text);
+  void AnnounceMail(const std::string& text);
+  void AnnounceInbox(const std::string& text);
+  void AnnounceNewMail(const std::string& text);
+  bool MailIsAnnounced();
+  void SpeakMessage(const MessengerContact& sender, const std::string& text,
+                    const std::string& voice);
+  std::string NamePart(const MessengerContact& sender);
+  void Log(const std::string& text) { log_.DebugWrite("TextReceived", text); }
+
+  Logs& log_;
+  const frmMain& form_;
+  const TextTable& texts_;
+  ContactList& contacts_;
+  const SpokenName& name_;
+  const TextCleanUp& clean_up_;
+  const Abbreviations& abbreviations_;
+  Speech& speech_;
+};
+
+}  // namespace brenwick

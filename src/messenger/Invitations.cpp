@@ -1,0 +1,45 @@
+#include "messenger/Invitations.h"
+
+namespace brenwick {
+namespace {
+
+constexpr const char* kModule = "frmMain";
+
+}  // namespace
+
+void Invitations::oMessenger_OnAppInviteReceived(const MessengerContact& contact,
+                                                 const std::string& appName) {
+  log_.Trap(kModule, "oMessenger_OnAppInviteReceived", [&] { Announce(contact, 82, appName); });
+}
+
+void Invitations::oMessenger_OnFileTransferInviteReceived(const MessengerContact& contact,
+                                                          const std::string& fileName) {
+  log_.Trap(kModule, "oMessenger_OnFileTransferInviteReceived", [&] {
+    log_.DebugWrite("MessengerObject", "FileTransferInviteReceived");
+    Announce(contact, 78, fileName);
+  });
+}
+
+void Invitations::Announce(const MessengerContact& contact, std::int16_t text,
+                           const std::string& what) {
+  contacts_.ListMod("N", contact.SigninName, contact.FriendlyName);
+  std::string sentence = name_.Of(contact) + " " + texts_.LoadText(text) + " " + what;
+  abbreviations_.ReplaceEmoticons(sentence);
+  speech_.Speak(std::move(sentence), false, kDefaultVoice, false);
+}
+
+void Invitations::oMessenger_OnNewerClientAvailable(const std::string& downloadAddress) {
+  log_.Trap(kModule, "oMessenger_OnNewerClientAvailable", [&] {
+    if (!form_.chkNewVersionMessenger.Ticked()) return;
+    log_.DebugWrite("MessengerObject", "OnNewerClientAvailable");
+    speech_.Speak(texts_.LoadText(106), true, kDefaultVoice, false);
+    status_.StatusForm(false);
+    const std::string question =
+        texts_.LoadText(106) + "\r\n\r\n" + texts_.LoadText(111) + downloadAddress;
+    const BoxAnswer answer =
+        screen_.MessageBox(question, kTitle, BoxIcon::Information, BoxButtons::YesNo);
+    if (answer == BoxAnswer::Yes) screen_.Open(downloadAddress);
+  });
+}
+
+}  // namespace brenwick

@@ -1,0 +1,57 @@
+// Invitations from contacts, and the notice that a newer messenger client exists.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "contacts/ContactList.h"
+#include "forms/StatusWindow.h"
+#include "forms/frmMain.h"
+#include "language/TextTable.h"
+#include "logging/Logs.h"
+#include "messenger/SpokenName.h"
+#include "platform/MessengerClient.h"
+#include "platform/Screen.h"
+#include "speech/Abbreviations.h"
+#include "speech/Speech.h"
+
+namespace brenwick {
+
+class Invitations {
+ public:
+  Invitations(Logs& log, const frmMain& form, const TextTable& texts, ContactList& contacts,
+              const SpokenName& name, const Abbreviations& abbreviations, Speech& speech,
+              StatusWindow& status, Screen& screen)
+      : log_(log),
+        form_(form),
+        texts_(texts),
+        contacts_(contacts),
+        name_(name),
+        abbreviations_(abbreviations),
+        speech_(speech),
+        status_(status),
+        screen_(screen) {}
+
+  // Invitations are announced in the default voice, those of ignored contacts too.
+  void oMessenger_OnAppInviteReceived(const MessengerContact& contact, const std::string& appName);
+  void oMessenger_OnFileTransferInviteReceived(const MessengerContact& contact,
+                                               const std::string& fileName);
+
+  // Says and offers the download while the user wants to hear of newer clients.
+  void oMessenger_OnNewerClientAvailable(const std::string& downloadAddress);
+
+ private:
+  void Announce(const MessengerContact& contact, std::int16_t text, const std::string& what);
+
+  Logs& log_;
+  const frmMain& form_;
+  const TextTable& texts_;
+  ContactList& contacts_;
+  const SpokenName& name_;
+  const Abbreviations& abbreviations_;
+  Speech& speech_;
+  StatusWindow& status_;
+  Screen& screen_;
+};
+
+}  // namespace brenwick

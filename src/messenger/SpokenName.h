@@ -1,0 +1,34 @@
+// The name by which a contact is called.
+#pragma once
+
+#include <string>
+
+#include "contacts/ContactList.h"
+#include "forms/frmMain.h"
+#include "platform/MessengerClient.h"
+#include "speech/TextCleanUp.h"
+
+namespace brenwick {
+
+class SpokenName {
+ public:
+  SpokenName(const frmMain& form, const ContactList& contacts, const TextCleanUp& cleanUp)
+      : form_(form), contacts_(contacts), clean_up_(cleanUp) {}
+
+  // The user's own name for a listed contact while "Use my own names" is on, else the display name
+  // or, with "Only say users firstname", what stands before its first space; run-together capitals
+  // split, with the leading space that this brings.
+  std::string Of(const MessengerContact& contact) const;
+
+  // The same with a shouted name in proper case, as state announcements say it.
+  std::string Calmed(const MessengerContact& contact) const;
+
+ private:
+  std::string Choose(const MessengerContact& contact) const;
+
+  const frmMain& form_;
+  const ContactList& contacts_;
+  const TextCleanUp& clean_up_;
+};
+
+}  // namespace brenwick

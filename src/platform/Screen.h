@@ -1,0 +1,48 @@
+// What the program does to the screen beyond its own windows.
+#pragma once
+
+#include <string>
+
+namespace brenwick {
+
+enum class BoxIcon { Critical, Question, Exclamation, Information };
+enum class BoxButtons { Ok, YesNo };
+enum class BoxAnswer { Ok, Yes, No };
+
+enum class Pointer { Default = 0, Hourglass = 11 };
+
+struct Font {
+  std::string name = "MS Sans Serif";
+  float size = 8;  // points
+  bool bold = false;
+  bool italic = false;
+  bool strikethrough = false;
+  bool underline = false;
+  bool operator==(const Font&) const = default;
+};
+
+class Screen {
+ public:
+  Screen() = default;
+  Screen(const Screen&) = delete;
+  Screen& operator=(const Screen&) = delete;
+  virtual ~Screen() = default;
+
+  // Shows a modal message box and returns when the user has answered it; events may be handled
+  // meanwhile. Closing a YesNo box counts as No.
+  virtual BoxAnswer MessageBox(const std::string& text, const std::string& title, BoxIcon icon,
+                               BoxButtons buttons) = 0;
+  virtual void Beep() = 0;
+  virtual void SetPointer(Pointer pointer) = 0;
+  // Sends a key, written like "{BACKSPACE}", to the control that has the focus. It arrives after
+  // the handler that sent it has returned.
+  virtual void SendKeys(const std::string& keys) = 0;
+  // Opens an address with the user's own program for it; whether that worked is not told.
+  virtual void Open(const std::string& address) = 0;
+
+  // The width of a text in a font, in twips.
+  virtual float TextWidth(const std::string& text, const Font& font) = 0;
+  virtual float TwipsPerPixelX() = 0;
+};
+
+}  // namespace brenwick

@@ -1,0 +1,83 @@
+// The verb "world": what the program meets outside.
+#include "rehearsal/Rehearsal.h"
+
+namespace brenwick {
+namespace {
+
+std::pair<std::string, std::string> TwoLines(const nlohmann::json& world) {
+  const std::vector<std::string> lines = TextsOf(world, "os");
+  if (lines.size() != 2) throw ScriptFailure("\"os\" must be two lines");
+  return {lines[0], lines[1]};
+}
+
+std::set<std::string> RefusedCalls(const nlohmann::json& world) {
+  const std::vector<std::string> calls = TextsOf(world, "refuse");
+  for (const std::string& call : calls) {
+    if (call != "rate" && call != "volume" && call != "voice" && call != "speak") {
+      throw ScriptFailure("unknown engine call \"" + call + "\"");
+    }
+  }
+  return {calls.begin(), calls.end()};
+}
+
+std::deque<std::string> Answers(const nlohmann::json& world) {
+  const std::vector<std::string> answers = TextsOf(world, "answers");
+  for (const std::string& answer : answers) {
+    if (answer != "Yes" && answer != "No" && answer != "OK") {
+      throw ScriptFailure("unknown answer \"" + answer + "\"");
+    }
+  }
+  return {answers.begin(), answers.end()};
+}
+
+}  // namespace
+
+void Rehearsal::SetWorld(const Step& step) {
+  const nlohmann::json& world = step.object.at("world");
+  if (!world.is_object()) throw ScriptFailure("\"world\" must be an object");
+  for (const auto& [member, value] : world.items()) SetWorldMember(world, member.c_str());
+}
+
+void Rehearsal::SetWorldMember(const nlohmann::json& world, const char* member) {
+  const std::string name = member;
+  if (name == "now") {
+    if (!ParseMoment(TextOf(world, member), parts_.clock.now)) {
+      throw ScriptFailure(R"("now" must look like "2004-01-10T12:00:00")");
+    }
+  } else if (name == "voices") {
+    scripted_voice_.SetVoices(TextsOf(world, member));
+  } else if (name == "myStatus") {
+    messenger_.status = NumberOf(world, member);
+  } else if (name == "myName") {
+    messenger_.name = TextOf(world, member);
+  } else if (name == "development") {
+    system_.development = FlagOf(world, member);
+  } else if (name == "previousInstance") {
+    system_.previous_instance = FlagOf(world, member);
+  } else if (name == "answers") {
+    screen_.answers = Answers(world);
+  } else if (name == "os") {
+    system_.os = TwoLines(world);
+  } else if (name == "refuse") {
+    scripted_voice_.Refuse(RefusedCalls(world));
+  } else if (name == "web") {
+    SetWeb(world);
+  } else {
+    throw ScriptFailure("\"world\" does not have \"" + name + "\"");
+  }
+}
+
+void Rehearsal::SetWeb(const nlohmann::json& world) {
+  const nlohmann::json& web = world.at("web");
+  if (web.is_object()) {
+    socket_.web = {ScriptedWeb::Kind::Reply, TextOf(web, "reply"), NumberOf(web, "afterSteps", 1)};
+  } else if (web == "error") {
+    socket_.web = {ScriptedWeb::Kind::Error, "", 1};
+  } else if (web == "silent") {
+    socket_.web = {};
+  } else {
+    throw ScriptFailure(R"("web" must be "error", "silent" or {"reply":text,"afterSteps":number})");
+  }
+}
+
+}  // namespace brenwick

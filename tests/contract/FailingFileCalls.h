@@ -1,0 +1,79 @@
+// The system's file calls with one that goes wrong.
+#pragma once
+
+#include <unistd.h>
+
+#include <cerrno>
+#include <string>
+
+#include "desktop/FileCalls.h"
+
+namespace brenwick {
+
+// Counts the calls; `error` is what number `failing` (from 1) fails with. Where `dies` is set, the
+// process ends there instead, as a crash would end it.
+class FailingFileCalls : public FileCalls {
+ public:
+  int failing = 0;
+  int error = EIO;
+  bool dies = false;
+  // Calls of these names fail whenever they come: "Link", "Fsync", …
+  std::string always;
+  // The most bytes that one Write takes; 0 is no limit.
+  std::size_t short_write = 0;
+
+  int Count() const { return count_; }
+  // The name of the call that failed; empty when none did.
+  const std::string& Failed() const { return failed_; }
+
+  int Open(const std::string& path, int flags, mode_t mode) override {
+    return Fails("Open") ? -1 : FileCalls::Open(path, flags, mode);
+  }
+  ssize_t Read(int descriptor, void* bytes, std::size_t count) override {
+    return Fails("Read") ? -1 : FileCalls::Read(descriptor, bytes, count);
+  }
+  ssize_t Write(int descriptor, const void* bytes, std::size_t count) override {
+    if (Fails("Write")) return -1;
+    const bool cut = short_write != 0 && short_write < count;
+    return FileCalls::Write(descriptor, bytes, cut ? short_write : count);
+  }
+  int Fchmod(int descriptor, mode_t mode) override {
+    return Fails("Fchmod") ? -1 : FileCalls::Fchmod(descriptor, mode);
+  }
+  int Fsync(int descriptor) override { return Fails("Fsync") ? -1 : FileCalls::Fsync(descriptor); }
+  int Close(int descriptor) override {
+    const bool fails = Fails("Close");
+    const int failure = errno;
+    const int result = FileCalls::Close(descriptor);
+    if (!fails) return result;
+    errno = failure;
+    return -1;
+  }
+  int Link(const std::string& path, const std::string& new_path) override {
+    return Fails("Link") ? -1 : FileCalls::Link(path, new_path);
+  }
+  int Rename(const std::string& path, const std::string& new_path) override {
+    return Fails("Rename") ? -1 : FileCalls::Rename(path, new_path);
+  }
+  int Unlink(const std::string& path) override {
+    return Fails("Unlink") ? -1 : FileCalls::Unlink(path);
+  }
+  int Mkdir(const std::string& path, mode_t mode) override {
+    return Fails("Mkdir") ? -1 : FileCalls::Mkdir(path, mode);
+  }
+
+ private:
+  bool Fails(const std::string& name) {
+    const bool now = ++count_ == failing;
+    if (now && dies) ::_exit(0);
+    if (!now && name != always) return false;
+    if (now) failed_ = name;
+    errno = error;
+    return true;
+  }
+
+  int count_ = 0;
+  std::string failed_;
+};
+
+}  // namespace brenwick

@@ -1,0 +1,145 @@
+#!/usr/bin/python3
+"""Plays a rehearsal and compares what the program did with what is expected of it.
+
+usage: rehearse.py BREWICK-REHEARSE SCRIPT.jsonl [--update]
+
+Beside SCRIPT.jsonl may stand:
+  SCRIPT.transcript   the expected transcript; a line "..." stands for any lines up to the next
+                      line that fits
+  SCRIPT.log          lines that stand together, in this order, in the debug log of the
+                      rehearsal's first day, without date and time
+  SCRIPT.documents/   the documents folder before the start
+  SCRIPT.after/       files that the documents folder must hold afterwards, byte for byte
+  SCRIPT.program/     files put over a copy of the program folder
+
+--update writes the transcript anew, with "..." for what happens during "start" unless the script
+has a comment "# whole start".
+"""
+import argparse
+import difflib
+import json
+import os
+import pathlib
+import shutil
+import subprocess
+import sys
+import tempfile
+
+
+def beside(script, ending):
+    return script.with_name(script.stem + ending)
+
+
+def play(tool, script, folder):
+    documents = folder / "documents"
+    if beside(script, ".documents").is_dir():
+        shutil.copytree(beside(script, ".documents"), documents)
+    command = [tool, "--documents", str(documents), "--store", str(folder / "store.ini")]
+    if beside(script, ".program").is_dir():
+        program = folder / "program"
+        shutil.copytree(pathlib.Path(tool).parent / "program", program)
+        shutil.copytree(beside(script, ".program"), program, dirs_exist_ok=True)
+        command += ["--program", str(program)]
+    done = subprocess.run(command + [str(script)], capture_output=True, check=False)
+    text = done.stdout.decode("utf-8").replace(str(folder), "FOLDER")
+    errors = done.stderr.decode("utf-8", "replace")
+    if done.returncode != 0 or errors:
+        sys.exit(f"{script.name}: exit status {done.returncode}\n{errors}\n{text[-3000:]}")
+    return text.splitlines()
+
+
+def matches(expected, got):
+    """Whether the lines fit, with "..." standing for any number of them."""
+    if not expected:
+        return not got
+    if expected[0] != "...":
+        return bool(got) and expected[0] == got[0] and matches_rest(expected, got)
+    rest = expected[1:]
+    return any(matches(rest, got[i:]) for i in range(len(got) + 1)
+               if not rest or (i < len(got) and got[i] == rest[0]) or i == len(got))
+
+
+def matches_rest(expected, got):
+    i = 0
+    while i < len(expected) and expected[i] != "...":
+        if i >= len(got) or expected[i] != got[i]:
+            return False
+        i += 1
+    return matches(expected[i:], got[i:])
+
+
+def collapsed(script, lines):
+    """The transcript with "..." for the effects of "start"."""
+    text = script.read_text(encoding="utf-8")
+    if "# whole start" in text:
+        return lines
+    steps = [json.loads(line) for line in text.splitlines()
+             if line.strip() and not line.lstrip().startswith("#")]
+    result, hiding = [], False
+    for line in lines:
+        effect = json.loads(line)
+        if "step" in effect:
+            hiding = "start" in steps[effect["step"] - 1]
+            result += [line, "..."] if hiding else [line]
+        elif not hiding:
+            result.append(line)
+    return result
+
+
+def compare_log(script, folder):
+    wanted = beside(script, ".log").read_text(encoding="utf-8").splitlines()
+    logs = sorted((folder / "documents/Brenwick/DebugLogs").glob("*.log"))
+    if not logs:
+        return "no debug log was written"
+    raw = logs[0].read_bytes().decode("utf-8").split("\r\n")
+    lines = [line.split(" ", 2)[2] if line.count(" ") > 1 else line for line in raw]
+    for i in range(len(lines) - len(wanted) + 1):
+        if lines[i:i + len(wanted)] == wanted:
+            return ""
+    return "the debug log does not hold:\n" + "\n".join(wanted) + "\nbut:\n" + "\n".join(lines)
+
+
+def compare_files(script, folder):
+    wanted = beside(script, ".after")
+    for file in sorted(path for path in wanted.rglob("*") if path.is_file()):
+        made = folder / "documents" / file.relative_to(wanted)
+        if not made.is_file():
+            return f"{file.relative_to(wanted)} was not written"
+        if made.read_bytes() != file.read_bytes():
+            return f"{file.relative_to(wanted)} holds\n{made.read_bytes()}"
+    return ""
+
+
+def check(script, lines, folder):
+    expected = beside(script, ".transcript").read_text(encoding="utf-8").splitlines()
+    if not matches(expected, lines):
+        return "\n".join(difflib.unified_diff(expected, collapsed(script, lines), "expected", "got",
+                                              lineterm=""))
+    if beside(script, ".log").exists():
+        error = compare_log(script, folder)
+        if error:
+            return error
+    return compare_files(script, folder)
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("tool")
+    parser.add_argument("script", type=pathlib.Path)
+    parser.add_argument("--update", action="store_true")
+    options = parser.parse_args()
+    os.environ["TZ"] = "UTC"
+    with tempfile.TemporaryDirectory() as name:
+        folder = pathlib.Path(name)
+        lines = play(options.tool, options.script, folder)
+        if options.update:
+            text = "\n".join(collapsed(options.script, lines)) + "\n"
+            beside(options.script, ".transcript").write_text(text, encoding="utf-8")
+            return
+        error = check(options.script, lines, folder)
+    if error:
+        sys.exit(f"{options.script.name}: {error}")
+
+
+if __name__ == "__main__":
+    main()
