@@ -10,18 +10,6 @@ namespace {
 
 constexpr const char* kModule = "frmMain";
 
-struct PageTitle {
-  Page page;
-  std::int16_t text;
-};
-
-constexpr PageTitle kTitles[] = {
-    {kGeneralPage, 3},        {kSpokenPage, 4},    {kTextPage, 5},         {kVoicesPage, 115},
-    {kBuddyNamesPage, 154},   {kIgnorePage, 42},   {kGenderPage, 120},     {kSpokenWordsPage, 7},
-    {kSaveSettingsPage, 153}, {kWebsitePage, 142}, {kLogOptionsPage, 146}, {kRepeatPage, 151},
-    {kAboutPage, 6},
-};
-
 // Twips.
 constexpr int kWidth = 5829;
 constexpr int kHeight = 4200;
@@ -52,14 +40,14 @@ std::string MainWindow::CaptionText() const {
 void MainWindow::BuildMenu() {
   log_.Trap(kModule, "BuildMenu", [&] {
     form_.lstMenu.Clear();
-    for (const PageTitle& title : kTitles) form_.lstMenu.AddItem(texts_.LoadText(title.text));
+    for (const PageTitle& title : kPageTitles) form_.lstMenu.AddItem(texts_.LoadText(title.text));
   });
 }
 
 void MainWindow::SelectPage(Page page) {
-  const auto* found = std::find_if(std::begin(kTitles), std::end(kTitles),
+  const auto* found = std::find_if(std::begin(kPageTitles), std::end(kPageTitles),
                                    [page](const PageTitle& title) { return title.page == page; });
-  form_.lstMenu.SetListIndex(static_cast<int>(found - std::begin(kTitles)));
+  form_.lstMenu.SetListIndex(static_cast<int>(found - std::begin(kPageTitles)));
 }
 
 void MainWindow::PlacePages() {
@@ -70,7 +58,7 @@ void MainWindow::lstMenu_Click() {
   log_.Trap(kModule, "lstMenu_Click", [&] {
     const int selected = form_.lstMenu.ListIndex();
     if (selected < 0) return;
-    const int shown = kTitles[selected].page;
+    const int shown = kPageTitles[static_cast<std::size_t>(selected)].page;
     for (Frame& page : form_.fraPage) page.SetVisible(page.Index() == shown);
   });
 }

@@ -62,11 +62,13 @@ std::int16_t ToInteger16(double number) {
 
 std::int16_t LeadingInteger16(std::string_view text) { return ToInteger16(LeadingNumber(text)); }
 
-std::int16_t WholeInteger16(std::string_view text) {
+double WholeNumber(std::string_view text) {
   const std::string_view number = Trimmed(text);
   const Parsed parsed = ParseDecimal(number);
   if (parsed.length == 0 || parsed.length != number.size()) throw Failure(kTypeMismatch);
-  return ToInteger16(parsed.value);
+  return parsed.value;
 }
+
+std::int16_t WholeInteger16(std::string_view text) { return ToInteger16(WholeNumber(text)); }
 
 }  // namespace brenwick

@@ -18,7 +18,10 @@ std::int16_t ToInteger16(double number);
 std::int16_t LeadingInteger16(std::string_view text);
 
 // The whole text as a number, spaces around it allowed. Raises kTypeMismatch when it is anything
-// else (an empty text included), kOverflow outside the 16-bit range.
+// else, an empty text included.
+double WholeNumber(std::string_view text);
+
+// WholeNumber and ToInteger16 in one.
 std::int16_t WholeInteger16(std::string_view text);
 
 }  // namespace brenwick

@@ -2,6 +2,8 @@
 
 namespace brenwick {
 
+const char* const kPublisher = BRENWICK_PUBLISHER;
+
 std::string ProgramVersion::Padded() const {
   std::string digits = std::to_string(revision);
   if (digits.size() < 4) digits.insert(0, 4 - digits.size(), '0');

@@ -27,6 +27,8 @@ struct ProgramVersion {
 };
 
 inline constexpr const char* kTitle = "Brenwick";
+// The publisher's server: the version check asks it, the Website page opens it.
+extern const char* const kPublisher;
 
 // "Brenwick, 3.1.0200": what the window caption starts with.
 std::string VersionText(const ProgramVersion& version = {});

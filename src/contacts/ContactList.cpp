@@ -22,17 +22,25 @@ void ContactList::ListAdd(const std::string& email, const std::string& name,
     if (found != records_.end()) {
       found->Name = name;
       found->Status = std::to_string(stateCode);
-      return;
+    } else {
+      Append({email, name, "", "?", "", std::to_string(stateCode), ""});
     }
-    if (records_.size() >= std::numeric_limits<std::int16_t>::max()) throw Failure(kOverflow);
-    records_.push_back({email, name, "", "?", "", std::to_string(stateCode), ""});
+    if (AfterAdd) AfterAdd();
   });
+}
+
+void ContactList::Append(ContactRecord record) {
+  if (records_.size() >= std::numeric_limits<std::int16_t>::max()) throw Failure(kOverflow);
+  records_.push_back(std::move(record));
 }
 
 void ContactList::ListMod(std::string_view code, const std::string& email,
                           const std::string& value) {
   log_.Trap(kModule, "ListMod", [&] {
-    if (ContactRecord* record = Find(email)) Change(*record, code, value);
+    ContactRecord* record = Find(email);
+    if (record != nullptr) Change(*record, code, value);
+    const auto number = record == nullptr ? 0 : record - records_.data() + 1;
+    if (AfterMod) AfterMod(static_cast<int>(number));
   });
 }
 

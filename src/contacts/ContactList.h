@@ -43,15 +43,24 @@ class ContactList {
   // not listed; "" for every other code and for codes that name nothing.
   std::string GetContactValue(const std::string& email, std::string_view code) const;
 
+  // The word for a record's gender and for whether it is ignored, in the interface language.
+  std::string GenderWord(const ContactRecord& record) const;
+  std::string IgnoreWord(const ContactRecord& record) const;
+
   const std::vector<ContactRecord>& Records() const { return records_; }
+  void Replace(std::vector<ContactRecord> records) { records_ = std::move(records); }
+
+  // Called after ListAdd, and after ListMod with the number of the record, counted from 1, or 0
+  // where there was none.
+  std::function<void()> AfterAdd;
+  std::function<void(int)> AfterMod;
 
  private:
+  void Append(ContactRecord record);
   ContactRecord* Find(const std::string& email);
   const ContactRecord* Find(const std::string& email) const;
   static void Change(ContactRecord& record, std::string_view code, const std::string& value);
   std::string SpokenName(const ContactRecord& record) const;
-  std::string GenderWord(const ContactRecord& record) const;
-  std::string IgnoreWord(const ContactRecord& record) const;
   std::string StateText(const ContactRecord& record) const;
 
   Logs& log_;

@@ -12,6 +12,13 @@ std::string ListBox::List(int position) const {
   return items_[static_cast<std::size_t>(position)];
 }
 
+void ListBox::SetList(int position, std::string line) {
+  if (position < 0 || position >= ListCount()) return;
+  items_[static_cast<std::size_t>(position)] = std::move(line);
+  LineChanged(position);
+  Changed();
+}
+
 void ListBox::Clear() {
   items_.clear();
   list_index_ = -1;

@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/Font.h"
 #include "controls/Control.h"
 
 namespace brenwick {
@@ -23,6 +24,9 @@ class ListBox : public Control {
   // A position that is not in the list gives the empty text.
   std::string List(int position) const;
 
+  // Puts another text in a line's place, whatever the order; nothing where there is no such line.
+  void SetList(int position, std::string line);
+
   void Clear();
   void AddItem(std::string line);
   // Raises kInvalidCall when there is no such line.
@@ -34,6 +38,8 @@ class ListBox : public Control {
   // raises kInvalidCall.
   int ListIndex() const { return list_index_; }
   void SetListIndex(int position);
+
+  const Font& TextFont() const { return font_; }
 
   // Where the columns of the lines begin and how far the lines reach, for a view that draws them.
   const std::vector<int>& TabStops() const { return tab_stops_; }
@@ -51,6 +57,7 @@ class ListBox : public Control {
 
   // For views that show many lines: what happened to them, each before Changed is given.
   Signal<int> LineAdded;    // its position
+  Signal<int> LineChanged;  // its position
   Signal<int> LineRemoved;  // its former position
   Signal<> LinesCleared;
 
@@ -59,6 +66,7 @@ class ListBox : public Control {
   std::vector<std::string> items_;
   int list_index_ = -1;
   int new_index_ = -1;
+  Font font_;
   std::vector<int> tab_stops_;
   int horizontal_extent_ = 0;
 };

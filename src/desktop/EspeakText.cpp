@@ -37,8 +37,29 @@ void Append(std::u32string& text, char32_t c) {
   }
 }
 
+bool IsLetter(char32_t c) { return LowerCase(c) != c || UpperCase(c) != c; }
+
+bool IsDigit(char32_t c) { return c >= U'0' && c <= U'9'; }
+
+// Whether the engine can take the hyphen between these two characters.
+bool IsSafeHyphen(char32_t before, char32_t after) {
+  return IsSpace(before) || IsLetter(before) || (IsDigit(before) && IsDigit(after));
+}
+
+// A hyphen behind a punctuation mark, such as in ",-a", crashes some of the engine's voices, and
+// with it the process; U+094B behind it crashes nearly all. Only hyphens that join something, and
+// minus signs, are left in the text. In their other places hyphens are not heard anyway.
+void ReplaceUnsafeHyphens(std::u32string& text) {
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] != U'-') continue;
+    const char32_t before = i > 0 ? text[i - 1] : U' ';
+    const char32_t after = i + 1 < text.size() ? text[i + 1] : U' ';
+    if (!IsSafeHyphen(before, after)) text[i] = U' ';
+  }
+}
+
 std::optional<unsigned> DigitValue(char32_t c) {
-  if (c >= U'0' && c <= U'9') return c - U'0';
+  if (IsDigit(c)) return c - U'0';
   if (c >= U'a' && c <= U'f') return c - U'a' + 10;
   if (c >= U'A' && c <= U'F') return c - U'A' + 10;
   return std::nullopt;
@@ -122,6 +143,7 @@ std::u32string SpeakableText(std::string_view text, bool entities) {
       rest.remove_prefix(1);
     }
   }
+  ReplaceUnsafeHyphens(speakable);
   return speakable;
 }
 

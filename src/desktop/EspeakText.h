@@ -19,7 +19,8 @@ constexpr std::size_t kLongestPiece = 1000;
 
 // The characters to say. Invalid UTF-8 is repaired. Tabs and line ends become spaces, a run of
 // spaces one space (U+000A stands for one with a line end in it). Control characters and
-// noncharacters are left out: to the engine U+0001 begins a command whose effect stays.
+// noncharacters are left out: to the engine U+0001 begins a command whose effect stays. A hyphen
+// that joins nothing becomes a space: it makes the engine crash.
 //
 // Where `entities` is true, &amp; &lt; &gt; &quot; &apos; &#number; and &#xnumber; become their
 // character, unless that is a control character or none at all. They are looked for only once, so

@@ -17,6 +17,12 @@ namespace {
 // near 200 Hz where the voice's own is near 100.
 constexpr const char* kFemaleVariant = "+f2";
 
+// These belong to another engine. Where its data are missing, choosing one silences this one.
+constexpr const char* kOtherEngine = "mb/";
+
+// Kyrgyz crashes on ordinary words ("v'zb", "l?s(") and would take the process with it.
+constexpr const char* kCrashing = "trk/ky";
+
 // "en_GB.UTF-8" becomes "en-gb", the way the engine writes a language's tag.
 std::string LanguageTag(const std::string& locale) {
   std::string tag = LowerCase(std::string_view(locale).substr(0, locale.find_first_of(".@")));
@@ -83,8 +89,7 @@ std::vector<EspeakLanguage> InstalledLanguages() {
   constexpr unsigned char kFemale = 2;
   for (const espeak_VOICE** voice = espeak_ListVoices(nullptr); voice && *voice; ++voice) {
     const std::string identifier = Repaired((*voice)->identifier);
-    // These belong to another engine. Where its data are missing, choosing one silences this one.
-    if (identifier.starts_with("mb/")) continue;
+    if (identifier.starts_with(kOtherEngine) || identifier == kCrashing) continue;
     languages.push_back({std::string(Trimmed(Repaired((*voice)->name))), identifier,
                          ReadTags((*voice)->languages), (*voice)->gender == kFemale});
   }

@@ -28,7 +28,7 @@ struct EspeakVoiceEntry {
 std::vector<EspeakVoiceEntry> ArrangedVoices(std::vector<EspeakLanguage> languages,
                                              const std::string& locale);
 
-// The languages of the engine, which must be running.
+// The languages of the engine, which must be running, without those that cannot be relied on.
 std::vector<EspeakLanguage> InstalledLanguages();
 
 }  // namespace brenwick

@@ -16,8 +16,11 @@ constexpr std::string_view kHeading =
     "# The settings of Brenwick. Change them only while it does not run.\n";
 constexpr char kHexDigits[] = "0123456789abcdef";
 constexpr std::string_view kDigits = "0123456789";
+// Characters with an escape of their own, and its letters behind the "\".
+constexpr std::string_view kEscaped = "\\\"\n\r\t";
+constexpr std::string_view kLetters = "\\\"nrt";
 
-bool IsControl(char c) { return (c >= 0 && c < ' ') || c == '\x7F'; }
+bool IsControl(char c) { return static_cast<unsigned char>(c) < ' ' || c == '\x7F'; }
 bool IsBlank(char c) { return c == ' ' || c == '\t'; }
 
 void AppendHex(std::string& text, char byte) {
@@ -26,30 +29,22 @@ void AppendHex(std::string& text, char byte) {
   text += kHexDigits[value & 0xF];
 }
 
-std::string Escaped(char c) {
-  switch (c) {
-    case '\\':
-      return "\\\\";
-    case '"':
-      return "\\\"";
-    case '\n':
-      return "\\n";
-    case '\r':
-      return "\\r";
-    case '\t':
-      return "\\t";
-    default:
-      break;
+void AppendEscaped(std::string& text, char c) {
+  const std::size_t letter = kEscaped.find(c);
+  if (letter != std::string_view::npos) {
+    text += '\\';
+    text += kLetters[letter];
+  } else if (IsControl(c)) {
+    text += "\\x";
+    AppendHex(text, c);
+  } else {
+    text += c;
   }
-  if (!IsControl(c)) return {c};
-  std::string escape = "\\x";
-  AppendHex(escape, c);
-  return escape;
 }
 
 std::string Quoted(std::string_view text) {
   std::string quoted = "\"";
-  for (const char c : text) quoted += Escaped(c);
+  for (const char c : text) AppendEscaped(quoted, c);
   return quoted + '"';
 }
 
@@ -135,19 +130,18 @@ std::optional<std::string> LineReader::TakeQuoted() {
     if (Take("\\")) {
       TakeEscaped(text);
     } else {
-      text += rest_.front();
-      rest_.remove_prefix(1);
+      const std::string_view plain = rest_.substr(0, rest_.find_first_of("\"\\"));
+      text += plain;
+      rest_.remove_prefix(plain.size());
     }
   }
   return {};
 }
 
 void LineReader::TakeEscaped(std::string& text) {
-  constexpr std::string_view kLetters = "\\\"nrt";
-  constexpr std::string_view kMeanings = "\\\"\n\r\t";
   const std::size_t letter = rest_.empty() ? std::string_view::npos : kLetters.find(rest_.front());
   if (letter != std::string_view::npos) {
-    text += kMeanings[letter];
+    text += kEscaped[letter];
     rest_.remove_prefix(1);
   } else if (const auto number = rest_.starts_with('x') ? HexByte(1) : std::nullopt) {
     AppendUtf8(text, *number);

@@ -138,7 +138,7 @@ void IniStore::Start() {
   if (look.data) {
     stored_ = std::move(*look.data);
   } else if (look.error == 0) {
-    stored_ = BackupOfIni(calls_, file_).value_or(IniData());
+    FallBackOnBackup();
     if (!StoreLocked({})) ReportDamage();
   } else {
     LoadLocked();
@@ -200,12 +200,20 @@ bool IniStore::LoadLocked() {
   return true;
 }
 
+void IniStore::FallBackOnBackup() {
+  if (stored_ == IniData()) stored_ = BackupOfIni(calls_, file_).value_or(IniData());
+}
+
 // Copies the file and replaces it, rather than renaming it, so that there is a file at every
 // moment.
 bool IniStore::SetAside(const std::string& damaged) {
+  FallBackOnBackup();
   const std::string kept = NameForDamaged();
-  if (AtomicFile(kept, calls_).Replace(damaged) != 0 ||
-      AtomicFile(file_, calls_).Replace(ToIni(stored_)) != 0) {
+  // Where only the flush of the folder failed, the file is replaced, and its copy must stay.
+  const bool done =
+      AtomicFile(kept, calls_).Replace(damaged) == 0 &&
+      (AtomicFile(file_, calls_).Replace(ToIni(stored_)) == 0 || IdentityOf(file_) != seen_);
+  if (!done) {
     calls_.Unlink(kept);
     ReportDamage();
     return false;

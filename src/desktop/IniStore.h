@@ -61,6 +61,7 @@ class IniStore : public RegistryStore {
   bool Store();
   bool StoreLocked(const std::vector<Change>& changes);
   bool LoadLocked();
+  void FallBackOnBackup();
   bool SetAside(const std::string& damaged);
   std::string NameForDamaged() const;
   void ReportFailure(const std::string& message);

@@ -1,6 +1,9 @@
 // The option pages, by the number of their frame. Frames 7 and 13 are free.
 #pragma once
 
+#include <array>
+#include <cstdint>
+
 namespace brenwick {
 
 enum Page : int {
@@ -21,5 +24,28 @@ enum Page : int {
 };
 
 inline constexpr int kPageCount = 16;
+
+// The entries of the page list, with the numbers of the texts that title them. Contact info has
+// none: it opens from the contact list.
+struct PageTitle {
+  Page page;
+  std::int16_t text;
+};
+
+inline constexpr std::array<PageTitle, 13> kPageTitles{{
+    {kGeneralPage, 3},
+    {kSpokenPage, 4},
+    {kTextPage, 5},
+    {kVoicesPage, 115},
+    {kBuddyNamesPage, 154},
+    {kIgnorePage, 42},
+    {kGenderPage, 120},
+    {kSpokenWordsPage, 7},
+    {kSaveSettingsPage, 153},
+    {kWebsitePage, 142},
+    {kLogOptionsPage, 146},
+    {kRepeatPage, 151},
+    {kAboutPage, 6},
+}};
 
 }  // namespace brenwick

@@ -5,6 +5,7 @@
 #include <string>
 #include <utility>
 
+#include "base/Font.h"
 #include "controls/Control.h"
 
 namespace brenwick {
@@ -37,6 +38,10 @@ class Window : public ControlList {
   int Height() const { return height_; }
   void SetSize(int width, int height);
 
+  // What a text's width is measured in.
+  const Font& TextFont() const { return font_; }
+  void SetTextFont(Font font) { font_ = std::move(font); }
+
   // Whether the program has a button in the task bar.
   bool InTaskbar() const { return in_taskbar_; }
   void SetInTaskbar(bool shown);
@@ -61,6 +66,7 @@ class Window : public ControlList {
   void SetVisible(bool visible);
 
   std::string caption_;
+  Font font_;
   WindowState state_ = WindowState::Normal;
   bool visible_ = false;
   bool in_taskbar_ = true;

@@ -3,6 +3,8 @@
 
 #include <string>
 
+#include "base/Font.h"
+
 namespace brenwick {
 
 enum class BoxIcon { Critical, Question, Exclamation, Information };
@@ -10,16 +12,6 @@ enum class BoxButtons { Ok, YesNo };
 enum class BoxAnswer { Ok, Yes, No };
 
 enum class Pointer { Default = 0, Hourglass = 11 };
-
-struct Font {
-  std::string name = "MS Sans Serif";
-  float size = 8;  // points
-  bool bold = false;
-  bool italic = false;
-  bool strikethrough = false;
-  bool underline = false;
-  bool operator==(const Font&) const = default;
-};
 
 class Screen {
  public:

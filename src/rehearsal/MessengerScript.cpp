@@ -1,6 +1,7 @@
 #include "rehearsal/MessengerScript.h"
 
 #include <map>
+#include <set>
 #include <string>
 
 #include "rehearsal/Script.h"
@@ -81,28 +82,41 @@ const std::map<std::string, PlainEvent>& PlainEvents() {
   return events;
 }
 
-using Reader = Event (*)(const nlohmann::json&);
+struct EventWithArguments {
+  std::set<std::string> members;
+  Event (*read)(const nlohmann::json&);
+};
 
-const std::map<std::string, Reader>& EventsWithArguments() {
-  static const std::map<std::string, Reader> readers = {
-      {"OnTextReceived", TextReceived},
-      {"OnUserStateChanged", UserStateChanged},
-      {"OnLocalStateChangeResult", LocalStateChangeResult},
-      {"OnAppInviteReceived", AppInviteReceived},
-      {"OnFileTransferInviteReceived", FileTransferInviteReceived},
-      {"OnNewerClientAvailable", NewerClientAvailable},
+const std::map<std::string, EventWithArguments>& EventsWithArguments() {
+  static const std::map<std::string, EventWithArguments> events = {
+      {"OnTextReceived", {{"email", "name", "header", "text"}, TextReceived}},
+      {"OnUserStateChanged", {{"email", "name", "state"}, UserStateChanged}},
+      {"OnLocalStateChangeResult", {{"state"}, LocalStateChangeResult}},
+      {"OnAppInviteReceived", {{"email", "name", "appName"}, AppInviteReceived}},
+      {"OnFileTransferInviteReceived", {{"email", "name", "fileName"}, FileTransferInviteReceived}},
+      {"OnNewerClientAvailable", {{"address"}, NewerClientAvailable}},
   };
-  return readers;
+  return events;
+}
+
+void CheckArguments(const nlohmann::json& step, const std::string& event,
+                    std::set<std::string> members) {
+  members.insert("raise");
+  CheckMembers(step, event, members);
 }
 
 }  // namespace
 
 Event EventOf(const nlohmann::json& step) {
   const std::string name = TextOf(step, "raise");
-  const auto reader = EventsWithArguments().find(name);
-  if (reader != EventsWithArguments().end()) return reader->second(step);
+  const auto found = EventsWithArguments().find(name);
+  if (found != EventsWithArguments().end()) {
+    CheckArguments(step, name, found->second.members);
+    return found->second.read(step);
+  }
   const auto plain = PlainEvents().find(name);
   if (plain == PlainEvents().end()) throw ScriptFailure("unknown event \"" + name + "\"");
+  CheckArguments(step, name, {});
   return [event = plain->second](MessengerListener& listener) { (listener.*event)(); };
 }
 

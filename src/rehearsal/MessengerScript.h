@@ -8,8 +8,9 @@
 
 namespace brenwick {
 
-// The event that a "raise" step names, with its arguments read. Raises ScriptFailure for an unknown
-// event and for arguments of the wrong type.
+// The event that a "raise" step names, with its arguments read. An argument that is
+// left out is empty, or 0. Raises ScriptFailure for an unknown event, for an argument that the
+// event does not take, and for one of the wrong type.
 std::function<void(MessengerListener&)> EventOf(const nlohmann::json& step);
 
 }  // namespace brenwick

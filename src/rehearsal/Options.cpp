@@ -57,8 +57,9 @@ Script and transcript are JSON Lines; docs/rehearsal.md tells their words.
                          device: 0 yes, 1 no
   --version, --help
 
-Exit status: 0 the script was carried out, 2 it or the command line is wrong,
-1 a file or the engine is missing.
+Exit status: 0 the script was carried out, 1 a file, a folder or the engine is
+missing or cannot be written, 2 the script or the command line is wrong, 3 the
+program let out an exception that it should have trapped.
 )";
 
 RehearsalOptions ParseOptions(const std::vector<std::string>& arguments) {

@@ -1,85 +1,65 @@
 #include "rehearsal/ReadableTranscript.h"
 
-#include <algorithm>
+#include "base/Text.h"
+#include "rehearsal/PlainText.h"
 
 namespace brenwick {
 namespace {
 
-std::string Member(const nlohmann::json& step, const char* name) {
-  const auto found = step.find(name);
-  return found != step.end() && found->is_string() ? found->get<std::string>() : std::string();
+// Characters. What is longer pushes the rest of its line on.
+constexpr std::size_t kWhoWidth = 12;
+constexpr std::size_t kSaidWidth = 48;
+
+std::string Padded(const std::string& text, std::size_t width) {
+  const std::size_t length = CharacterCount(text);
+  return length < width ? text + std::string(width - length, ' ') : text;
 }
 
-// One line, however many the text has.
-std::string OneLine(std::string text) {
-  std::replace_if(
-      text.begin(), text.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
-  return text;
-}
-
-// What the messenger tells, in words; empty for steps that nobody needs to read about.
-std::string Describe(const nlohmann::json& step) {
-  const std::string event = Member(step, "raise");
-  const std::string name = Member(step, "name");
-  if (event == "OnTextReceived") return name + " writes: " + Member(step, "text");
-  if (event == "OnUserStateChanged") {
-    return name + " changes to state " + std::to_string(step.value("state", 0));
-  }
-  if (event == "OnLocalStateChangeResult") {
-    return "your own state is now " + std::to_string(step.value("state", 0));
-  }
-  if (event == "OnAppInviteReceived") return name + " invites you to " + Member(step, "appName");
-  if (event == "OnFileTransferInviteReceived") return name + " offers " + Member(step, "fileName");
-  if (!event.empty()) return event;
-  if (step.contains("start")) return "Brenwick starts";
-  if (step.contains("close")) return "Brenwick is closed";
-  if (step.contains("click")) return "you click " + Member(step, "click");
-  if (step.contains("hotkey")) return "you press " + Member(step, "hotkey");
-  return {};
+// "English (Great Britain), male: eSpeak NG" without the engine behind the colon, and what is
+// not as usual.
+std::string VoiceInWords(const Effect& speech) {
+  const auto voice = speech["voice"].get<std::string>();
+  std::string words = voice.substr(0, voice.rfind(": "));
+  const int rate = speech["rate"].get<int>();
+  const int volume = speech["volume"].get<int>();
+  if (rate != 0) words += ", rate " + std::to_string(rate);
+  if (volume != 100) words += ", volume " + std::to_string(volume);
+  return words;
 }
 
 }  // namespace
 
 void ReadableTranscript::BeginStep(int, const nlohmann::json& step) {
-  const std::string what = Describe(step);
-  if (!what.empty()) Line(Colour::Event, OneLine(what));
+  if (form_ != nullptr) Line(Tone::Event, TellStep(step, *form_));
 }
 
 void ReadableTranscript::Write(const Effect& effect) {
   if (effect.contains("speak")) {
     WriteSpeech(effect);
-  } else if (effect.contains("box")) {
-    Line(Colour::Note, "  box: " + OneLine(effect["box"].get<std::string>()) + " — " +
-                           effect["answer"].get<std::string>());
-  } else if (effect.contains("open")) {
-    Line(Colour::Note, "  opens " + effect["open"].get<std::string>());
-  } else if (effect.contains("conversation")) {
-    Line(Colour::Note, "  conversation with " + effect["conversation"].get<std::string>());
-  } else if (effect.contains("ended")) {
-    Line(Colour::Note, "  Brenwick has ended");
-  } else if (effect.contains("show")) {
-    Line(Colour::Note, "  " + effect.dump(-1, ' ', false, Effect::error_handler_t::replace));
+  } else {
+    Line(Tone::Note, TellEffect(effect));
   }
 }
 
 void ReadableTranscript::WriteSpeech(const Effect& effect) {
   const auto text = effect["speak"].get<std::string>();
-  const auto voice = effect["voice"].get<std::string>();
   if (text.empty()) {
-    Line(Colour::Note, "  (silence)");
-    return;
+    Line(Tone::Note, {"Brenwick", "falls silent"});
+  } else {
+    Line(Tone::Said, {"Brenwick", "\"" + text + "\""}, VoiceInWords(effect));
   }
-  const bool female = voice.find("female") != std::string::npos;
-  Line(female ? Colour::Female : Colour::Male,
-       "  says: \"" + OneLine(text) + "\"  [" + voice + "]");
 }
 
-void ReadableTranscript::Line(Colour colour, const std::string& text) {
-  constexpr const char* kCodes[] = {"", "\033[1m", "\033[36m", "\033[35m", "\033[2m"};
-  out_ << clock_.TimeText(clock_.Now()) << "  ";
-  if (colour_) out_ << kCodes[static_cast<int>(colour)];
-  out_ << text;
-  if (colour_) out_ << "\033[0m";
+void ReadableTranscript::Line(Tone tone, const Told& told, const std::string& voice) {
+  constexpr const char* kColours[] = {"", "\033[1;36m", "\033[2m"};
+  if (told.what.empty()) return;
+  const char* colour = colour_ ? kColours[static_cast<int>(tone)] : "";
+  const char* plain = colour_ ? "\033[0m" : "";
+  std::string what = PlainText(told.what);
+  if (tone == Tone::Said) what = Padded(what, kSaidWidth);
+  out_ << clock_.TimeText(clock_.Now()) << (tone == Tone::Said ? "  \u266A " : "    ") << colour
+       << Padded(PlainText(told.who), kWhoWidth) << "  " << what << plain;
+  if (!voice.empty()) out_ << "  " << PlainText(voice);
   out_ << std::endl;
 }
 

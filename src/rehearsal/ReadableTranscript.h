@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/Clock.h"
+#include "rehearsal/ReadableWords.h"
 #include "rehearsal/Transcript.h"
 
 namespace brenwick {
@@ -14,18 +15,20 @@ class ReadableTranscript : public Transcript {
   ReadableTranscript(std::ostream& out, Clock& clock, bool colour)
       : out_(out), clock_(clock), colour_(colour) {}
 
+  void Watch(const frmMain& form) override { form_ = &form; }
   void BeginStep(int number, const nlohmann::json& step) override;
   void Write(const Effect& effect) override;
 
  private:
-  enum class Colour { Plain, Event, Male, Female, Note };
+  enum class Tone { Event, Said, Note };
 
-  void Line(Colour colour, const std::string& text);
   void WriteSpeech(const Effect& effect);
+  void Line(Tone tone, const Told& told, const std::string& voice = "");
 
   std::ostream& out_;
   Clock& clock_;
   bool colour_;
+  const frmMain* form_ = nullptr;
 };
 
 }  // namespace brenwick

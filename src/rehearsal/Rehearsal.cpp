@@ -25,15 +25,28 @@ Rehearsal::~Rehearsal() = default;
 // A process of its own for each start.
 void Rehearsal::MakeProgram() {
   observer_.reset();
+  // Before its successor is there: on its way out it lets go of the tray and of the messenger.
+  program_.reset();
+  ResetWorld();
   program_ = std::make_unique<Program>(messenger_, voice_, screen_, tray_, loop_, parts_.clock,
                                        parts_.folders, system_);
   observer_ =
       std::make_unique<FormObserver>(program_->Form(), program_->Status(), parts_.transcript);
   timers_.Drive(program_->Form());
   socket_.Drive(program_->Form().wscHttp);
-  screen_.Reset();
-  scripted_voice_.Reset();
+  parts_.transcript.Watch(program_->Form());
   used_ = false;
+}
+
+// What a new process finds as if no other had been there.
+void Rehearsal::ResetWorld() {
+  screen_.Reset();
+  tray_.Reset();
+  scripted_voice_.Reset();
+  if (parts_.engine == nullptr) return;
+  parts_.engine->SetRate(0);
+  parts_.engine->SetVolume(100);
+  if (!parts_.engine->GetVoices().empty()) parts_.engine->SetVoice(0);
 }
 
 void Rehearsal::Play(const std::string& line) {
@@ -79,8 +92,9 @@ void Rehearsal::CarryOut(const Step& step) {
 }
 
 void Rehearsal::Start(const Step& step) {
-  system_.command_line = TextOf(step.object, "start");
+  const std::string command_line = TextOf(step.object, "start");
   if (running_) return;
+  system_.command_line = command_line;
   if (used_) MakeProgram();
   used_ = true;
   running_ = true;

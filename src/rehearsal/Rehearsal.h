@@ -36,10 +36,12 @@ class Rehearsal {
   ~Rehearsal();
 
   // Carries out one line of a script. Raises ScriptFailure when it says nothing that can be done.
+  // Any other exception is one that the program should have trapped and did not.
   void Play(const std::string& line);
 
  private:
   void MakeProgram();
+  void ResetWorld();
   void Run(const std::function<void()>& action);
   void CarryOut(const Step& step);
 
@@ -65,6 +67,7 @@ class Rehearsal {
   void Show(const Step& step);
 
   Control& ControlOf(const Step& step, bool arrays = true);
+  Control& ControlOf(const std::string& name, int index);
   void DeliverSentKeys(ComboBox& combo);
 
   RehearsalParts parts_;

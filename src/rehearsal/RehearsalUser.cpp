@@ -6,6 +6,8 @@
 namespace brenwick {
 namespace {
 
+constexpr int kNoIndex = -1;
+
 template <typename Kind>
 Kind& Needed(Control& control, const char* kind) {
   auto* found = dynamic_cast<Kind*>(&control);
@@ -18,11 +20,22 @@ Kind& Needed(Control& control, const char* kind) {
 // arrays: the step's index chooses an element of a control array.
 Control& Rehearsal::ControlOf(const Step& step, bool arrays) {
   const std::string name = TextOf(step.object, step.verb.c_str());
-  const int index = arrays ? NumberOf(step.object, "index", -1) : -1;
-  Control* control = program_->Form().Find(name, index);
-  if (control != nullptr) return *control;
-  throw ScriptFailure("unknown control \"" + name + "\"" +
-                      (index < 0 ? std::string() : " with index " + std::to_string(index)));
+  if (!arrays || !step.object.contains("index")) return ControlOf(name, kNoIndex);
+  const int index = NumberOf(step.object, "index");
+  if (index < 0) throw ScriptFailure("\"index\" must not be negative");
+  return ControlOf(name, index);
+}
+
+Control& Rehearsal::ControlOf(const std::string& name, int index) {
+  const frmMain& form = program_->Form();
+  if (Control* control = form.Find(name, index)) return *control;
+  const bool array = form.Find(name, 0) != nullptr;
+  if (!array && form.Find(name) == nullptr) {
+    throw ScriptFailure("unknown control \"" + name + "\"");
+  }
+  if (!array) throw ScriptFailure("\"" + name + "\" takes no \"index\"");
+  if (index == kNoIndex) throw ScriptFailure("\"" + name + "\" needs an \"index\"");
+  throw ScriptFailure("\"" + name + "\" has no index " + std::to_string(index));
 }
 
 void Rehearsal::Click(const Step& step) {
@@ -58,6 +71,7 @@ void Rehearsal::Type(const Step& step) {
 void Rehearsal::TypeInto(ComboBox& combo, const std::string& text) {
   Run([&] {
     combo.UserEmpties();
+    DeliverSentKeys(combo);
     for (const char32_t character : Characters(text)) {
       combo.UserTypesCharacter(character);
       DeliverSentKeys(combo);
@@ -127,6 +141,7 @@ void Rehearsal::HotKeyPress(const Step& step) {
 
 void Rehearsal::Show(const Step& step) {
   const std::string what = TextOf(step.object, "show");
+  if (what == "store" || what == "window") CheckMembers(step.object, what, {"show"});
   if (what == "store") {
     parts_.transcript.Write(DescribeStore(parts_.store));
   } else if (what == "window") {

@@ -70,7 +70,10 @@ void Rehearsal::SetWorldMember(const nlohmann::json& world, const char* member) 
 void Rehearsal::SetWeb(const nlohmann::json& world) {
   const nlohmann::json& web = world.at("web");
   if (web.is_object()) {
-    socket_.web = {ScriptedWeb::Kind::Reply, TextOf(web, "reply"), NumberOf(web, "afterSteps", 1)};
+    CheckMembers(web, "web", {"reply", "afterSteps"});
+    const int steps = NumberOf(web, "afterSteps", 1);
+    if (steps < 1) throw ScriptFailure("\"afterSteps\" must be at least 1");
+    socket_.web = {ScriptedWeb::Kind::Reply, TextOf(web, "reply"), steps};
   } else if (web == "error") {
     socket_.web = {ScriptedWeb::Kind::Error, "", 1};
   } else if (web == "silent") {

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <limits>
 #include <map>
-#include <set>
 
 #include "base/Text.h"
 
@@ -35,6 +34,36 @@ const std::map<std::string, Members>& Verbs() {
   return verbs;
 }
 
+// Finds members that stand twice in one object, of which the last would otherwise win in silence.
+class DuplicateFinder {
+ public:
+  bool operator()(int, nlohmann::json::parse_event_t event, const nlohmann::json& parsed) {
+    using Event = nlohmann::json::parse_event_t;
+    if (event == Event::object_start) seen_.emplace_back();
+    if (event == Event::object_end) seen_.pop_back();
+    if (event == Event::key && !seen_.back().insert(parsed.get<std::string>()).second) {
+      throw ScriptFailure("\"" + parsed.get<std::string>() + "\" stands twice");
+    }
+    return true;
+  }
+
+ private:
+  std::vector<std::set<std::string>> seen_;  // of the objects that are open
+};
+
+nlohmann::json ParseObject(const std::string& line) {
+  nlohmann::json object;
+  try {
+    object = nlohmann::json::parse(Repaired(line), DuplicateFinder());
+  } catch (const nlohmann::json::parse_error& error) {
+    throw ScriptFailure("not JSON at byte " + std::to_string(error.byte));
+  } catch (const nlohmann::json::exception&) {
+    throw ScriptFailure("a number beyond all bounds");
+  }
+  if (!object.is_object()) throw ScriptFailure("not a JSON object");
+  return object;
+}
+
 std::string FindVerb(const nlohmann::json& object) {
   std::string verb;
   for (const auto& [member, value] : object.items()) {
@@ -45,14 +74,6 @@ std::string FindVerb(const nlohmann::json& object) {
   if (!verb.empty()) return verb;
   if (object.empty()) throw ScriptFailure("an object without a verb");
   throw ScriptFailure("unknown verb \"" + object.begin().key() + "\"");
-}
-
-void CheckMembers(const nlohmann::json& object, const std::string& verb) {
-  for (const auto& [member, value] : object.items()) {
-    if (member != verb && !Verbs().at(verb).contains(member)) {
-      throw ScriptFailure("\"" + verb + "\" does not take \"" + member + "\"");
-    }
-  }
 }
 
 [[noreturn]] void FailWithType(const char* member, const char* wanted) {
@@ -71,11 +92,20 @@ const nlohmann::json* Find(const nlohmann::json& object, const char* member, boo
 std::optional<Step> ParseStep(const std::string& line) {
   const std::size_t start = line.find_first_not_of(" \t\r");
   if (start == std::string::npos || line[start] == '#') return std::nullopt;
-  nlohmann::json object = nlohmann::json::parse(Repaired(line), nullptr, false);
-  if (!object.is_object()) throw ScriptFailure("not a JSON object");
-  Step step{FindVerb(object), std::move(object)};
-  CheckMembers(step.object, step.verb);
-  return step;
+  nlohmann::json object = ParseObject(line);
+  std::string verb = FindVerb(object);
+  Members members = Verbs().at(verb);
+  members.insert(verb);
+  CheckMembers(object, verb, members);
+  return Step{std::move(verb), std::move(object)};
+}
+
+void CheckMembers(const nlohmann::json& object, const std::string& owner,
+                  const std::set<std::string>& members) {
+  for (const auto& [member, value] : object.items()) {
+    if (members.contains(member)) continue;
+    throw ScriptFailure("\"" + owner + "\" does not take \"" + member + "\"");
+  }
 }
 
 std::string TextOf(const nlohmann::json& object, const char* member,

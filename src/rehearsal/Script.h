@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <nlohmann/json.hpp>
 #include <optional>
+#include <set>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -22,8 +23,13 @@ struct Step {
 };
 
 // Nothing for a blank line and for a comment. Raises ScriptFailure for a line that is no JSON
-// object, does not have exactly one verb, or has a member that the verb does not take.
+// object, does not have exactly one verb, or has a member that the verb does not take. Bytes that
+// are not valid UTF-8 are read as U+FFFD.
 std::optional<Step> ParseStep(const std::string& line);
+
+// Raises ScriptFailure when the object has any other member; owner: what does not take it.
+void CheckMembers(const nlohmann::json& object, const std::string& owner,
+                  const std::set<std::string>& members);
 
 // A member's value; without the member the fallback, or a ScriptFailure where there is none. A
 // member of another type raises a ScriptFailure.

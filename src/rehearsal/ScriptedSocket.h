@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 
 #include "controls/Winsock.h"
 #include "rehearsal/Transcript.h"
@@ -23,7 +24,7 @@ class ScriptedSocket : public SocketDriver {
   void Connect(const std::string& host, int port) override;
   void SendData(const std::string& data) override;
   std::string GetData() override { return std::exchange(arrived_, {}); }
-  void Close() override { connecting_ = false; }
+  void Close() override { state_ = State::Idle; }
 
   // One pass of the event loop.
   void Step();
@@ -31,11 +32,13 @@ class ScriptedSocket : public SocketDriver {
   ScriptedWeb web;
 
  private:
+  enum class State { Idle, Connecting, Connected };
+
   void Answer();
 
   Transcript& transcript_;
   Winsock* socket_ = nullptr;
-  bool connecting_ = false;
+  State state_ = State::Idle;
   int steps_ = 0;
   std::string arrived_;
 };

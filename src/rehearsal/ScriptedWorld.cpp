@@ -1,7 +1,9 @@
 #include "rehearsal/ScriptedWorld.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
+#include <string_view>
 
 #include "base/Text.h"
 
@@ -111,20 +113,18 @@ std::string ScriptedClock::TimeText(LocalTime time) {
 
 bool ParseMoment(const std::string& text, LocalTime& moment) {
   using namespace std::chrono;
-  int y = 0;
-  unsigned m = 0;
-  unsigned d = 0;
-  int hour = 0;
-  int minute = 0;
-  int second = 0;
-  char rest = 0;
-  const int read = std::sscanf(text.c_str(), "%4d-%2u-%2uT%2d:%2d:%2d%c", &y, &m, &d, &hour,
-                               &minute, &second, &rest);
-  const year_month_day date{year{y}, month{m}, day{d}};
-  const bool in_range =
-      hour >= 0 && hour < 24 && minute >= 0 && minute < 60 && second >= 0 && second < 60;
-  if (read != 6 || !date.ok() || !in_range) return false;
-  moment = local_days{date} + hours(hour) + minutes(minute) + seconds(second);
+  constexpr std::string_view kPattern = "dddd-dd-ddTdd:dd:dd";
+  const bool fits =
+      std::equal(text.begin(), text.end(), kPattern.begin(), kPattern.end(),
+                 [](char c, char p) { return p == 'd' ? c >= '0' && c <= '9' : c == p; });
+  if (!fits) return false;
+  const auto number = [&text](std::size_t at, std::size_t length) {
+    return std::stoi(text.substr(at, length));
+  };
+  const auto part = [&](std::size_t at) { return static_cast<unsigned>(number(at, 2)); };
+  const year_month_day date{year{number(0, 4)}, month{part(5)}, day{part(8)}};
+  if (!date.ok() || part(11) > 23 || part(14) > 59 || part(17) > 59) return false;
+  moment = local_days{date} + hours(part(11)) + minutes(part(14)) + seconds(part(17));
   return true;
 }
 

@@ -74,6 +74,9 @@ class ScriptedTray : public TrayIcon {
   void Modify(const std::string& tip) override { Write("modify", tip); }
   void Delete() override { Write("delete", tip_); }
 
+  // A new process begins without a tip.
+  void Reset() { tip_.clear(); }
+
  private:
   void Write(const char* what, const std::string& tip);
 

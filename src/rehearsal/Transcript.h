@@ -6,6 +6,8 @@
 
 namespace brenwick {
 
+class frmMain;
+
 // Members keep the order in which they are put in, so that the same effect is always written alike.
 using Effect = nlohmann::ordered_json;
 
@@ -16,6 +18,8 @@ class Transcript {
   Transcript& operator=(const Transcript&) = delete;
   virtual ~Transcript() = default;
 
+  // The window of the program that the coming steps are about; it stays until the next is named.
+  virtual void Watch(const frmMain&) {}
   // A script object is about to be carried out; steps are counted from 1.
   virtual void BeginStep(int number, const nlohmann::json& step) = 0;
   // Something that the program did to the world.

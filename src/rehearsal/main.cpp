@@ -1,53 +1,52 @@
 #include <unistd.h>
 
+#include <cerrno>
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <memory>
-#include <thread>
+#include <system_error>
 
 #include "base/Failure.h"
 #include "desktop/EspeakVoice.h"
 #include "desktop/IniStore.h"
-#include "desktop/PosixFolders.h"
+#include "rehearsal/Interruption.h"
 #include "rehearsal/Options.h"
+#include "rehearsal/PlainText.h"
 #include "rehearsal/ReadableTranscript.h"
 #include "rehearsal/Rehearsal.h"
+#include "rehearsal/RehearsalFolders.h"
+#include "rehearsal/TemporaryFolder.h"
 
 namespace brenwick {
 namespace {
 
 namespace fs = std::filesystem;
 
-// A folder of its own that goes away at the end.
-class TemporaryFolder {
- public:
-  TemporaryFolder() {
-    std::string pattern = (fs::temp_directory_path() / "brenwick-rehearsal-XXXXXX").string();
-    if (mkdtemp(pattern.data()) == nullptr) throw Failure(kPathFileAccess);
-    path_ = pattern;
-  }
-  TemporaryFolder(const TemporaryFolder&) = delete;
-  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-  ~TemporaryFolder() {
-    std::error_code ignored;
-    fs::remove_all(path_, ignored);
-  }
+enum ExitStatus : int { kDone = 0, kMissing = 1, kWrong = 2, kProgramFault = 3 };
 
-  const fs::path& Path() const { return path_; }
-
- private:
-  fs::path path_;
-};
+std::string Environment(const char* name) {
+  const char* value = std::getenv(name);
+  return value != nullptr ? value : "";
+}
 
 std::string Locale() {
   for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
-    const char* value = std::getenv(name);
-    if (value != nullptr && *value != '\0') return value;
+    if (std::string value = Environment(name); !value.empty()) return value;
   }
   return {};
+}
+
+void Tell(const std::string& message) {
+  std::cerr << "brenwick-rehearse: " << PlainText(message) << '\n';
+}
+
+std::string ProgramFolder(const RehearsalOptions& options) {
+  std::string folder = options.program.empty() ? BRENWICK_PROGRAM_FOLDER : options.program;
+  if (!fs::is_directory(folder)) throw std::runtime_error("there is no program folder " + folder);
+  return folder;
 }
 
 std::unique_ptr<EspeakVoice> MakeEngine(const RehearsalOptions& options) {
@@ -58,82 +57,112 @@ std::unique_ptr<EspeakVoice> MakeEngine(const RehearsalOptions& options) {
   return engine;
 }
 
-int PlayScript(Rehearsal& rehearsal, std::istream& script, const std::string& name) {
-  std::string line;
-  for (int number = 1; std::getline(script, line); ++number) {
-    try {
-      rehearsal.Play(line);
-    } catch (const ScriptFailure& failure) {
-      std::cout.flush();
-      std::cerr << name << ':' << number << ": " << failure.what() << '\n';
-      return 2;
-    }
+void WaitUntilSilent(EspeakVoice* engine) {
+  constexpr std::chrono::milliseconds kSlice{100};
+  constexpr int kSlices = 6000;
+  if (engine == nullptr) return;
+  for (int i = 0; i < kSlices && !Interrupted(); ++i) {
+    if (engine->WaitUntilSilent(kSlice)) return;
   }
-  return 0;
 }
 
 std::unique_ptr<Transcript> MakeTranscript(const RehearsalOptions& options, Clock& clock) {
-  if (options.readable) {
-    return std::make_unique<ReadableTranscript>(std::cout, clock, isatty(STDOUT_FILENO) == 1);
-  }
-  return std::make_unique<JsonTranscript>(std::cout, options.realtime);
+  if (!options.readable) return std::make_unique<JsonTranscript>(std::cout, options.realtime);
+  const bool colour = isatty(STDOUT_FILENO) == 1 && Environment("NO_COLOR").empty() &&
+                      Environment("TERM") != "dumb";
+  return std::make_unique<ReadableTranscript>(std::cout, clock, colour);
 }
 
-int Rehearse(const RehearsalOptions& options, std::istream& script) {
+ExitStatus PlayScript(Rehearsal& rehearsal, std::istream& script, const std::string& name) {
+  const auto fail = [&name](int line, const std::string& what, ExitStatus status) {
+    std::cout.flush();
+    std::cerr << name << ':' << line << ": " << PlainText(what) << '\n';
+    return status;
+  };
+  std::string line;
+  for (int number = 1; !Interrupted() && std::cout && std::getline(script, line); ++number) {
+    try {
+      rehearsal.Play(line);
+    } catch (const ScriptFailure& failure) {
+      return fail(number, failure.what(), kWrong);
+    } catch (const std::exception& exception) {
+      return fail(number, std::string("the program let out an exception: ") + exception.what(),
+                  kProgramFault);
+    }
+  }
+  std::cout.flush();
+  if (script.bad()) throw std::runtime_error("cannot read " + name + " to its end");
+  if (!std::cout && !Interrupted()) throw std::runtime_error("cannot write the transcript");
+  return kDone;
+}
+
+ExitStatus Rehearse(const RehearsalOptions& options, std::istream& script) {
+  const std::string program = ProgramFolder(options);
+  NoteInterruptions();
   const TemporaryFolder temporary;
   const std::string documents =
       options.documents.empty() ? (temporary.Path() / "documents").string() : options.documents;
   const std::string store_file =
       options.store.empty() ? (temporary.Path() / "store.ini").string() : options.store;
-  const std::string program = options.program.empty() ? BRENWICK_PROGRAM_FOLDER : options.program;
 
   ScriptedClock clock;
   ParseMoment("2004-01-10T12:00:00", clock.now);
-  const auto transcript = MakeTranscript(options, clock);
-  PosixFolders folders({documents, program, program + "/brenwick"});
-  IniStore store(store_file, clock,
-                 [](const std::string& message) { std::cerr << message << '\n'; });
+  const auto written = MakeTranscript(options, clock);
+  SameAtEveryRun transcript(*written, temporary.Path().string());
+  RehearsalFolders folders({documents, program, program + "/brenwick"});
+  IniStore store(store_file, clock, Tell);
   const auto engine = MakeEngine(options);
   std::function<void(std::chrono::milliseconds)> pass;
-  if (options.realtime) pass = [](auto time) { std::this_thread::sleep_for(time); };
-  Rehearsal rehearsal({*transcript, clock, folders, store, engine.get(), pass});
-  const int status = PlayScript(rehearsal, script, options.script);
-  std::cout.flush();
-  if (engine) engine->WaitUntilSilent(std::chrono::minutes(10));
+  if (options.realtime) pass = SleepUnlessInterrupted;
+  Rehearsal rehearsal({transcript, clock, folders, store, engine.get(), pass});
+  const ExitStatus status = PlayScript(rehearsal, script, options.script);
+  WaitUntilSilent(engine.get());
   return status;
 }
 
-int Main(const std::vector<std::string>& arguments) {
+ExitStatus RehearseFile(const RehearsalOptions& options) {
+  std::ifstream script(options.script);
+  const int error = errno;
+  if (fs::is_directory(options.script)) {
+    throw std::runtime_error(options.script + " is a folder, not a script");
+  }
+  if (!script) {
+    throw std::runtime_error("cannot read " + options.script + ": " +
+                             std::generic_category().message(error));
+  }
+  return Rehearse(options, script);
+}
+
+ExitStatus Main(const std::vector<std::string>& arguments) {
   const RehearsalOptions options = ParseOptions(arguments);
   if (options.help) {
     std::cout << kRehearsalHelp;
-    return 0;
+    return kDone;
   }
   if (options.version) {
     std::cout << "brenwick-rehearse " << ProgramVersion{}.Plain() << '\n';
-    return 0;
+    return kDone;
   }
-  if (options.sound_device) return EspeakVoice(EspeakOptions{Locale()}).HasSound() ? 0 : 1;
-  if (options.script == "-") return Rehearse(options, std::cin);
-  std::ifstream script(options.script);
-  if (!script || fs::is_directory(options.script)) {
-    std::cerr << "brenwick-rehearse: cannot read " << options.script << '\n';
-    return 1;
+  if (options.sound_device) {
+    return EspeakVoice(EspeakOptions{Locale()}).HasSound() ? kDone : kMissing;
   }
-  return Rehearse(options, script);
+  return options.script == "-" ? Rehearse(options, std::cin) : RehearseFile(options);
 }
 
 }  // namespace
 }  // namespace brenwick
 
 int main(int count, char** values) {
+  int status = brenwick::kMissing;
   try {
-    return brenwick::Main({values + 1, values + count});
+    status = brenwick::Main({values + 1, values + count});
   } catch (const brenwick::OptionFailure& failure) {
-    std::cerr << "brenwick-rehearse: " << failure.what() << "\ntry brenwick-rehearse --help\n";
-    return 2;
-  } catch (const brenwick::Failure& failure) {
-    std::cerr << "brenwick-rehearse: " << failure.Description() << '\n';
-    return 1;
+    brenwick::Tell(failure.what());
+    std::cerr << "try brenwick-rehearse --help\n";
+    status = brenwick::kWrong;
+  } catch (const std::exception& failure) {
+    brenwick::Tell(failure.what());
   }
+  brenwick::EndAsInterrupted();
+  return status;
 }

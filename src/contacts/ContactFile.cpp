@@ -1,0 +1,89 @@
+#include "contacts/ContactFile.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+
+#include "base/Failure.h"
+#include "base/Lines.h"
+#include "base/ProgramState.h"
+#include "language/SystemText.h"
+
+namespace brenwick {
+namespace {
+
+constexpr std::size_t kLinesPerContact = 7;
+
+std::string DatedSuffix(LocalTime now) {
+  const std::chrono::year_month_day date{std::chrono::floor<std::chrono::days>(now)};
+  std::array<char, 40> text{};
+  std::snprintf(text.data(), text.size(), ".damaged-%04d-%02u-%02u", static_cast<int>(date.year()),
+                static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day()));
+  return text.data();
+}
+
+ContactRecord RecordFrom(const std::vector<std::string_view>& lines, std::size_t first) {
+  const auto field = [&](std::size_t i) { return TextFromSystemCodePage(lines[first + i]); };
+  return {field(0), field(1), field(2), field(3), field(4), field(5), field(6)};
+}
+
+// A line end inside a field would move every field behind it.
+void AppendField(std::string& content, std::string field) {
+  std::replace_if(
+      field.begin(), field.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
+  content.append(field).append("\r\n");
+}
+
+std::string FileContent(const std::vector<ContactRecord>& records) {
+  std::string content;
+  for (const ContactRecord& record : records) {
+    if (record.Email.empty()) continue;
+    AppendField(content, record.Email);
+    AppendField(content, record.Name);
+    AppendField(content, record.HasFriendlyName == "True" ? record.FriendlyName : "");
+    AppendField(content, record.Gender);
+    AppendField(content, record.Ignore);
+    AppendField(content, record.Status);
+    AppendField(content, record.HasFriendlyName);
+  }
+  return content;
+}
+
+}  // namespace
+
+void ContactFile::Load() {
+  contacts_.Replace({});
+  unreadable_ = false;
+  if (!folders_.FileExists(Path())) return;
+  unreadable_ = true;
+  const std::string content = folders_.Read(Path());
+  unreadable_ = false;
+  const std::vector<std::string_view> lines = Lines(content);
+  std::vector<ContactRecord> records;
+  for (std::size_t i = 0; i + kLinesPerContact <= lines.size(); i += kLinesPerContact) {
+    records.push_back(RecordFrom(lines, i));
+  }
+  contacts_.Replace(std::move(records));
+  if (lines.size() % kLinesPerContact == 0) return;
+  SetAside(content);
+  throw Failure(kPastEnd);
+}
+
+void ContactFile::Save() {
+  if (unreadable_) return;
+  folders_.Replace(Path(), FileContent(contacts_.Records()));
+}
+
+std::string ContactFile::Path() { return data_.Inside(std::string(kTitle) + ".Lst"); }
+
+// A file kept aside earlier is not written over.
+void ContactFile::SetAside(const std::string& content) {
+  const std::string name = Path() + DatedSuffix(clock_.Now());
+  std::string free = name;
+  for (int i = 2; folders_.FileExists(free); ++i) free = name + "-" + std::to_string(i);
+  unreadable_ = true;
+  folders_.Replace(free, content);
+  unreadable_ = false;
+}
+
+}  // namespace brenwick

@@ -1,0 +1,88 @@
+#include "language/FormTexts.h"
+
+#include <utility>
+
+#include "base/ProgramState.h"
+#include "base/Text.h"
+#include "language/FormTextTable.h"
+#include "language/GetText.h"
+
+namespace brenwick {
+namespace {
+
+constexpr const char* kLineEnd = "\r\n";
+
+// What stands under each heading of the About page.
+struct AboutLine {
+  std::int16_t heading;
+  std::string data;
+};
+
+}  // namespace
+
+FormTexts::FormTexts(Logs& log, frmMain& form, const TextTable& texts, Languages& languages,
+                     StatusWindow& status, Screen& screen, Steps steps)
+    : log_(log),
+      form_(form),
+      texts_(texts),
+      languages_(languages),
+      status_(status),
+      screen_(screen),
+      steps_(std::move(steps)) {
+  form_.cmdLanguage.Click = [this] { cmdLanguage_Click(); };
+}
+
+void FormTexts::SetAlltext(bool silent) {
+  constexpr const char* kProcedure = "SetAlltext";
+  log_.Trap("frmMain", kProcedure, [&] {
+    log_.DebugWrite(kProcedure, "Setting formtext to correct language");
+    if (!silent) status_.StatusForm(true, texts_.LoadText(100));
+    languages_.ReadLanguage(true);
+    status_.SetText(texts_.LoadText(88));
+    form_.lblAbout.SetCaption(AboutText());
+    SetCaptions();
+    form_.lblAbbreviationsFile.SetCaption(GetText(texts_.LoadText(67), steps_.AbbreviationsFile()));
+    if (!silent) status_.StatusForm(false);
+  });
+}
+
+void FormTexts::SetCaptions() {
+  for (const FormText& row : FormTextTable()) row.set(form_, texts_.LoadText(row.id));
+  SetPageTitles();
+}
+
+// The list is filled later in the start; a language chosen afterwards changes its entries.
+void FormTexts::SetPageTitles() {
+  for (int i = 0; i < form_.lstMenu.ListCount(); ++i) {
+    form_.lstMenu.SetList(i, texts_.LoadText(kPageTitles[static_cast<std::size_t>(i)].text));
+  }
+}
+
+std::string FormTexts::AboutText() const {
+  std::string about = texts_.LoadText(125) + kLineEnd + kLineEnd;
+  about += texts_.LoadText(126) + kLineEnd + texts_.LoadText(127) + kLineEnd;
+  for (std::int16_t id = 128; id <= 134; ++id) about += texts_.LoadText(id) + kLineEnd;
+  const AboutLine lines[] = {
+      {135, VersionText()},
+      {136, form_.cmbLanguage.Text()},
+      {137, "eSpeak NG"},
+      {138, kPublisher},
+  };
+  for (const AboutLine& line : lines) {
+    about += texts_.LoadText(line.heading) + kLineEnd + "\t" + line.data + kLineEnd;
+  }
+  return about;
+}
+
+void FormTexts::cmdLanguage_Click() {
+  log_.Trap("frmMain", "cmdLanguage_Click", [&] {
+    if (LowerCase(form_.cmbLanguage.Text()) == "español") {
+      screen_.MessageBox("Translation by:\r\n\r\nBrenwick", "Spanish", BoxIcon::Information,
+                         BoxButtons::Ok);
+    }
+    SetAlltext(false);
+    steps_.DefaultTexts();
+  });
+}
+
+}  // namespace brenwick

@@ -1,0 +1,54 @@
+#include "language/LanguageKey.h"
+
+#include "base/Lines.h"
+#include "base/Text.h"
+#include "language/CodePage.h"
+#include "language/Coding.h"
+
+namespace brenwick {
+namespace {
+
+constexpr const char* kProcedure = "GenerateLaguageKey";
+
+}  // namespace
+
+LanguageKey::LanguageKey(Logs& log, frmMain& form, StatusWindow& status, Folders& folders,
+                         EventLoop& loop)
+    : log_(log), form_(form), status_(status), folders_(folders), loop_(loop) {
+  form_.cmdOrgLanguage.Click = [this] { GenerateLaguageKey(); };
+}
+
+void LanguageKey::GenerateLaguageKey() {
+  log_.Trap("modFunctions", kProcedure, [&] {
+    status_.StatusForm(true, "Writing language");
+    const std::string target = PathIn("Languages", ".TML");
+    const std::string source = folders_.Read(PathIn("OrgLanguages", ".Txt"));
+    if (folders_.FileExists(target)) {
+      folders_.Delete(target);
+      loop_.DoEvents();
+    }
+    folders_.Replace(target, Code(source));
+    status_.StatusForm(false);
+  });
+}
+
+std::string LanguageKey::Code(const std::string& source) {
+  std::string file;
+  LanguageChecksum sum;
+  for (const std::string_view line : Lines(source)) {
+    if (IsBlank(line)) continue;
+    status_.SetText(FromWindows1252(line));
+    loop_.DoEvents();
+    file.append(log_.Trap("modFunctions", "GetCodedString", [&] { return GetCodedString(line); }));
+    file.append("\r\n");
+    sum.Add(line);
+  }
+  return file + std::to_string(sum.Value()) + "\r\n";
+}
+
+std::string LanguageKey::PathIn(const char* folder, const char* extension) const {
+  return folders_.ProgramFolder() + folders_.Separator() + folder + folders_.Separator() +
+         std::string(Trimmed(form_.cmbOrgLanguage.Text())) + extension;
+}
+
+}  // namespace brenwick

@@ -1,0 +1,25 @@
+// The folders of a rehearsal.
+#pragma once
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "desktop/PosixFolders.h"
+
+namespace brenwick {
+
+// Lists files by name: file systems have an order of their own, which is another on each machine
+// and in each copy of a folder.
+class RehearsalFolders : public PosixFolders {
+ public:
+  using PosixFolders::PosixFolders;
+
+  std::vector<std::string> FileNames(const std::string& folder) override {
+    std::vector<std::string> names = PosixFolders::FileNames(folder);
+    std::sort(names.begin(), names.end());
+    return names;
+  }
+};
+
+}  // namespace brenwick

@@ -1,0 +1,166 @@
+#include "settings/Settings.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace brenwick {
+namespace {
+
+constexpr const char* kModule = "modFunctions";
+
+template <typename... Cases>
+struct ByKind : Cases... {
+  using Cases::operator()...;
+};
+template <typename... Cases>
+ByKind(Cases...) -> ByKind<Cases...>;
+
+}  // namespace
+
+void Settings::GetAllSettings() {
+  log_.Trap(kModule, "GetAllSettings", [&] {
+    log_.DebugWrite("GetAllSettings", "Start");
+    status_.SetText(texts_.LoadText(84));
+    FillEmptyStore();
+    ReadKey(kGeneralKey);
+    state_.Language = registry_.ReadText(kGeneralKey, "Language");
+    ReadStartWithWindows();
+    ReadKey(kUserKey);
+    steps_.SetLogCleanTimer();
+    ReadKey(kGridsKey);
+    ReadKey(kVoicesKey);
+    ReadKey(kTextKey);
+    steps_.LoadContacts();
+    steps_.UseRepeatHotKeys();
+    // The line that ends the reading names the procedure that saves.
+    log_.DebugWrite("SaveAllSettings", "Finish");
+  });
+}
+
+// A store without this value is taken for one that nobody has written yet.
+void Settings::FillEmptyStore() {
+  if (!registry_.ReadText(kTextKey, "Online").empty()) return;
+  for (std::int16_t page = 0; page <= 2; ++page) Application_Defaults(page);
+  SaveAllSettings(0);
+}
+
+void Settings::ReadKey(const char* key) {
+  for (const int turn : {0, 1}) {
+    for (const SettingRow& row : SettingsTable()) {
+      if (row.key == std::string_view(key) && row.read_turn == turn) Read(row);
+    }
+  }
+}
+
+void Settings::Read(const SettingRow& row) {
+  const auto stored = [&] { return registry_.ReadText(row.key, row.name); };
+  std::visit(
+      ByKind{
+          [&](CheckBox frmMain::*box) { (form_.*box).SetTicked(stored() == "1"); },
+          [&](TextBox frmMain::*box) {
+            const std::string text = stored();
+            (form_.*box).SetText(text.empty() ? Resolve(row.fallback) : text);
+          },
+          [&](const SortOptions& sort) {
+            const std::string order = stored();
+            (form_.*(order == "E" ? sort.email : order == "M" ? sort.name : sort.contact)).Choose();
+          },
+          [&](DefaultVoiceOptions) {
+            (stored() == "F" ? form_.optFemale : form_.optMale).Choose();
+          },
+          [](const ChosenText&) {},
+      },
+      row.control);
+}
+
+// Whether the program starts with the system is not kept twice: the box shows the entry itself.
+void Settings::ReadStartWithWindows() {
+  form_.chkStartWithWindows.SetTicked(!registry_.ReadText(kRunKey, kTitle).empty());
+}
+
+void Settings::SaveAllSettings(std::int16_t gridsOnly) {
+  log_.Trap(kModule, "SaveAllSettings", [&] {
+    const bool all = gridsOnly == 0;
+    if (all) {
+      log_.DebugWrite("SaveAllSettings", "Start");
+      status_.StatusForm(true, texts_.LoadText(83));
+    }
+    SaveToStore(!all);
+    if (!all) return;
+    steps_.SaveContacts();
+    status_.StatusForm(false);
+    log_.DebugWrite("SaveAllSettings", "Finish");
+  });
+}
+
+// The store gets all values or none.
+void Settings::SaveToStore(bool gridsOnly) {
+  Batch batch(registry_.Store());
+  if (!gridsOnly) {
+    SaveKey(kGeneralKey);
+    SaveKey(kUserKey);
+  }
+  SaveKey(kGridsKey);
+  if (!gridsOnly) {
+    SaveKey(kVoicesKey);
+    SaveKey(kTextKey);
+  }
+  if (batch.Flush()) return;
+  throw Failure(cRegistry::kFailure,
+                "Failed to set registry value Key: '" + std::to_string(HKEY_CURRENT_USER) +
+                    "',Section: '" + kBrenwickKey + "'",
+                kTitle);
+}
+
+void Settings::SaveKey(const char* key) {
+  for (const SettingRow& row : SettingsTable()) {
+    if (row.key == std::string_view(key)) Save(row);
+  }
+}
+
+void Settings::Save(const SettingRow& row) {
+  const auto text = std::visit(
+      ByKind{
+          [&](CheckBox frmMain::*box) -> std::optional<std::string> {
+            return (form_.*box).Ticked() ? "1" : "0";
+          },
+          [&](TextBox frmMain::*box) -> std::optional<std::string> {
+            if ((form_.*box).Text().empty()) (form_.*box).SetText(row.blank);
+            return (form_.*box).Text();
+          },
+          [&](const SortOptions& sort) -> std::optional<std::string> {
+            return (form_.*sort.email).Chosen() ? "E" : (form_.*sort.name).Chosen() ? "M" : "C";
+          },
+          [&](DefaultVoiceOptions) -> std::optional<std::string> {
+            return form_.optFemale.Chosen() ? "F" : "M";
+          },
+          [&](const ChosenText& chosen) -> std::optional<std::string> {
+            const std::string& shown = (form_.*chosen.combo).Text();
+            return shown.empty() ? std::nullopt : std::optional(shown);
+          },
+      },
+      row.control);
+  if (text) registry_.WriteText(row.key, row.name, *text);
+}
+
+void Settings::Application_Defaults(std::int16_t page) {
+  log_.Trap(kModule, "Application_Defaults", [&] {
+    for (const SettingRow& row : SettingsTable()) {
+      if (row.page != page) continue;
+      const std::string value = Resolve(row.reset);
+      if (const auto* box = std::get_if<CheckBox frmMain::*>(&row.control)) {
+        (form_.**box).SetTicked(value == "1");
+      } else if (const auto* text = std::get_if<TextBox frmMain::*>(&row.control)) {
+        (form_.**text).SetText(value);
+      }
+    }
+    if (page == 0) form_.chkStartWithWindows.SetTicked(true);
+  });
+}
+
+std::string Settings::Resolve(const FixedText& text) const {
+  if (text.id != 0) return texts_.LoadText(text.id);
+  return text.literal == nullptr ? std::string() : text.literal;
+}
+
+}  // namespace brenwick

@@ -1,0 +1,69 @@
+// All settings at once: from the store into the controls and back, and the defaults of a page.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+#include "base/ProgramState.h"
+#include "forms/StatusWindow.h"
+#include "forms/frmMain.h"
+#include "language/TextTable.h"
+#include "logging/Logs.h"
+#include "settings/Registry.h"
+#include "settings/SettingsTable.h"
+
+namespace brenwick {
+
+class Settings {
+ public:
+  // The steps that other rooms take while all settings are loaded or saved.
+  struct Steps {
+    std::function<void()> SetLogCleanTimer;
+    std::function<void()> LoadContacts;
+    std::function<void()> SaveContacts;
+    std::function<void()> UseRepeatHotKeys;
+  };
+
+  Settings(Logs& log, ProgramState& state, frmMain& form, const TextTable& texts,
+           StatusWindow& status, Registry& registry, Steps steps)
+      : log_(log),
+        state_(state),
+        form_(form),
+        texts_(texts),
+        status_(status),
+        registry_(registry),
+        steps_(std::move(steps)) {}
+
+  // Fills the controls from the store, with everything that their clicks bring about, and loads
+  // the contact list. An empty store is first filled with the defaults.
+  void GetAllSettings();
+
+  // Writes the controls to the store and saves the contact list; gridsOnly: other than 0 writes the
+  // sort orders alone.
+  void SaveAllSettings(std::int16_t gridsOnly);
+
+  // Resets the controls of a page: 0 General, 1 Text, 2 User; no other number does anything. The
+  // store is not touched.
+  void Application_Defaults(std::int16_t page);
+
+ private:
+  void FillEmptyStore();
+  void ReadKey(const char* key);
+  void Read(const SettingRow& row);
+  void ReadStartWithWindows();
+  void SaveKey(const char* key);
+  void Save(const SettingRow& row);
+  void SaveToStore(bool gridsOnly);
+  std::string Resolve(const FixedText& text) const;
+
+  Logs& log_;
+  ProgramState& state_;
+  frmMain& form_;
+  const TextTable& texts_;
+  StatusWindow& status_;
+  Registry& registry_;
+  Steps steps_;
+};
+
+}  // namespace brenwick
