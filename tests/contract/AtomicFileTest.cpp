@@ -100,6 +100,14 @@ TEST(AtomicFile, ReplacesAFileAndMakesItPrivate) {
   EXPECT_EQ(folder.Names(), Names{"list"});
 }
 
+TEST(AtomicFile, FlushesTheBytesBeforeTheyTakeTheirPlaceAndTheFolderAfterwards) {
+  const TemporaryFolder folder;
+  FailingFileCalls calls;
+  EXPECT_EQ(AtomicFile(folder.Inside("list"), calls).Replace(kNew), 0);
+  EXPECT_EQ(calls.CallNames(), (Names{"Open", "Open", "Fchmod", "Write", "Fsync", "Close", "Rename",
+                                      "Fsync", "Unlink", "Close"}));
+}
+
 TEST(AtomicFile, KeepsTheVersionBefore) {
   const TemporaryFolder folder;
   for (const std::string bytes : {"one", "two", "three"}) {

@@ -84,13 +84,22 @@ class EspeakHostileFile : public EspeakHostileText {
   const std::filesystem::path sound_file_ = voice_.Folder() / "$(touch ran)";
 };
 
-TEST_F(EspeakHostileFile, RunsNoCommand) {
-  for (const std::string end : {"\" />", "\">x</audio>"}) {
-    for (const std::string& text : Disguises("<audio src=\"" + sound_file_.string() + end)) {
-      for (const int flags : {1, 8, 9, 11}) {
-        SayToTheEnd(text, flags);
-        ASSERT_FALSE(CommandRan()) << text;
-      }
+TEST_F(EspeakHostileFile, RunsNoCommandWhateverTheFlags) {
+  const std::string source = "<audio src=\"" + sound_file_.string();
+  for (const std::string& text : {source + "\" />", source + "\">x</audio>"}) {
+    for (int flags = 0; flags < 32; ++flags) {
+      SayToTheEnd(text, flags);
+      ASSERT_FALSE(CommandRan()) << text << flags;
+    }
+  }
+  EXPECT_GT(Rms(voice_.Recorded()), 300);
+}
+
+TEST_F(EspeakHostileFile, RunsNoCommandInDisguise) {
+  for (const std::string& text : Disguises("<audio src=\"" + sound_file_.string() + "\" />")) {
+    for (const int flags : {SVSFlagsAsync, kMarkup}) {
+      SayToTheEnd(text, flags);
+      ASSERT_FALSE(CommandRan()) << text;
     }
   }
   EXPECT_GT(Rms(voice_.Recorded()), 300);
@@ -179,6 +188,17 @@ TEST_F(EspeakHostileText, SpeaksScriptsOfManyKinds) {
     EXPECT_GT(Rms(voice_.Said(text)), 100) << text;
     ExpectNoTraceOf(text, kMarkup);
   }
+}
+
+TEST_F(EspeakHostileText, CrashesNoVoice) {
+  voice_.SetRate(8);
+  for (std::size_t i = 0; i < voice_.GetVoices().size(); ++i) {
+    voice_.SetVoice(i);
+    for (const char* text : {",-\u094B\u0916 a", "'-h", "\"-\u01A7", "1-\u094B", "v'zb", "l?s("}) {
+      voice_.Speak(text, SVSFlagsAsync);
+    }
+  }
+  EXPECT_GT(Rms(voice_.Recorded()), 300);
 }
 
 TEST_F(EspeakHostileText, IsSilencedInTheMiddleOfAnEndlessText) {

@@ -5,6 +5,7 @@
 
 #include <cerrno>
 #include <string>
+#include <vector>
 
 #include "desktop/FileCalls.h"
 
@@ -22,7 +23,9 @@ class FailingFileCalls : public FileCalls {
   // The most bytes that one Write takes; 0 is no limit.
   std::size_t short_write = 0;
 
-  int Count() const { return count_; }
+  int Count() const { return static_cast<int>(names_.size()); }
+  // The names of the calls, in their order.
+  const std::vector<std::string>& CallNames() const { return names_; }
   // The name of the call that failed; empty when none did.
   const std::string& Failed() const { return failed_; }
 
@@ -64,7 +67,8 @@ class FailingFileCalls : public FileCalls {
 
  private:
   bool Fails(const std::string& name) {
-    const bool now = ++count_ == failing;
+    names_.push_back(name);
+    const bool now = Count() == failing;
     if (now && dies) ::_exit(0);
     if (!now && name != always) return false;
     if (now) failed_ = name;
@@ -72,7 +76,7 @@ class FailingFileCalls : public FileCalls {
     return true;
   }
 
-  int count_ = 0;
+  std::vector<std::string> names_;
   std::string failed_;
 };
 

@@ -108,6 +108,7 @@ TEST_P(FoldersContract, ListsFilesAndNoFolders) {
 TEST_P(FoldersContract, MakesOneFolderAtATime) {
   EXPECT_EQ(FailureOf([&] { folders_->CreateFolder(At("none/folder")); }), kPathNotFound);
   EXPECT_FALSE(folders_->FolderExists(At("none")));
+  EXPECT_EQ(FailureOf([&] { folders_->CreateFolder(""); }), kPathNotFound);
   folders_->CreateFolder(At("folder"));
   EXPECT_EQ(FailureOf([&] { folders_->CreateFolder(At("folder")); }), kPathFileAccess);
   folders_->Append(At("file"), "x");

@@ -51,7 +51,7 @@ TEST(IniFormat, RefusesEveryLineThatIsNone) {
                                  "\"a\" \"b\""}) {
     EXPECT_FALSE(FromIni("[key]\nx = \"1\"\n" + line + "\n")) << line;
   }
-  EXPECT_FALSE(FromIni(std::string("a = \"\0\"\n", 9)));
+  EXPECT_FALSE(FromIni(std::string("a = \"\0\"\n", 8)));
   EXPECT_FALSE(FromIni(std::string(4096, '\0')));
   EXPECT_FALSE(FromIni("a = \"\x01\"\n"));
   EXPECT_FALSE(FromIni("[" + std::string(100'000, 'a') + "]\n"));

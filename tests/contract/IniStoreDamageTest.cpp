@@ -1,7 +1,11 @@
 // Files of the settings store that are damaged or cannot be read.
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include <filesystem>
 
 #include "contract/IniStoreFixture.h"
+#include "desktop/IniFormat.h"
 
 namespace brenwick {
 namespace {
@@ -12,7 +16,9 @@ class IniStoreDamageTest : public IniStoreFixture {};
 
 TEST_F(IniStoreDamageTest, SetsADamagedFileAsideAndTakesTheBackup) {
   for (const std::string& damaged : {std::string("[Software\\Bren"), std::string(512, '\0'),
-                                     BytesOf("/proc/self/exe"), std::string()}) {
+                                     std::string("\x7F"
+                                                 "ELF\x02\x01\n"),
+                                     std::string()}) {
     told_.clear();
     for (const std::string& name : folder_.Names()) std::filesystem::remove(folder_.Inside(name));
     WriteTwoVersions();
@@ -67,6 +73,54 @@ TEST_F(IniStoreDamageTest, KeepsADamagedFileThatCannotBeSetAside) {
   EXPECT_EQ(folder_.Names(), (Names{"store.ini", "store.ini.bak", "store.ini.lock"}));
   calls.always = "";
   EXPECT_TRUE(store.WriteValue(kKey, "Mute", Text("1")));
+  EXPECT_EQ(BytesOf(Damaged()), "garbage");
+}
+
+// Whichever call fails or is the last one, the damaged bytes lie in the file or in their copy.
+TEST_F(IniStoreDamageTest, NeverLosesADamagedFileWhicheverCallFails) {
+  const auto run = [](int number, bool dies) {
+    const TemporaryFolder folder;
+    const std::string file = folder.Inside("store.ini");
+    SetBytes(file, "garbage");
+    SetBytes(file + ".bak", "a = \"1\"\n");
+    TestClock clock;
+    const auto start = [&](FileCalls& calls) {
+      IniStore(
+          file, clock, [](const auto&) {}, calls);
+    };
+    FailingFileCalls calls;
+    calls.failing = number;
+    calls.dies = dies;
+    const pid_t child = dies ? ::fork() : 0;
+    if (child == 0) start(calls);
+    if (child == 0 && dies) ::_exit(1);
+    int status = 0;
+    EXPECT_TRUE(!dies || ::waitpid(child, &status, 0) == child);
+    const std::string copy = file + ".damaged-2004-01-10";
+    const std::string bytes = BytesOf(file);
+    EXPECT_TRUE(bytes == "garbage" || FromIni(bytes)) << number;
+    EXPECT_TRUE(bytes == "garbage" || BytesOf(copy) == "garbage") << number;
+    start(SystemCalls());
+    EXPECT_EQ(FromIni(BytesOf(file))->Find("", "a"), Text("1")) << number;
+    EXPECT_EQ(BytesOf(copy), "garbage") << number;
+    return dies ? WEXITSTATUS(status) == 0 : !calls.Failed().empty();
+  };
+  for (const bool dies : {false, true}) {
+    int number = 1;
+    while (run(number, dies)) ++number;
+    EXPECT_GT(number, 20);
+  }
+}
+
+TEST_F(IniStoreDamageTest, TakesTheBackupWhereTheFileTurnsOutToBeDamagedLater) {
+  WriteTwoVersions();
+  SetBytes(File(), "garbage");
+  FailingFileCalls calls;
+  calls.always = "Open";
+  IniStore store = Store(calls);
+  calls.always = "";
+  EXPECT_TRUE(store.WriteValue(kKey, "Mute", Text("1")));
+  EXPECT_EQ(store.ReadValue(kKey, "Version"), Text("backup"));
   EXPECT_EQ(BytesOf(Damaged()), "garbage");
 }
 

@@ -14,6 +14,10 @@
 
 namespace brenwick {
 
+inline constexpr const char* kKey = "Software\\Brenwick\\General";
+
+inline RegistryValue Text(std::string text) { return {REG_SZ, std::move(text), 0}; }
+
 class IniStoreFixture : public testing::Test {
  protected:
   IniStore Store(FileCalls& calls = SystemCalls()) {
@@ -23,9 +27,6 @@ class IniStoreFixture : public testing::Test {
   std::string File() const { return folder_.Inside("store.ini"); }
   std::string Backup() const { return folder_.Inside("store.ini.bak"); }
   std::string Damaged() const { return folder_.Inside("store.ini.damaged-2004-01-10"); }
-
-  static constexpr const char* kKey = "Software\\Brenwick\\General";
-  static RegistryValue Text(std::string text) { return {REG_SZ, std::move(text), 0}; }
 
   // One value in the file and another in the backup.
   void WriteTwoVersions() {

@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "contract/IniStoreFixture.h"
+#include "desktop/IniFormat.h"
 
 namespace brenwick {
 namespace {

@@ -1,69 +1,20 @@
 // Each kind of control by both its doors: the program's properties and the user's actions.
-#include <gtest/gtest.h>
+#include "unit/ControlsTest.h"
 
-#include <memory>
-#include <stdexcept>
+#include <exception>
 #include <string>
-#include <utility>
 #include <vector>
 
-#include "base/Failure.h"
 #include "controls/Buttons.h"
-#include "controls/ComboBox.h"
 #include "controls/HotKeyControl.h"
 #include "controls/Labels.h"
-#include "controls/ListBox.h"
 #include "controls/MenuItem.h"
 #include "controls/TextBox.h"
 #include "controls/Timer.h"
 #include "controls/Winsock.h"
-#include "forms/Window.h"
 
 namespace brenwick {
 namespace {
-
-using Lines = std::vector<std::string>;
-
-class ControlsTest : public testing::Test {
- protected:
-  std::function<void()> Count() {
-    return [this] { ++count; };
-  }
-  // How often the views are told during the call.
-  template <typename Call>
-  int Changes(const Control& control, const Call& call) {
-    int changes = 0;
-    const Subscription subscription = control.Changed.Observe([&] { ++changes; });
-    call();
-    return changes;
-  }
-  template <typename Call>
-  void ExpectUserShutOut(Control& control, const Call& user) {
-    control.SetEnabled(false);
-    user();
-    control.SetEnabled(true);
-    control.SetVisible(false);
-    user();
-    control.SetVisible(true);
-    EXPECT_EQ(count, 0);
-    user();
-    EXPECT_GT(count, 0);
-  }
-
-  Window window;
-  Place place{window, 3};
-  int count = 0;
-};
-
-template <typename Call>
-void ExpectInvalidCall(const Call& call) {
-  try {
-    call();
-    ADD_FAILURE() << "no failure";
-  } catch (const Failure& failure) {
-    EXPECT_EQ(failure.Number(), kInvalidCall);
-  }
-}
 
 TEST_F(ControlsTest, AreListedInTheirWindowWhileTheyLive) {
   Label first{place, "lblFirst", ""};
@@ -93,7 +44,7 @@ TEST_F(ControlsTest, TellTheirViewsOnlyOfWhatDiffers) {
 }
 
 TEST_F(ControlsTest, AskForTheFocus) {
-  const TextBox box{place, "txt"};
+  TextBox box{place, "txt"};
   const Subscription subscription = box.FocusWanted.Observe(Count());
   box.SetFocus();
   EXPECT_EQ(count, 1);
@@ -120,12 +71,12 @@ TEST_F(ControlsTest, CheckBoxClicksFromCodeOnlyWhenTheValueChanges) {
 
 TEST_F(ControlsTest, CheckBoxShowsTheNewValueToItsClickAndViews) {
   CheckBox box{place, "chk", ""};
-  Lines seen;
+  Texts seen;
   box.Click = [&] { seen.emplace_back(box.Ticked() ? "click ticked" : "click"); };
   const Subscription subscription =
       box.Changed.Observe([&] { seen.emplace_back(box.Ticked() ? "view ticked" : "view"); });
   box.SetTicked(true);
-  EXPECT_EQ(seen, (Lines{"view ticked", "click ticked"}));
+  EXPECT_EQ(seen, (Texts{"view ticked", "click ticked"}));
 }
 
 TEST_F(ControlsTest, CheckBoxTurnsWithEachClickOfTheUser) {
@@ -168,12 +119,12 @@ TEST_F(OptionsTest, ChoosingOneClearsTheOthersOfItsGroup) {
 }
 
 TEST_F(OptionsTest, OnlyTheNewlyChosenOneClicks) {
-  Lines clicks;
+  Texts clicks;
   first.Click = [&] { clicks.emplace_back("first"); };
   second.Click = [&] { clicks.emplace_back(first.Chosen() ? "too early" : "second"); };
   second.Choose();
   second.Choose();
-  EXPECT_EQ(clicks, (Lines{"second"}));
+  EXPECT_EQ(clicks, (Texts{"second"}));
 }
 
 TEST_F(OptionsTest, MouseGivesMouseUpAndTheKeyboardDoesNot) {
@@ -245,130 +196,84 @@ TEST_F(ControlsTest, TextBoxIsShutForTheUserWhileDisabledOrHidden) {
   ExpectUserShutOut(box, [&] { box.UserLeaves(); });
 }
 
-TEST_F(ControlsTest, ListKeepsLinesAsTheyAreAdded) {
-  ListBox list{place, "lst"};
-  for (const char* line : {"b", "a", "c"}) list.AddItem(line);
-  EXPECT_EQ(list.Items(), (Lines{"b", "a", "c"}));
-  EXPECT_EQ(list.NewIndex(), 2);
-  EXPECT_EQ(list.ListCount(), 3);
-  EXPECT_EQ(list.List(1), "a");
-  EXPECT_EQ(list.List(-1), "");
-  EXPECT_EQ(list.List(3), "");
+TEST_F(ControlsTest, MenuItemClicks) {
+  MenuItem item{window, "mnu", "&Mute"};
+  EXPECT_EQ(Changes(item, [&] { item.SetChecked(true); }), 1);
+  EXPECT_EQ(Changes(item, [&] { item.SetChecked(true); }), 0);
+  EXPECT_TRUE(item.Checked());
+  item.UserClick();  // nobody is told
+  item.Click = Count();
+  ExpectUserShutOut(item, [&] { item.UserClick(); });
+  EXPECT_TRUE(item.Checked());
 }
 
-TEST_F(ControlsTest, SortedListPutsEachLineInItsPlace) {
-  ListBox list{place, "lst", ListBox::Order::Sorted};
-  std::vector<int> places;
-  for (const char* line : {"dora", "Anna", "éva", "Bert", "anna", "ÉVA"}) {
-    list.AddItem(line);
-    places.push_back(list.NewIndex());
+TEST_F(ControlsTest, MenuItemArrayGrowsByOne) {
+  MenuItemArray items{window, "mnu", "first"};
+  EXPECT_EQ(items.Count(), 1);
+  EXPECT_EQ(items[0].Caption(), "first");
+  items.Load(1).SetCaption("second");
+  EXPECT_EQ(items.Count(), 2);
+  items.Load(0);
+  items.Load(1);
+  EXPECT_EQ(items.Count(), 2);
+  EXPECT_EQ(items[1].Caption(), "second");
+  EXPECT_EQ(window.Find("mnu", 1), &items[1]);
+  EXPECT_THROW(items.Load(3), std::exception);
+  EXPECT_THROW(items[-1], std::exception);
+  EXPECT_EQ(items.Count(), 2);
+}
+
+TEST_F(ControlsTest, MenuItemArrayTellsWhichItemWasClicked) {
+  MenuItemArray items{window, "mnu", ""};
+  items.Load(1);
+  items[1].UserClick();  // nobody is told
+  items.Click = [&](int index) { count = 10 + index; };
+  ExpectUserShutOut(items[1], [&] { items[1].UserClick(); });
+  EXPECT_EQ(count, 11);
+  items[0].UserClick();
+  EXPECT_EQ(count, 10);
+}
+
+class NotingDriver : public SocketDriver {
+ public:
+  void Connect(const std::string& host, int port) override {
+    calls.push_back("connect " + host + " " + std::to_string(port));
   }
-  EXPECT_EQ(list.Items(), (Lines{"Anna", "anna", "Bert", "dora", "éva", "ÉVA"}));
-  EXPECT_EQ(places, (std::vector<int>{0, 0, 2, 1, 1, 5}));
+  void SendData(const std::string& data) override { calls.push_back("send " + data); }
+  std::string GetData() override { return "data"; }
+  void Close() override { calls.emplace_back("close"); }
+
+  Texts calls;
+};
+
+TEST_F(ControlsTest, SocketHandsItsCallsToTheDriver) {
+  Winsock socket{window, "wsc"};
+  NotingDriver driver;
+  socket.SetDriver(&driver);
+  socket.Connect("example.org", 80);
+  socket.SendData("GET");
+  EXPECT_EQ(socket.GetData(), "data");
+  socket.SetState(SocketState::Connected);
+  EXPECT_EQ(socket.State(), SocketState::Connected);
+  socket.Close();
+  EXPECT_EQ(socket.State(), SocketState::Closed);
+  EXPECT_EQ(driver.calls, (Texts{"connect example.org 80", "send GET", "close"}));
+  socket.SetLocalPort(7);
+  EXPECT_EQ(socket.LocalPort(), 7);
 }
 
-TEST_F(ControlsTest, ListClicksWhenAnotherLineIsSelectedFromCode) {
-  ListBox list{place, "lst"};
-  list.AddItem("a");
-  list.AddItem("b");
-  list.Click = Count();
-  list.SetListIndex(1);
-  EXPECT_EQ(count, 1);
-  list.SetListIndex(1);
-  EXPECT_EQ(count, 1);
-  list.SetListIndex(-1);
-  EXPECT_EQ(count, 2);
-  ExpectInvalidCall([&] { list.SetListIndex(2); });
-  ExpectInvalidCall([&] { list.SetListIndex(-2); });
-  EXPECT_EQ(list.ListIndex(), -1);
-}
-
-TEST_F(ControlsTest, SelectedLineStaysSelectedWhenLinesCome) {
-  ListBox list{place, "lst", ListBox::Order::Sorted};
-  list.AddItem("m");
-  list.SetListIndex(0);
-  list.Click = Count();
-  list.AddItem("z");
-  EXPECT_EQ(list.ListIndex(), 0);
-  list.AddItem("a");
-  EXPECT_EQ(list.ListIndex(), 1);
-  EXPECT_EQ(list.List(list.ListIndex()), "m");
-  EXPECT_EQ(count, 0);
-}
-
-TEST_F(ControlsTest, SelectedLineStaysSelectedWhenOthersGo) {
-  ListBox list{place, "lst"};
-  for (const char* line : {"a", "b", "c", "d"}) list.AddItem(line);
-  list.SetListIndex(2);
-  list.Click = Count();
-  list.RemoveItem(3);
-  EXPECT_EQ(list.ListIndex(), 2);
-  list.RemoveItem(0);
-  EXPECT_EQ(list.ListIndex(), 1);
-  list.RemoveItem(1);
-  EXPECT_EQ(list.ListIndex(), -1);
-  EXPECT_EQ(list.Items(), (Lines{"b"}));
-  EXPECT_EQ(count, 0);
-  ExpectInvalidCall([&] { list.RemoveItem(1); });
-  ExpectInvalidCall([&] { list.RemoveItem(-1); });
-}
-
-TEST_F(ControlsTest, ClearedListIsEmpty) {
-  ListBox list{place, "lst"};
-  list.AddItem("a");
-  list.SetListIndex(0);
-  list.Click = Count();
-  list.Clear();
-  EXPECT_EQ(list.Items(), Lines{});
-  EXPECT_EQ(list.ListIndex(), -1);
-  EXPECT_EQ(list.NewIndex(), -1);
-  EXPECT_EQ(count, 0);
-}
-
-TEST_F(ControlsTest, ListTellsItsViewsWhatHappenedToWhichLine) {
-  ListBox list{place, "lst", ListBox::Order::Sorted};
-  Lines told;
-  const Subscription added =
-      list.LineAdded.Observe([&](int at) { told.push_back("+" + std::to_string(at)); });
-  const Subscription removed =
-      list.LineRemoved.Observe([&](int at) { told.push_back("-" + std::to_string(at)); });
-  const Subscription cleared = list.LinesCleared.Observe([&] { told.emplace_back("0"); });
-  const Subscription changed = list.Changed.Observe([&] { told.emplace_back("changed"); });
-  list.AddItem("b");
-  list.AddItem("a");
-  list.RemoveItem(1);
-  list.Clear();
-  EXPECT_EQ(told, (Lines{"+0", "changed", "+0", "changed", "-1", "changed", "0", "changed"}));
-}
-
-TEST_F(ControlsTest, ListClicksAtEachClickOfTheUser) {
-  ListBox list{place, "lst"};
-  list.AddItem("a");
-  list.SetListIndex(0);
-  list.Click = Count();
-  ExpectUserShutOut(list, [&] { list.UserSelect(0); });
-  EXPECT_EQ(count, 1);
-  list.UserSelect(1);
-  EXPECT_EQ(count, 1);
-  EXPECT_EQ(list.ListIndex(), 0);
-}
-
-TEST_F(ControlsTest, ListPassesDoubleClicksAndKeysOn) {
-  ListBox list{place, "lst"};
-  list.DblClick = Count();
-  ExpectUserShutOut(list, [&] { list.UserDoubleClick(); });
-  count = 0;
-  list.KeyPress = [&](int character) { count += character; };
-  ExpectUserShutOut(list, [&] { list.UserKey(13); });
-  EXPECT_EQ(count, 13);
-}
-
-TEST_F(ControlsTest, ListKeepsWhereItsColumnsBegin) {
-  ListBox list{place, "lst"};
-  EXPECT_EQ(Changes(list, [&] { list.SetTabStops({40, 80}); }), 1);
-  EXPECT_EQ(Changes(list, [&] { list.SetHorizontalExtent(300); }), 1);
-  EXPECT_EQ(list.TabStops(), (std::vector<int>{40, 80}));
-  EXPECT_EQ(list.HorizontalExtent(), 300);
+TEST_F(ControlsTest, SocketWithoutADriverDoesNothing) {
+  Winsock socket{window, "wsc"};
+  EXPECT_EQ(Changes(socket,
+                    [&] {
+                      socket.Connect("example.org", 80);
+                      socket.SendData("GET");
+                      socket.Close();
+                    }),
+            0);
+  EXPECT_EQ(socket.GetData(), "");
+  EXPECT_EQ(socket.State(), SocketState::Closed);
+  EXPECT_EQ(static_cast<int>(SocketState::Error), 9);
 }
 
 TEST_F(ControlsTest, TimerBelongsToTheWorld) {

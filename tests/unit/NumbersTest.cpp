@@ -122,6 +122,13 @@ TEST(LeadingInteger16, ReadsAndRounds) {
   ExpectFailure(kOverflow, [] { LeadingInteger16(std::string(400, '9')); });
 }
 
+TEST(WholeNumber, TakesTheWholeTextUnrounded) {
+  EXPECT_EQ(WholeNumber(" 2.25 "), 2.25);
+  EXPECT_EQ(WholeNumber("-100000"), -100000);
+  ExpectFailure(kTypeMismatch, [] { WholeNumber(""); });
+  ExpectFailure(kTypeMismatch, [] { WholeNumber("2.25x"); });
+}
+
 TEST(WholeInteger16, TakesTheWholeTextAsANumber) {
   EXPECT_EQ(WholeInteger16("365"), 365);
   EXPECT_EQ(WholeInteger16("  -7  "), -7);
