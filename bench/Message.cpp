@@ -13,6 +13,11 @@ std::size_t allocations = 0;
 
 }  // namespace
 
+// GCC does not see that these replace each other's counterparts.
+#if defined(__GNUC__) && !defined(__clang__)
+#pragma GCC diagnostic ignored "-Wmismatched-new-delete"
+#endif
+
 void* operator new(std::size_t size) {
   ++allocations;
   void* memory = std::malloc(size == 0 ? 1 : size);

@@ -13,8 +13,6 @@ constexpr const char* kModule = "frmMain";
 // Twips.
 constexpr int kWidth = 5829;
 constexpr int kHeight = 4200;
-constexpr int kPageLeft = 1800;
-constexpr int kPageTop = 120;
 
 constexpr std::size_t kTipLength = 64;
 

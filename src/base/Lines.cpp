@@ -14,4 +14,10 @@ std::vector<std::string_view> Lines(std::string_view content) {
   return lines;
 }
 
+std::string_view WithoutByteOrderMark(std::string_view content) {
+  constexpr std::string_view kMark = "\xEF\xBB\xBF";
+  if (content.starts_with(kMark)) content.remove_prefix(kMark.size());
+  return content;
+}
+
 }  // namespace brenwick

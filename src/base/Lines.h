@@ -11,4 +11,7 @@ namespace brenwick {
 // stands behind the last line end is a line of its own unless it is empty.
 std::vector<std::string_view> Lines(std::string_view content);
 
+// The content without the mark that some editors put in front of UTF-8; it is no text.
+std::string_view WithoutByteOrderMark(std::string_view content);
+
 }  // namespace brenwick

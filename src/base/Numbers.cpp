@@ -37,8 +37,10 @@ Parsed ParseDecimal(std::string_view text) {
   Parsed result{0, end};
   const auto read = std::from_chars(text.data() + sign, text.data() + end, result.value,
                                     std::chars_format::fixed);
+  // Out of range is either far too large or, without a digit before the point, next to nothing.
+  const bool large = text.substr(sign, whole).find_first_not_of('0') != std::string_view::npos;
   if (read.ec == std::errc::result_out_of_range) {
-    result.value = std::numeric_limits<double>::infinity();
+    result.value = large ? std::numeric_limits<double>::infinity() : 0;
   }
   if (text[0] == '-') result.value = -result.value;
   return result;

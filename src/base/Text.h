@@ -36,8 +36,7 @@ std::string_view FirstCharacters(std::string_view text, std::size_t count);
 std::string_view AfterCharacters(std::string_view text, std::size_t count);
 std::size_t CharacterCount(std::string_view text);
 
-// True where both texts are equal when upper and lower case do not matter; the order that a
-// sorted list keeps is LessIgnoringCase.
+// The order that a sorted list keeps: by characters, upper and lower case alike.
 bool LessIgnoringCase(std::string_view a, std::string_view b);
 
 }  // namespace brenwick

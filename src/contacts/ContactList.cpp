@@ -64,7 +64,7 @@ void ContactList::Change(ContactRecord& record, std::string_view code, const std
 std::string ContactList::GetContactValue(const std::string& email, std::string_view code) const {
   // The lookup reports its failures under this procedure's name.
   return log_.Trap(kModule, "UseRepeatHotKeys", [&]() -> std::string {
-    const ContactRecord* record = Find(email);
+    const ContactRecord* record = FindRecord(email);
     if (record == nullptr) return code == "S" || code == "I" || code == "G" ? "Unknown" : "";
     if (code == "E") return record->Email;
     if (code == "N") return record->Name;
@@ -77,13 +77,17 @@ std::string ContactList::GetContactValue(const std::string& email, std::string_v
 }
 
 ContactRecord* ContactList::Find(const std::string& email) {
-  return const_cast<ContactRecord*>(std::as_const(*this).Find(email));
+  return const_cast<ContactRecord*>(FindRecord(email));
 }
 
-const ContactRecord* ContactList::Find(const std::string& email) const {
+const ContactRecord* ContactList::FindRecord(const std::string& email) const {
   const auto found = std::find_if(records_.begin(), records_.end(),
                                   [&](const auto& record) { return record.Email == email; });
   return found == records_.end() ? nullptr : &*found;
+}
+
+void ContactList::SetAllIgnored(const std::string& value) {
+  for (ContactRecord& record : records_) record.Ignore = value;
 }
 
 std::string ContactList::SpokenName(const ContactRecord& record) const {

@@ -47,6 +47,12 @@ class ContactList {
   std::string GenderWord(const ContactRecord& record) const;
   std::string IgnoreWord(const ContactRecord& record) const;
 
+  // The first record with that address; nullptr where there is none.
+  const ContactRecord* FindRecord(const std::string& email) const;
+
+  // Sets the ignore flag of every record, free slots included.
+  void SetAllIgnored(const std::string& value);
+
   const std::vector<ContactRecord>& Records() const { return records_; }
   void Replace(std::vector<ContactRecord> records) { records_ = std::move(records); }
 
@@ -58,7 +64,6 @@ class ContactList {
  private:
   void Append(ContactRecord record);
   ContactRecord* Find(const std::string& email);
-  const ContactRecord* Find(const std::string& email) const;
   static void Change(ContactRecord& record, std::string_view code, const std::string& value);
   std::string SpokenName(const ContactRecord& record) const;
   std::string StateText(const ContactRecord& record) const;

@@ -6,6 +6,18 @@
 #include "base/Text.h"
 
 namespace brenwick {
+namespace {
+
+// The key code of the key that types a character. Letters, digits and control keys have their
+// character's; the other keys' codes vary with the keyboard and nobody asks for them.
+int KeyCodeOf(char32_t character) {
+  const char32_t upper = UpperCase(character);
+  const bool letter = upper >= U'A' && upper <= U'Z';
+  const bool digit = upper >= U'0' && upper <= U'9';
+  return letter || digit || upper <= U' ' ? static_cast<int>(upper) : 0;
+}
+
+}  // namespace
 
 void ComboBox::Clear() {
   items_.clear();
@@ -30,9 +42,7 @@ void ComboBox::SetListIndex(int position) {
 
 void ComboBox::SetText(std::string text) {
   if (text == text_) return;
-  const bool still_selected =
-      list_index_ >= 0 && items_[static_cast<std::size_t>(list_index_)] == text;
-  if (!still_selected) list_index_ = -1;
+  list_index_ = -1;
   sel_start_ = std::min(sel_start_, CharacterCount(text));
   sel_length_ = 0;
   if (Update(text_, std::move(text)) && Change) Change();
@@ -51,7 +61,7 @@ void ComboBox::UserSelect(int position) {
 
 void ComboBox::UserTypesCharacter(char32_t character) {
   if (!CanUse()) return;
-  UserKeyDown(static_cast<int>(UpperCase(character)));
+  UserKeyDown(KeyCodeOf(character));
   UserKeyPress(static_cast<int>(character));
   if (character >= kFirstPrintable) {
     ReplaceSelection(std::u32string_view(&character, 1));
@@ -84,8 +94,9 @@ void ComboBox::ReplaceSelection(std::u32string_view with) {
   std::u32string characters = Characters(text_);
   const std::size_t start = std::min(sel_start_, characters.size());
   characters.replace(start, std::min(sel_length_, characters.size() - start), with);
-  sel_start_ = start + with.size();
-  SetText(ToUtf8(characters));
+  const std::string text = ToUtf8(characters);
+  Select(start + with.size(), 0);
+  SetText(text);
 }
 
 }  // namespace brenwick

@@ -31,7 +31,7 @@ class ListBox : public Control {
   void AddItem(std::string line);
   // Raises kInvalidCall when there is no such line.
   void RemoveItem(int position);
-  // The position of the line that was added last; −1 when there is none.
+  // Where the line that was added last was put; −1 before the first and after Clear.
   int NewIndex() const { return new_index_; }
 
   // The selected line, −1 for none. Setting another line runs Click; a position outside the list

@@ -17,6 +17,7 @@ constexpr std::chrono::milliseconds kRoomAgain{20};
 constexpr std::chrono::seconds kRestAfter{10};
 
 std::unique_ptr<SoundOutput> MakeOutput(const EspeakOptions& options, int sample_rate) {
+  if (options.output) return options.output(sample_rate);
   if (options.wav_file.empty()) return std::make_unique<SoundDevice>(sample_rate);
   const auto pace = options.as_heard ? WavFile::Pace::kAsHeard : WavFile::Pace::kAtOnce;
   return std::make_unique<WavFile>(options.wav_file, sample_rate, pace);

@@ -18,6 +18,7 @@
 #include <cstdint>
 #include <deque>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <span>
@@ -39,6 +40,8 @@ struct EspeakOptions {
   // The file is written only as fast as it would be heard, so that a purge cuts what would not
   // have been heard.
   bool as_heard = false;
+  // Makes another output than these two, for samples at the given rate.
+  std::function<std::unique_ptr<SoundOutput>(int sample_rate)> output = {};
 };
 
 class EspeakVoice : public SpVoice {

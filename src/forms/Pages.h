@@ -25,6 +25,10 @@ enum Page : int {
 
 inline constexpr int kPageCount = 16;
 
+// Where all pages stand in the window, in twips.
+inline constexpr int kPageLeft = 1800;
+inline constexpr int kPageTop = 120;
+
 // The entries of the page list, with the numbers of the texts that title them. Contact info has
 // none: it opens from the contact list.
 struct PageTitle {

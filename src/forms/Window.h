@@ -21,7 +21,8 @@ class Window : public ControlList {
 
   WindowState State() const { return state_; }
   // Minimizes the window or restores it to normal; Resize runs when the state changes. A minimized
-  // window counts as visible, as its button in the task bar, until it is hidden.
+  // window counts as visible, as its button in the task bar, until it is hidden; views look at
+  // Visible() again when the state changes.
   void SetState(WindowState state);
 
   bool Visible() const { return visible_; }

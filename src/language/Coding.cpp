@@ -12,7 +12,6 @@ namespace brenwick {
 namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 int CodeOf(char byte) { return static_cast<unsigned char>(byte); }
 
@@ -29,11 +28,10 @@ std::string Shifted(std::string_view line, int direction) {
   return result;
 }
 
-// The source's lines in the code page. Editors may put a byte order mark in front; it is no text.
+// The source's lines in the code page.
 std::vector<std::string> SourceLines(std::string_view source) {
-  if (source.starts_with(kByteOrderMark)) source.remove_prefix(kByteOrderMark.size());
   std::vector<std::string> lines;
-  for (const std::string_view line : Lines(source)) {
+  for (const std::string_view line : Lines(WithoutByteOrderMark(source))) {
     std::optional<std::string> bytes = ToWindows1252(line);
     if (!bytes) throw SourceFailure(lines.size() + 1, "a character that Windows-1252 lacks");
     lines.push_back(std::move(*bytes));

@@ -38,9 +38,9 @@ void ErrorReport::Show(const std::string& module, const std::string& procedure, 
 }
 
 void ErrorReport::ReportItselfFailed(std::int32_t number) {
-  status_.StatusForm(false);
-  screen_.MessageBox("Error in ErrorHandler", kTitle, BoxIcon::Critical, BoxButtons::Ok);
   try {
+    status_.StatusForm(false);
+    screen_.MessageBox("Error in ErrorHandler", kTitle, BoxIcon::Critical, BoxButtons::Ok);
     if (state_.Debug) {
       files_.WriteDebugLine("Errorhandler", "Error in errorhandler " + std::to_string(number));
     }

@@ -15,17 +15,15 @@
 #include "rehearsal/Interruption.h"
 #include "rehearsal/Options.h"
 #include "rehearsal/PlainText.h"
+#include "rehearsal/PlayScript.h"
 #include "rehearsal/ReadableTranscript.h"
-#include "rehearsal/Rehearsal.h"
 #include "rehearsal/RehearsalFolders.h"
-#include "rehearsal/TemporaryFolder.h"
+#include "rehearsal/ScratchFolder.h"
 
 namespace brenwick {
 namespace {
 
 namespace fs = std::filesystem;
-
-enum ExitStatus : int { kDone = 0, kMissing = 1, kWrong = 2, kProgramFault = 3 };
 
 std::string Environment(const char* name) {
   const char* value = std::getenv(name);
@@ -73,33 +71,10 @@ std::unique_ptr<Transcript> MakeTranscript(const RehearsalOptions& options, Cloc
   return std::make_unique<ReadableTranscript>(std::cout, clock, colour);
 }
 
-ExitStatus PlayScript(Rehearsal& rehearsal, std::istream& script, const std::string& name) {
-  const auto fail = [&name](int line, const std::string& what, ExitStatus status) {
-    std::cout.flush();
-    std::cerr << name << ':' << line << ": " << PlainText(what) << '\n';
-    return status;
-  };
-  std::string line;
-  for (int number = 1; !Interrupted() && std::cout && std::getline(script, line); ++number) {
-    try {
-      rehearsal.Play(line);
-    } catch (const ScriptFailure& failure) {
-      return fail(number, failure.what(), kWrong);
-    } catch (const std::exception& exception) {
-      return fail(number, std::string("the program let out an exception: ") + exception.what(),
-                  kProgramFault);
-    }
-  }
-  std::cout.flush();
-  if (script.bad()) throw std::runtime_error("cannot read " + name + " to its end");
-  if (!std::cout && !Interrupted()) throw std::runtime_error("cannot write the transcript");
-  return kDone;
-}
-
 ExitStatus Rehearse(const RehearsalOptions& options, std::istream& script) {
   const std::string program = ProgramFolder(options);
   NoteInterruptions();
-  const TemporaryFolder temporary;
+  const ScratchFolder temporary;
   const std::string documents =
       options.documents.empty() ? (temporary.Path() / "documents").string() : options.documents;
   const std::string store_file =
@@ -115,7 +90,7 @@ ExitStatus Rehearse(const RehearsalOptions& options, std::istream& script) {
   std::function<void(std::chrono::milliseconds)> pass;
   if (options.realtime) pass = SleepUnlessInterrupted;
   Rehearsal rehearsal({transcript, clock, folders, store, engine.get(), pass});
-  const ExitStatus status = PlayScript(rehearsal, script, options.script);
+  const ExitStatus status = PlayScript(rehearsal, script, options.script, std::cout, std::cerr);
   WaitUntilSilent(engine.get());
   return status;
 }

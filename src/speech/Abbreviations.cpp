@@ -14,7 +14,7 @@ constexpr const char* kFileName = "Abbreviations.Txt";
 
 std::vector<std::string> EntryLines(const std::string& content) {
   std::vector<std::string> lines;
-  for (const std::string_view line : Lines(content)) {
+  for (const std::string_view line : Lines(WithoutByteOrderMark(content))) {
     if (!IsBlank(line)) lines.push_back(TextFromSystemCodePage(line));
   }
   return lines;
@@ -26,7 +26,10 @@ void Abbreviations::CreateUserFile() {
   const std::string own = folders_.ProgramFolder() + folders_.Separator() + kFileName;
   const std::string path = data_.Inside(kFileName);
   if (!folders_.FileExists(path) && folders_.FileExists(own)) {
-    folders_.Replace(path, folders_.Read(own));
+    std::string copy;
+    const std::string content = folders_.Read(own);
+    for (const std::string_view line : Lines(content)) copy.append(line).append("\r\n");
+    folders_.Replace(path, copy);
   }
 }
 

@@ -169,12 +169,12 @@ TEST(EspeakVoice, IsSilentWhenItIsCreatedAndAfterAPurgeOfNothing) {
 }
 
 TEST(EspeakVoice, EndsInTheMiddleOfASpeech) {
-  const PrivateFolder folder;
+  const TemporaryFolder folder;
   {
-    EspeakVoice voice({"en_GB", folder.Path() / "speech.wav", true});
+    EspeakVoice voice({"en_GB", folder.Inside("speech.wav"), true});
     for (int i = 0; i < 5; ++i) voice.Speak(LongText(), SVSFlagsAsync);
   }
-  EXPECT_LT(Seconds(ReadWav(folder.Path() / "speech.wav")), 60);
+  EXPECT_LT(Seconds(ReadWav(folder.Inside("speech.wav"))), 60);
 }
 
 TEST(EspeakVoice, RefusesToBeTheSecondOneAtATime) {
@@ -195,8 +195,8 @@ void ExpectRefusal(const std::filesystem::path& path, const std::string& reason)
 }
 
 TEST(EspeakVoice, NamesTheFileThatCannotBeWritten) {
-  const PrivateFolder folder;
-  ExpectRefusal(folder.Path() / "missing" / "speech.wav", "No such file or directory");
+  const TemporaryFolder folder;
+  ExpectRefusal(folder.Inside("missing/speech.wav"), "No such file or directory");
   ExpectRefusal(folder.Path(), "Is a directory");
   ExpectRefusal("/dev/full", "No space left on device");
 }
@@ -235,7 +235,7 @@ TEST(EspeakVoice, TakesNoMoreSpeechOnceTheDiskIsFull) {
 class HomeWithSoundDevice {
  public:
   explicit HomeWithSoundDevice(const std::string& definition) {
-    std::ofstream(folder_.Path() / ".asoundrc") << "pcm.!default { " << definition << " }\n";
+    std::ofstream(folder_.Inside(".asoundrc")) << "pcm.!default { " << definition << " }\n";
     setenv("HOME", folder_.Path().c_str(), 1);
   }
   ~HomeWithSoundDevice() { setenv("HOME", former_.c_str(), 1); }
@@ -243,13 +243,13 @@ class HomeWithSoundDevice {
   HomeWithSoundDevice& operator=(const HomeWithSoundDevice&) = delete;
 
  private:
-  PrivateFolder folder_;
+  TemporaryFolder folder_;
   std::string former_ = std::getenv("HOME") ? std::getenv("HOME") : "";
 };
 
 TEST(EspeakVoice, PlaysThroughTheDefaultSoundDevice) {
-  const PrivateFolder folder;
-  const std::filesystem::path played = folder.Path() / "played.raw";
+  const TemporaryFolder folder;
+  const std::filesystem::path played = folder.Inside("played.raw");
   const HomeWithSoundDevice home("type file; slave.pcm null; format raw; file \"" +
                                  played.string() + "\"");
   {

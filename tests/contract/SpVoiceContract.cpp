@@ -6,6 +6,7 @@
 
 #include "base/Failure.h"
 #include "contract/SpeakingToFile.h"
+#include "rehearsal/ScriptedVoice.h"
 
 namespace brenwick {
 namespace {
@@ -13,6 +14,7 @@ namespace {
 std::vector<SpVoiceImplementation> Implementations() {
   return {
       {"Espeak", [] { return std::make_unique<SpeakingToFile>(); }},
+      {"Scripted", [] { return std::make_unique<ScriptedVoice>(); }},
   };
 }
 

@@ -6,31 +6,18 @@
 #include <string>
 
 #include "contract/Sound.h"
+#include "contract/TemporaryFolder.h"
 #include "desktop/EspeakVoice.h"
 
 namespace brenwick {
 
-// A folder that nobody else can read, removed with everything in it at the end.
-class PrivateFolder {
- public:
-  PrivateFolder();
-  ~PrivateFolder();
-  PrivateFolder(const PrivateFolder&) = delete;
-  PrivateFolder& operator=(const PrivateFolder&) = delete;
-
-  const std::filesystem::path& Path() const { return path_; }
-
- private:
-  std::filesystem::path path_;
-};
-
 // The folder is a base class so that it is there before the voice and goes after it.
-class SpeakingToFile : private PrivateFolder, public EspeakVoice {
+class SpeakingToFile : private TemporaryFolder, public EspeakVoice {
  public:
   explicit SpeakingToFile(const std::string& locale = "en_GB.UTF-8", bool as_heard = false)
-      : EspeakVoice({locale, Path() / "speech.wav", as_heard}) {}
+      : EspeakVoice({locale, Inside("speech.wav"), as_heard}) {}
 
-  const std::filesystem::path& Folder() const { return Path(); }
+  std::filesystem::path Folder() const { return Path(); }
 
   // Everything that was said, once it has been said.
   Sound Recorded() { return RecordedBehind(0); }
@@ -43,7 +30,7 @@ class SpeakingToFile : private PrivateFolder, public EspeakVoice {
   }
 
  private:
-  std::filesystem::path File() const { return Path() / "speech.wav"; }
+  std::filesystem::path File() const { return Inside("speech.wav"); }
   void AwaitSilence();
   std::size_t SamplesSoFar();
   Sound RecordedBehind(std::size_t samples);

@@ -1,11 +1,11 @@
 #!/usr/bin/python3
 """Plays a rehearsal and compares what the program did with what is expected of it.
 
-usage: rehearse.py BREWICK-REHEARSE SCRIPT.jsonl [--update]
+usage: rehearse.py BRENWICK-REHEARSE SCRIPT.jsonl [--update]
 
 Beside SCRIPT.jsonl may stand:
-  SCRIPT.transcript   the expected transcript; a line "..." stands for any lines up to the next
-                      line that fits
+  SCRIPT.transcript   the expected transcript; a line "..." stands for what comes before the first
+                      line that is like the next one expected, within the effects of one step
   SCRIPT.log          lines that stand together, in this order, in the debug log of the
                       rehearsal's first day, without date and time
   SCRIPT.documents/   the documents folder before the start
@@ -26,8 +26,17 @@ import sys
 import tempfile
 
 
+# Seconds. No rehearsal takes a tenth of it; one that hangs is told as such.
+TIMEOUT = 50
+
+
 def beside(script, ending):
     return script.with_name(script.stem + ending)
+
+
+def split_lines(text):
+    """The lines between line feeds; splitlines() would also split at other characters."""
+    return text.removesuffix("\n").split("\n") if text else []
 
 
 def play(tool, script, folder):
@@ -40,32 +49,38 @@ def play(tool, script, folder):
         shutil.copytree(pathlib.Path(tool).parent / "program", program)
         shutil.copytree(beside(script, ".program"), program, dirs_exist_ok=True)
         command += ["--program", str(program)]
-    done = subprocess.run(command + [str(script)], capture_output=True, check=False)
+    try:
+        done = subprocess.run(command + [str(script)], capture_output=True, check=False,
+                              timeout=TIMEOUT)
+    except subprocess.TimeoutExpired:
+        sys.exit(f"{script.name}: not done after {TIMEOUT} seconds")
     text = done.stdout.decode("utf-8").replace(str(folder), "FOLDER")
     errors = done.stderr.decode("utf-8", "replace")
     if done.returncode != 0 or errors:
         sys.exit(f"{script.name}: exit status {done.returncode}\n{errors}\n{text[-3000:]}")
-    return text.splitlines()
+    return split_lines(text)
 
 
-def matches(expected, got):
-    """Whether the lines fit, with "..." standing for any number of them."""
-    if not expected:
-        return not got
-    if expected[0] != "...":
-        return bool(got) and expected[0] == got[0] and matches_rest(expected, got)
-    rest = expected[1:]
-    return any(matches(rest, got[i:]) for i in range(len(got) + 1)
-               if not rest or (i < len(got) and got[i] == rest[0]) or i == len(got))
+def mismatch(expected, got):
+    """Where the lines stop to fit, as a text; empty when they fit to the end."""
+    at, skipping = 0, False
+    for number, line in enumerate(expected, 1):
+        if line == "...":
+            skipping = True
+            continue
+        while skipping and at < len(got) and got[at] != line and not is_step(got[at]):
+            at += 1
+        if at == len(got) or got[at] != line:
+            found = got[at] if at < len(got) else "the end"
+            return f"line {number} of the expected transcript is\n  {line}\nbut there was\n  {found}"
+        at, skipping = at + 1, False
+    while skipping and at < len(got) and not is_step(got[at]):
+        at += 1
+    return "" if at == len(got) else f"nothing more was expected, but there was\n  {got[at]}"
 
 
-def matches_rest(expected, got):
-    i = 0
-    while i < len(expected) and expected[i] != "...":
-        if i >= len(got) or expected[i] != got[i]:
-            return False
-        i += 1
-    return matches(expected[i:], got[i:])
+def is_step(line):
+    return line.startswith('{"step":')
 
 
 def collapsed(script, lines):
@@ -86,8 +101,25 @@ def collapsed(script, lines):
     return result
 
 
+def compare_transcript(script, lines):
+    file = beside(script, ".transcript")
+    if not file.exists():
+        return f"there is no {file.name}; --update writes it"
+    expected = split_lines(file.read_text(encoding="utf-8"))
+    error = mismatch(expected, lines)
+    if not error:
+        return ""
+    return error + "\n" + "\n".join(difflib.unified_diff(
+        expected, collapsed(script, lines), "expected", "got", lineterm=""))
+
+
 def compare_log(script, folder):
-    wanted = beside(script, ".log").read_text(encoding="utf-8").splitlines()
+    file = beside(script, ".log")
+    if not file.exists():
+        return ""
+    wanted = split_lines(file.read_text(encoding="utf-8"))
+    if not wanted:
+        return f"{file.name} is empty"
     logs = sorted((folder / "documents/Brenwick/DebugLogs").glob("*.log"))
     if not logs:
         return "no debug log was written"
@@ -111,15 +143,9 @@ def compare_files(script, folder):
 
 
 def check(script, lines, folder):
-    expected = beside(script, ".transcript").read_text(encoding="utf-8").splitlines()
-    if not matches(expected, lines):
-        return "\n".join(difflib.unified_diff(expected, collapsed(script, lines), "expected", "got",
-                                              lineterm=""))
-    if beside(script, ".log").exists():
-        error = compare_log(script, folder)
-        if error:
-            return error
-    return compare_files(script, folder)
+    """What is not as it should be, as a text; empty when all is well."""
+    return (compare_transcript(script, lines) or compare_log(script, folder) or
+            compare_files(script, folder))
 
 
 def main():

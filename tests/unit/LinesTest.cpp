@@ -36,5 +36,17 @@ TEST(LinesOfAFile, KeepEverythingBetween) {
   EXPECT_EQ(Lines(std::string_view("a\0b\nc", 5)), (Views{std::string_view("a\0b", 3), "c"}));
 }
 
+TEST(WithoutByteOrderMark, TakesOneMarkFromTheFront) {
+  EXPECT_EQ(WithoutByteOrderMark("\xEF\xBB\xBFone"), "one");
+  EXPECT_EQ(WithoutByteOrderMark("\xEF\xBB\xBF\xEF\xBB\xBF"), "\xEF\xBB\xBF");
+  EXPECT_EQ(WithoutByteOrderMark("\xEF\xBB\xBF"), "");
+}
+
+TEST(WithoutByteOrderMark, LeavesEverythingElse) {
+  for (const char* content : {"", "one", "one\xEF\xBB\xBF", "\xEF\xBBone", "\xFF\xFEone"}) {
+    EXPECT_EQ(WithoutByteOrderMark(content), content);
+  }
+}
+
 }  // namespace
 }  // namespace brenwick

@@ -201,6 +201,14 @@ TEST_F(ComboTest, SelectsTextInCharacters) {
   EXPECT_EQ(combo.SelStart(), 0U);
 }
 
+TEST_F(ComboTest, NewTextHasNoSelectedPart) {
+  combo.SetListIndex(2);
+  combo.Select(3, 2);
+  combo.SetText("ñu");
+  EXPECT_EQ(combo.SelStart(), 2U);
+  EXPECT_EQ(combo.SelLength(), 0U);
+}
+
 TEST_F(ComboTest, ClearingTakesTextAndSelectionAway) {
   combo.SetListIndex(0);
   combo.Select(1, 2);

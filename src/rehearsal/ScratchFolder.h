@@ -8,13 +8,13 @@
 
 namespace brenwick {
 
-class TemporaryFolder {
+class ScratchFolder {
  public:
   // Raises std::runtime_error, in words for the user, where no folder can be made.
-  TemporaryFolder();
-  TemporaryFolder(const TemporaryFolder&) = delete;
-  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-  ~TemporaryFolder();
+  ScratchFolder();
+  ScratchFolder(const ScratchFolder&) = delete;
+  ScratchFolder& operator=(const ScratchFolder&) = delete;
+  ~ScratchFolder();
 
   const std::filesystem::path& Path() const { return path_; }
 

@@ -1,4 +1,4 @@
-#include "rehearsal/TemporaryFolder.h"
+#include "rehearsal/ScratchFolder.h"
 
 #include <cerrno>
 #include <cstdlib>
@@ -7,7 +7,7 @@
 
 namespace brenwick {
 
-TemporaryFolder::TemporaryFolder() {
+ScratchFolder::ScratchFolder() {
   const char* chosen = std::getenv("TMPDIR");
   const std::string parent = chosen != nullptr && *chosen != '\0' ? chosen : "/tmp";
   std::string pattern = (std::filesystem::path(parent) / "brenwick-rehearsal-XXXXXX").string();
@@ -18,7 +18,7 @@ TemporaryFolder::TemporaryFolder() {
   path_ = pattern;
 }
 
-TemporaryFolder::~TemporaryFolder() {
+ScratchFolder::~ScratchFolder() {
   std::error_code ignored;
   std::filesystem::remove_all(path_, ignored);
 }

@@ -1,0 +1,29 @@
+#include "speech/RepeatHotKeys.h"
+
+namespace brenwick {
+
+RepeatHotKeys::RepeatHotKeys(Logs& log, frmMain& form, const SpokenHistory& history, Speech& speech)
+    : log_(log), form_(form), history_(history), speech_(speech) {
+  for (HotKeyControl& key : form_.ocxSpeakMsg1) {
+    key.HotkeyPressed = [this, index = key.Index()] { ocxSpeakMsg1_HotkeyPressed(index); };
+  }
+  form_.chkUseRepeat.Click = [this] { UseRepeatHotKeys(); };
+}
+
+void RepeatHotKeys::UseRepeatHotKeys() {
+  log_.Trap("modFunctions", "UseRepeatHotKeys", [&] {
+    const bool used = form_.chkUseRepeat.Ticked();
+    for (HotKeyControl& key : form_.ocxSpeakMsg1) key.SetEnabled(used);
+    for (TextBox& box : form_.txtSpokenMessages) box.SetEnabled(used);
+  });
+}
+
+// Mute and the signed-in check hold for a repeat as for any sentence.
+void RepeatHotKeys::ocxSpeakMsg1_HotkeyPressed(int index) {
+  log_.Trap("frmMain", "ocxSpeakMsg1_HotkeyPressed", [&] {
+    const SpokenHistory::Place place = history_.At(index);
+    speech_.Speak(place.sentence, false, place.voice, true);
+  });
+}
+
+}  // namespace brenwick
