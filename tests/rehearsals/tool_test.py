@@ -420,14 +420,9 @@ class Folders(ToolTest):
         tool = subprocess.Popen([TOOL], stdin=subprocess.PIPE, stdout=subprocess.PIPE,
                                 stderr=subprocess.PIPE, env=self.environment)
         tool.stdout.close()
-        try:
-            tool.stdin.write(lines_of([{"show": "window"}] * 10000))
-            tool.stdin.close()
-        except BrokenPipeError:
-            pass
-        self.assertEqual(tool.wait(timeout=TIMEOUT), -signal.SIGPIPE)
-        self.assertEqual(tool.stderr.read(), b"")
-        tool.stderr.close()
+        tool.stdout = None
+        _, errors = tool.communicate(lines_of([{"show": "window"}] * 10000), timeout=TIMEOUT)
+        self.assertEqual((tool.returncode, errors), (-signal.SIGPIPE, b""))
         self.nothing_left()
 
     def test_documents_are_kept(self):
