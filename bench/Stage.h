@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "app/Program.h"
+#include "desktop/IniStore.h"
 #include "desktop/PosixFolders.h"
 #include "rehearsal/ScriptedWorld.h"
 #include "rehearsal/Transcript.h"
@@ -43,7 +44,8 @@ class Stage {
       : folder_(std::filesystem::temp_directory_path() /
                 ("brenwick-bench-" + std::to_string(reinterpret_cast<std::uintptr_t>(this)))),
         folders_({folder_.string(), BRENWICK_PROGRAM_FOLDER, ""}),
-        program_(messenger_, voice, screen_, tray_, loop_, clock_, folders_, system_) {
+        store_((folder_ / "store.ini").string(), clock_, [](const std::string&) {}),
+        program_(messenger_, voice, store_, screen_, tray_, loop_, clock_, folders_, system_) {
     ParseMoment("2004-01-10T12:00:00", clock_.now);
     program_.Start();
   }
@@ -64,6 +66,7 @@ class Stage {
   ScriptedClock clock_;
   ScriptedSystem system_;
   PosixFolders folders_;
+  IniStore store_;
   Program program_;
 };
 

@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "base/Text.h"
+#include "settings/SettingsTable.h"
 
 namespace brenwick {
 namespace {
@@ -23,8 +24,14 @@ std::string Tip(const std::string& caption) {
 }  // namespace
 
 MainWindow::MainWindow(Logs& log, const ProgramState& state, frmMain& form, const TextTable& texts,
-                       TrayIcon& tray)
-    : log_(log), state_(state), form_(form), texts_(texts), tray_(tray) {
+                       TrayIcon& tray, Registry& registry, ContactPages& contactPages)
+    : log_(log),
+      state_(state),
+      form_(form),
+      texts_(texts),
+      tray_(tray),
+      registry_(registry),
+      contact_pages_(contactPages) {
   form_.Resize = [this] { Form_Resize(); };
   form_.lstMenu.Click = [this] { lstMenu_Click(); };
   form_.mPopRestore.Click = [this] { mPopRestore_Click(); };
@@ -58,6 +65,13 @@ void MainWindow::lstMenu_Click() {
     if (selected < 0) return;
     const int shown = kPageTitles[static_cast<std::size_t>(selected)].page;
     for (Frame& page : form_.fraPage) page.SetVisible(page.Index() == shown);
+    if (shown == kGenderPage) {
+      contact_pages_.FillContactList("G", 0);
+    } else if (shown == kIgnorePage) {
+      contact_pages_.FillContactList("I", 0);
+    } else if (shown == kBuddyNamesPage) {
+      contact_pages_.FillContactList("A", 0);
+    }
   });
 }
 
@@ -75,6 +89,7 @@ void MainWindow::Form_Resize() {
       log_.DebugWrite("FormResize", "Form is visible");
       form_.SetInTaskbar(true);
       form_.SetSize(kWidth, kHeight);
+      FormSave();
     } else {
       log_.DebugWrite("FormResize", "Form is minimized");
       log_.DebugWrite("Form_Resize", "MinimizedForm Left = " + std::to_string(form_.Left()));
@@ -84,6 +99,27 @@ void MainWindow::Form_Resize() {
     }
     form_.SetCaption(CaptionText());
   });
+}
+
+void MainWindow::FormSave() {
+  log_.Trap(kModule, "FormSave", [&] {
+    if (form_.State() != WindowState::Normal) return;
+    cRegistry key = registry_.OpenRegistryKey(kBrenwickKey);
+    log_.DebugWrite("Form_Resize", "VisibleForm Left = " + std::to_string(form_.Left()));
+    log_.DebugWrite("Form_Resize", "VisibleForm Top = " + std::to_string(form_.Top()));
+    form_.Move(std::max(form_.Left(), 0), std::max(form_.Top(), 0));
+    Registry::SetRegistryValue(static_cast<float>(form_.Left()), key, "Left", REG_DWORD);
+    Registry::SetRegistryValue(static_cast<float>(form_.Top()), key, "Top", REG_DWORD);
+  });
+}
+
+void MainWindow::RestorePlace() { form_.Move(StoredEdge("Left"), StoredEdge("Top")); }
+
+int MainWindow::StoredEdge(const char* name) {
+  cRegistry key = registry_.OpenRegistryKey(kBrenwickKey);
+  const RegistryVariant stored =
+      Registry::GetRegistryValue(key, name, RegistryConversion::Single, REG_DWORD);
+  return std::max(0, static_cast<int>(std::get<float>(stored)));
 }
 
 void MainWindow::Form_MouseMove(int message) {

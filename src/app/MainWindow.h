@@ -6,10 +6,12 @@
 #include <vector>
 
 #include "base/ProgramState.h"
+#include "contacts/ContactPages.h"
 #include "forms/frmMain.h"
 #include "language/TextTable.h"
 #include "logging/Logs.h"
 #include "platform/TrayIcon.h"
+#include "settings/Registry.h"
 
 namespace brenwick {
 
@@ -17,10 +19,13 @@ class MainWindow {
  public:
   // Takes over the window's and the tray icon's events.
   MainWindow(Logs& log, const ProgramState& state, frmMain& form, const TextTable& texts,
-             TrayIcon& tray);
+             TrayIcon& tray, Registry& registry, ContactPages& contactPages);
 
   // The version text and whether the user is signed in.
   std::string CaptionText() const;
+
+  // The window's place as it was stored; what lies beyond the left or upper edge is brought back.
+  void RestorePlace();
 
   // Lists the page titles, and shows the page of the selected title.
   void BuildMenu();
@@ -37,6 +42,8 @@ class MainWindow {
 
  private:
   void Form_Resize();
+  void FormSave();
+  int StoredEdge(const char* name);
   void Form_MouseMove(int message);
   void lstMenu_Click();
 
@@ -45,6 +52,8 @@ class MainWindow {
   frmMain& form_;
   const TextTable& texts_;
   TrayIcon& tray_;
+  Registry& registry_;
+  ContactPages& contact_pages_;
 };
 
 }  // namespace brenwick

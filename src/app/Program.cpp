@@ -1,9 +1,11 @@
 #include "app/Program.h"
 
+#include "language/GetText.h"
+
 namespace brenwick {
 
-Program::Program(MessengerClient& messenger, SpVoice& voice, Screen& screen, TrayIcon& tray,
-                 EventLoop& loop, Clock& clock, Folders& folders, System& system)
+Program::Program(MessengerClient& messenger, SpVoice& voice, RegistryStore& store, Screen& screen,
+                 TrayIcon& tray, EventLoop& loop, Clock& clock, Folders& folders, System& system)
     : messenger_(messenger),
       screen_(screen),
       tray_(tray),
@@ -18,19 +20,31 @@ Program::Program(MessengerClient& messenger, SpVoice& voice, Screen& screen, Tra
       log_(state_, log_files_, report_),
       log_switches_(log_, log_files_, state_, form_),
       texts_(log_),
-      languages_(log_, state_, form_, texts_, status_, pointer_, folders, screen, system),
+      retention_(log_, log_files_, data_, folders, clock, screen, status_, form_,
+                 [this](auto text, const auto& days) { return RetentionText(text, days); }),
+      registry_(store, folders),
+      languages_(log_, form_, texts_, status_, pointer_, folders, screen, system,
+                 [this] { return registry_.ReadText(kGeneralKey, "Language"); }),
+      language_key_(log_, form_, status_, folders, loop),
       contacts_(log_, form_, texts_),
+      contact_file_(contacts_, data_, folders, clock),
+      contact_pages_(form_, screen, contacts_),
+      contact_editing_(log_, form_, screen, contacts_, contact_pages_),
       clean_up_(log_),
       abbreviations_(log_, texts_, status_, pointer_, data_, folders),
       history_(log_, form_),
       speech_(log_, state_, form_, texts_, clean_up_, history_, pointer_, voice, screen),
       voice_lists_(log_, form_, voice),
+      repeat_hot_keys_(log_, form_, history_, speech_),
+      settings_(log_, state_, form_, texts_, status_, registry_, SettingsSteps()),
+      settings_buttons_(log_, form_, texts_, screen, folders, registry_, settings_),
+      form_texts_(log_, form_, texts_, languages_, status_, screen, FormTextsSteps()),
       name_(form_, contacts_, clean_up_),
       incoming_(log_, form_, texts_, contacts_, name_, clean_up_, abbreviations_, speech_),
       states_(log_, state_, form_, texts_, contacts_, name_, abbreviations_, speech_),
       invitations_(log_, form_, texts_, contacts_, name_, abbreviations_, speech_, status_, screen),
       events_(log_, incoming_, states_, invitations_),
-      window_(log_, state_, form_, texts_, tray),
+      window_(log_, state_, form_, texts_, tray, registry_, contact_pages_),
       type_ahead_(
           log_, screen,
           {&form_.cmbVoiceMale, &form_.cmbVoiceFemale, &form_.cmbLanguage, &form_.cmbOrgLanguage}) {
@@ -60,6 +74,24 @@ void Program::WireForm() {
       if (answer == BoxAnswer::Yes) abbreviations_.EmoticonRead(false);
     });
   };
+}
+
+// What the rooms below are handed of the rooms above them.
+
+std::string Program::RetentionText(std::int16_t text, const std::string& days) {
+  return GetText(texts_.LoadText(text), days);
+}
+
+Settings::Steps Program::SettingsSteps() {
+  return {.SetLogCleanTimer = [this] { retention_.SetLogCleanTimer(); },
+          .LoadContacts = [this] { contact_file_.Load(); },
+          .SaveContacts = [this] { contact_file_.Save(); },
+          .UseRepeatHotKeys = [this] { repeat_hot_keys_.UseRepeatHotKeys(); }};
+}
+
+FormTexts::Steps Program::FormTextsSteps() {
+  return {.AbbreviationsFile = [this] { return abbreviations_.CreateUserFile(); },
+          .DefaultTexts = [this] { settings_buttons_.cmdDefaults_Click(1); }};
 }
 
 void Program::Start() { Form_Load(); }

@@ -6,15 +6,21 @@
 #include "app/MainWindow.h"
 #include "app/TypeAhead.h"
 #include "base/ProgramState.h"
+#include "contacts/ContactEditing.h"
+#include "contacts/ContactFile.h"
 #include "contacts/ContactList.h"
+#include "contacts/ContactPages.h"
 #include "forms/StatusWindow.h"
 #include "forms/cMousePointer.h"
 #include "forms/frmMain.h"
+#include "language/FormTexts.h"
+#include "language/LanguageKey.h"
 #include "language/Languages.h"
 #include "language/TextTable.h"
 #include "logging/DataFolder.h"
 #include "logging/ErrorReport.h"
 #include "logging/LogFiles.h"
+#include "logging/LogRetention.h"
 #include "logging/LogSwitches.h"
 #include "logging/Logs.h"
 #include "messenger/ContactStates.h"
@@ -26,11 +32,16 @@
 #include "platform/EventLoop.h"
 #include "platform/Folders.h"
 #include "platform/MessengerClient.h"
+#include "platform/RegistryStore.h"
 #include "platform/Screen.h"
 #include "platform/SpVoice.h"
 #include "platform/System.h"
 #include "platform/TrayIcon.h"
+#include "settings/Registry.h"
+#include "settings/Settings.h"
+#include "settings/SettingsButtons.h"
 #include "speech/Abbreviations.h"
+#include "speech/RepeatHotKeys.h"
 #include "speech/Speech.h"
 #include "speech/SpokenHistory.h"
 #include "speech/TextCleanUp.h"
@@ -42,8 +53,8 @@ class Program {
  public:
   // A world hands in its implementations; they outlive the program. Nothing happens yet: the world
   // attaches its views to Form() and Status(), then calls Start.
-  Program(MessengerClient& messenger, SpVoice& voice, Screen& screen, TrayIcon& tray,
-          EventLoop& loop, Clock& clock, Folders& folders, System& system);
+  Program(MessengerClient& messenger, SpVoice& voice, RegistryStore& store, Screen& screen,
+          TrayIcon& tray, EventLoop& loop, Clock& clock, Folders& folders, System& system);
   Program(const Program&) = delete;
   Program& operator=(const Program&) = delete;
   ~Program();
@@ -59,6 +70,9 @@ class Program {
 
  private:
   void WireForm();
+  std::string RetentionText(std::int16_t text, const std::string& days);
+  Settings::Steps SettingsSteps();
+  FormTexts::Steps FormTextsSteps();
 
   void Form_Load();
   void FindDebugSwitch();
@@ -66,8 +80,10 @@ class Program {
   void ShowWhatIsStarting();
   void PrepareForm();
   void ReadLanguages();
+  void ReadSettings();
   void CreateMessengerAndVoice();
   void BuildVoiceLists();
+  void SelectStoredVoice(const char* gender, const char* name, ComboBox& list);
   void CheckMessengerState();
   void PreparePages();
   void AddTrayIcon();
@@ -101,13 +117,23 @@ class Program {
   Logs log_;
   LogSwitches log_switches_;
   TextTable texts_;
+  LogRetention retention_;
+  Registry registry_;
   Languages languages_;
+  LanguageKey language_key_;
   ContactList contacts_;
+  ContactFile contact_file_;
+  ContactPages contact_pages_;
+  ContactEditing contact_editing_;
   TextCleanUp clean_up_;
   Abbreviations abbreviations_;
   SpokenHistory history_;
   Speech speech_;
   VoiceLists voice_lists_;
+  RepeatHotKeys repeat_hot_keys_;
+  Settings settings_;
+  SettingsButtons settings_buttons_;
+  FormTexts form_texts_;
   SpokenName name_;
   IncomingText incoming_;
   ContactStates states_;

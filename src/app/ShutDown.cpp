@@ -24,6 +24,11 @@ void Program::UnloadMainWindow() {
 }
 
 void Program::Release(const char* procedure) {
+  log_.DebugWrite(procedure, "Saving settings to the registry");
+  // A start that failed before everything was read has nothing to save: it would write first
+  // states over what the user has stored.
+  if (settings_.Loaded()) settings_.SaveAllSettings(0);
+  loop_.DoEvents();
   log_.DebugWrite(procedure, "Releasing Messenger object");
   messenger_.Detach();
   loop_.DoEvents();

@@ -26,6 +26,7 @@ void Program::Form_Load() {
       ShowWhatIsStarting();
       PrepareForm();
       ReadLanguages();
+      ReadSettings();
       CreateMessengerAndVoice();
       BuildVoiceLists();
       CheckMessengerState();
@@ -73,6 +74,7 @@ void Program::PrepareForm() {
   form_.cmbOrgLanguage.SetVisible(developing);
   form_.cmdOrgLanguage.SetVisible(developing);
   Startup("Startup - Form position");
+  window_.RestorePlace();
   form_.lstMessages.Clear();
   form_.cmbVoiceMale.Clear();
   form_.cmbVoiceFemale.Clear();
@@ -83,7 +85,14 @@ void Program::ReadLanguages() {
   Startup("Startup - Building language list from " + folders_.ProgramFolder() + separator +
           "Languages" + separator);
   languages_.LanguageRead();
-  abbreviations_.CreateUserFile();
+  // Before the settings, so that what the user changed wins over the language's own texts.
+  form_texts_.SetAlltext(true);
+}
+
+void Program::ReadSettings() {
+  Startup("Startup - Reading all other settings from registry");
+  settings_.GetAllSettings();
+  ShowProgress(87);
   Startup("Startup - Setting form text");
 }
 
@@ -98,6 +107,16 @@ void Program::CreateMessengerAndVoice() {
 void Program::BuildVoiceLists() {
   Startup("Startup - Building list of voices");
   voice_lists_.Fill();
+  SelectStoredVoice("male", "Male Voice", form_.cmbVoiceMale);
+  SelectStoredVoice("female", "Female Voice", form_.cmbVoiceFemale);
+}
+
+void Program::SelectStoredVoice(const char* gender, const char* name, ComboBox& list) {
+  const std::string voice = std::string(gender) + " voice from registry";
+  Startup("Startup - Reading " + voice);
+  const std::string stored = registry_.ReadText(kVoicesKey, name);
+  Startup("Startup - Read " + voice + ": " + stored);
+  voice_lists_.SelectStored(list, stored);
 }
 
 void Program::CheckMessengerState() {
@@ -107,6 +126,8 @@ void Program::CheckMessengerState() {
   form_.SetCaption(window_.CaptionText());
   Startup(std::string("Startup - Messenger state ") +
           (state_.MessengerOnline ? "online" : "offline"));
+  // While the user is signed out, nobody's state is known.
+  if (!state_.MessengerOnline) contacts_.SetAllStatus("9");
 }
 
 void Program::PreparePages() {

@@ -22,7 +22,7 @@ ContactEditing::ContactEditing(Logs& log, frmMain& form, Screen& screen, Contact
 
 // A line is opened by a double click or the Space key.
 void ContactEditing::WireLists() {
-  const auto open = [](ListBox& list, std::function<void()> opened) {
+  const auto open = [](ListBox& list, const std::function<void()>& opened) {
     list.DblClick = opened;
     list.KeyPress = [opened](int character) {
       if (character == kSpace) opened();

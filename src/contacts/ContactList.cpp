@@ -90,6 +90,10 @@ void ContactList::SetAllIgnored(const std::string& value) {
   for (ContactRecord& record : records_) record.Ignore = value;
 }
 
+void ContactList::SetAllStatus(const std::string& value) {
+  for (ContactRecord& record : records_) record.Status = value;
+}
+
 std::string ContactList::SpokenName(const ContactRecord& record) const {
   const bool own =
       form_.chkUseMyNamesInsteadOfBuddyNames.Ticked() && record.HasFriendlyName == "True";

@@ -50,8 +50,9 @@ class ContactList {
   // The first record with that address; nullptr where there is none.
   const ContactRecord* FindRecord(const std::string& email) const;
 
-  // Sets the ignore flag of every record, free slots included.
+  // Set one field of every record, free slots included.
   void SetAllIgnored(const std::string& value);
+  void SetAllStatus(const std::string& value);
 
   const std::vector<ContactRecord>& Records() const { return records_; }
   void Replace(std::vector<ContactRecord> records) { records_ = std::move(records); }

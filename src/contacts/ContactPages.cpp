@@ -146,7 +146,8 @@ std::array<std::string, 3> ContactPages::BuddyNamesCells(const ContactRecord& re
 std::string ContactPages::FormatListCell(const std::string& text, std::size_t column) {
   const int pixels = Rounded(TextWidth(text) + static_cast<float>(cell_padding_));
   const int character = std::max(1, Rounded(avg_char_width_));
-  const auto width = static_cast<float>(pixels / character * kUnitsPerCharacter);
+  const int characters = pixels / character;
+  const auto width = static_cast<float>(characters * kUnitsPerCharacter);
   column_widths_[column] = std::max(column_widths_[column], width);
   return text + "\t";
 }

@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "base/Lines.h"
+#include "base/ProgramState.h"
 #include "base/Text.h"
 #include "language/CodePage.h"
 #include "language/Coding.h"
@@ -78,7 +79,8 @@ void Languages::ListInstalled() {
 void Languages::SelectStored() {
   form_.cmbLanguage.SetListIndex(0);
   log_.DebugWrite("LanguageRead", "Reading users language from registry");
-  const std::string stored = state_.Language.empty() ? kFallbackLanguage : state_.Language;
+  std::string stored = stored_name_();
+  if (stored.empty()) stored = kFallbackLanguage;
   const std::vector<std::string>& names = form_.cmbLanguage.Items();
   const auto found = std::find(names.begin(), names.end(), stored);
   if (found != names.end()) form_.cmbLanguage.SetListIndex(static_cast<int>(found - names.begin()));

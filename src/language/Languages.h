@@ -1,10 +1,11 @@
 // The installed languages: finding them, and loading the texts of one.
 #pragma once
 
+#include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
-#include "base/ProgramState.h"
 #include "forms/StatusWindow.h"
 #include "forms/frmMain.h"
 #include "language/TextTable.h"
@@ -17,18 +18,19 @@ namespace brenwick {
 
 class Languages {
  public:
-  Languages(Logs& log, const ProgramState& state, frmMain& form, TextTable& texts,
-            StatusWindow& status, cMousePointer& pointer, Folders& folders, Screen& screen,
-            System& system)
+  // storedName: the name of the language that the user chose, "" when none is stored.
+  Languages(Logs& log, frmMain& form, TextTable& texts, StatusWindow& status,
+            cMousePointer& pointer, Folders& folders, Screen& screen, System& system,
+            std::function<std::string()> storedName)
       : log_(log),
-        state_(state),
         form_(form),
         texts_(texts),
         status_(status),
         pointer_(pointer),
         folders_(folders),
         screen_(screen),
-        system_(system) {}
+        system_(system),
+        stored_name_(std::move(storedName)) {}
 
   // Lists the languages of the program folder, selects the stored one ("English" when none is
   // stored; the first when it is not installed), and loads it. Without any language the program
@@ -51,7 +53,6 @@ class Languages {
   std::string Folder(const char* name) const;
 
   Logs& log_;
-  const ProgramState& state_;
   frmMain& form_;
   TextTable& texts_;
   StatusWindow& status_;
@@ -59,6 +60,7 @@ class Languages {
   Folders& folders_;
   Screen& screen_;
   System& system_;
+  std::function<std::string()> stored_name_;
 };
 
 }  // namespace brenwick

@@ -28,8 +28,8 @@ void Rehearsal::MakeProgram() {
   // Before its successor is there: on its way out it lets go of the tray and of the messenger.
   program_.reset();
   ResetWorld();
-  program_ = std::make_unique<Program>(messenger_, voice_, screen_, tray_, loop_, parts_.clock,
-                                       parts_.folders, system_);
+  program_ = std::make_unique<Program>(messenger_, voice_, parts_.store, screen_, tray_, loop_,
+                                       parts_.clock, parts_.folders, system_);
   observer_ =
       std::make_unique<FormObserver>(program_->Form(), program_->Status(), parts_.transcript);
   timers_.Drive(program_->Form());

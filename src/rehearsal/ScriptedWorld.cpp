@@ -112,19 +112,19 @@ std::string ScriptedClock::TimeText(LocalTime time) {
 }
 
 bool ParseMoment(const std::string& text, LocalTime& moment) {
-  using namespace std::chrono;
   constexpr std::string_view kPattern = "dddd-dd-ddTdd:dd:dd";
   const bool fits =
       std::equal(text.begin(), text.end(), kPattern.begin(), kPattern.end(),
                  [](char c, char p) { return p == 'd' ? c >= '0' && c <= '9' : c == p; });
   if (!fits) return false;
-  const auto number = [&text](std::size_t at, std::size_t length) {
-    return std::stoi(text.substr(at, length));
+  const auto part = [&text](std::size_t at) {
+    return static_cast<unsigned>(std::stoi(text.substr(at, 2)));
   };
-  const auto part = [&](std::size_t at) { return static_cast<unsigned>(number(at, 2)); };
-  const year_month_day date{year{number(0, 4)}, month{part(5)}, day{part(8)}};
+  const std::chrono::year_month_day date{std::chrono::year{std::stoi(text.substr(0, 4))},
+                                         std::chrono::month{part(5)}, std::chrono::day{part(8)}};
   if (!date.ok() || part(11) > 23 || part(14) > 59 || part(17) > 59) return false;
-  moment = local_days{date} + hours(part(11)) + minutes(part(14)) + seconds(part(17));
+  moment = std::chrono::local_days{date} + std::chrono::hours(part(11)) +
+           std::chrono::minutes(part(14)) + std::chrono::seconds(part(17));
   return true;
 }
 

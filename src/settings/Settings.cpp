@@ -30,6 +30,7 @@ void Settings::GetAllSettings() {
     ReadKey(kGridsKey);
     ReadKey(kVoicesKey);
     ReadKey(kTextKey);
+    loaded_ = true;
     steps_.LoadContacts();
     steps_.UseRepeatHotKeys();
     // The line that ends the reading names the procedure that saves.

@@ -39,6 +39,9 @@ class Settings {
   // the contact list. An empty store is first filled with the defaults.
   void GetAllSettings();
 
+  // True once every setting was read: only then do the controls hold what may be saved.
+  bool Loaded() const { return loaded_; }
+
   // Writes the controls to the store and saves the contact list; gridsOnly: other than 0 writes the
   // sort orders alone.
   void SaveAllSettings(std::int16_t gridsOnly);
@@ -64,6 +67,7 @@ class Settings {
   StatusWindow& status_;
   Registry& registry_;
   Steps steps_;
+  bool loaded_ = false;
 };
 
 }  // namespace brenwick

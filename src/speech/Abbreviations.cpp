@@ -22,15 +22,15 @@ std::vector<std::string> EntryLines(const std::string& content) {
 
 }  // namespace
 
-void Abbreviations::CreateUserFile() {
+std::string Abbreviations::CreateUserFile() {
   const std::string own = folders_.ProgramFolder() + folders_.Separator() + kFileName;
   const std::string path = data_.Inside(kFileName);
-  if (!folders_.FileExists(path) && folders_.FileExists(own)) {
-    std::string copy;
-    const std::string content = folders_.Read(own);
-    for (const std::string_view line : Lines(content)) copy.append(line).append("\r\n");
-    folders_.Replace(path, copy);
-  }
+  if (folders_.FileExists(path) || !folders_.FileExists(own)) return path;
+  std::string copy;
+  const std::string content = folders_.Read(own);
+  for (const std::string_view line : Lines(content)) copy.append(line).append("\r\n");
+  folders_.Replace(path, copy);
+  return path;
 }
 
 void Abbreviations::EmoticonRead(bool atStartup) {

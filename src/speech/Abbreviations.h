@@ -24,8 +24,9 @@ class Abbreviations {
         data_(data),
         folders_(folders) {}
 
-  // Gives a user who has no "Abbreviations.Txt" a copy of the program's own, to edit.
-  void CreateUserFile();
+  // Gives a user who has no "Abbreviations.Txt" a copy of the program's own, to edit; returns the
+  // path of the user's file.
+  std::string CreateUserFile();
 
   // Replaces the table by what "Abbreviations.Txt" in the data folder holds: one entry a line, the
   // abbreviation before the first "=", the text to say behind it, both exactly as written; blank

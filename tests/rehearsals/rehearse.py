@@ -9,6 +9,7 @@ Beside SCRIPT.jsonl may stand:
   SCRIPT.log          lines that stand together, in this order, in the debug log of the
                       rehearsal's first day, without date and time
   SCRIPT.documents/   the documents folder before the start
+  SCRIPT.store        the file behind the settings before the start
   SCRIPT.after/       files that the documents folder must hold afterwards, byte for byte
   SCRIPT.program/     files put over a copy of the program folder
 
@@ -43,6 +44,8 @@ def play(tool, script, folder):
     documents = folder / "documents"
     if beside(script, ".documents").is_dir():
         shutil.copytree(beside(script, ".documents"), documents)
+    if beside(script, ".store").is_file():
+        shutil.copy(beside(script, ".store"), folder / "store.ini")
     command = [tool, "--documents", str(documents), "--store", str(folder / "store.ini")]
     if beside(script, ".program").is_dir():
         program = folder / "program"
