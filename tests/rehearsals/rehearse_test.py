@@ -1,6 +1,5 @@
 #!/usr/bin/python3
 """What rehearse.py finds wrong, and what it lets pass."""
-import os
 import pathlib
 import subprocess
 import sys
@@ -8,7 +7,8 @@ import tempfile
 import unittest
 from unittest import mock
 
-import rehearse
+sys.dont_write_bytecode = True  # the source tree stays as it is
+import rehearse  # noqa: E402
 
 # Stands in for brenwick-rehearse: writes the transcript and the files that lie beside the script.
 TOOL = r'''#!/usr/bin/env python3
@@ -205,5 +205,4 @@ class WholeRun(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    os.environ["PYTHONDONTWRITEBYTECODE"] = "1"
     unittest.main()
