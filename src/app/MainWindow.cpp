@@ -115,11 +115,16 @@ void MainWindow::FormSave() {
 
 void MainWindow::RestorePlace() { form_.Move(StoredEdge("Left"), StoredEdge("Top")); }
 
+// 0 for what is no place on any screen, such as a word that somebody wrote into the store.
 int MainWindow::StoredEdge(const char* name) {
-  cRegistry key = registry_.OpenRegistryKey(kBrenwickKey);
-  const RegistryVariant stored =
-      Registry::GetRegistryValue(key, name, RegistryConversion::Single, REG_DWORD);
-  return std::max(0, static_cast<int>(std::get<float>(stored)));
+  constexpr float kFarthest = 1'000'000;
+  float stored = 0;
+  IgnoringFailures([&] {
+    cRegistry key = registry_.OpenRegistryKey(kBrenwickKey);
+    stored = std::get<float>(
+        Registry::GetRegistryValue(key, name, RegistryConversion::Single, REG_DWORD));
+  });
+  return stored > 0 && stored < kFarthest ? static_cast<int>(stored) : 0;
 }
 
 void MainWindow::Form_MouseMove(int message) {

@@ -1,7 +1,5 @@
 #include "app/Program.h"
 
-#include "language/GetText.h"
-
 namespace brenwick {
 
 Program::Program(MessengerClient& messenger, SpVoice& voice, RegistryStore& store, Screen& screen,
@@ -79,7 +77,7 @@ void Program::WireForm() {
 // What the rooms below are handed of the rooms above them.
 
 std::string Program::RetentionText(std::int16_t text, const std::string& days) {
-  return GetText(texts_.LoadText(text), days);
+  return texts_.GetText(texts_.LoadText(text), days);
 }
 
 Settings::Steps Program::SettingsSteps() {

@@ -1,7 +1,6 @@
 // The start-up sequence. Its order counts: each step relies on those before it.
 #include "app/Program.h"
 #include "base/Text.h"
-#include "language/GetText.h"
 #include "messenger/StateTable.h"
 
 namespace brenwick {
@@ -42,9 +41,9 @@ void Program::Form_Load() {
       Startup("Startup - Error in formload :" + std::to_string(failure.Number()));
       if (failure.Number() != kToldApart) throw;
       status_.StatusForm(false);
-      screen_.MessageBox(
-          GetText(texts_.LoadText(50), kTitle) + "\r\n" + GetText(texts_.LoadText(51), kTitle),
-          kTitle, BoxIcon::Information, BoxButtons::Ok);
+      screen_.MessageBox(texts_.GetText(texts_.LoadText(50), kTitle) + "\r\n" +
+                             texts_.GetText(texts_.LoadText(51), kTitle),
+                         kTitle, BoxIcon::Information, BoxButtons::Ok);
       throw ProgramEnd{};
     }
   });

@@ -13,6 +13,7 @@ namespace brenwick {
 namespace {
 
 constexpr std::size_t kLinesPerContact = 7;
+constexpr std::size_t kMostContacts = 32767;
 
 std::string DatedSuffix(LocalTime now) {
   const std::chrono::year_month_day date{std::chrono::floor<std::chrono::days>(now)};
@@ -53,25 +54,27 @@ std::string FileContent(const std::vector<ContactRecord>& records) {
 
 void ContactFile::Load() {
   contacts_.Replace({});
-  unreadable_ = false;
+  loaded_ = false;
   if (!folders_.FileExists(Path())) return;
-  unreadable_ = true;
   const std::string content = folders_.Read(Path());
-  unreadable_ = false;
-  const std::vector<std::string_view> lines = Lines(content);
+  const std::vector<std::string_view> lines = Lines(WithoutByteOrderMark(content));
+  const std::size_t whole = lines.size() / kLinesPerContact;
   std::vector<ContactRecord> records;
-  for (std::size_t i = 0; i + kLinesPerContact <= lines.size(); i += kLinesPerContact) {
-    records.push_back(RecordFrom(lines, i));
+  for (std::size_t i = 0; i < std::min(whole, kMostContacts); ++i) {
+    records.push_back(RecordFrom(lines, i * kLinesPerContact));
   }
   contacts_.Replace(std::move(records));
-  if (lines.size() % kLinesPerContact == 0) return;
-  SetAside(content);
-  throw Failure(kPastEnd);
+  const bool complete = lines.size() % kLinesPerContact == 0;
+  if (!complete || whole > kMostContacts) SetAside(content);
+  loaded_ = true;
+  if (whole > kMostContacts) throw Failure(kOverflow);
+  if (!complete) throw Failure(kPastEnd);
 }
 
 void ContactFile::Save() {
-  if (unreadable_) return;
+  if (!loaded_ && folders_.FileExists(Path())) return;
   folders_.Replace(Path(), FileContent(contacts_.Records()));
+  loaded_ = true;
 }
 
 std::string ContactFile::Path() { return data_.Inside(std::string(kTitle) + ".Lst"); }
@@ -81,9 +84,7 @@ void ContactFile::SetAside(const std::string& content) {
   const std::string name = Path() + DatedSuffix(clock_.Now());
   std::string free = name;
   for (int i = 2; folders_.FileExists(free); ++i) free = name + "-" + std::to_string(i);
-  unreadable_ = true;
   folders_.Replace(free, content);
-  unreadable_ = false;
 }
 
 }  // namespace brenwick

@@ -57,7 +57,9 @@ void ContactPages::RefreshAfterAdd() {
 
 void ContactPages::RefreshAfterMod(int index) {
   const auto refresh = [&](ListBox& list, std::string_view which) {
-    if (SelectedListLine < list.ListCount()) list.RemoveItem(SelectedListLine);
+    if (SelectedListLine >= 0 && SelectedListLine < list.ListCount()) {
+      list.RemoveItem(SelectedListLine);
+    }
     FillContactList(which, index);
   };
   if (IsShowing(kGenderPage)) {

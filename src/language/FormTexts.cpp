@@ -5,7 +5,6 @@
 #include "base/ProgramState.h"
 #include "base/Text.h"
 #include "language/FormTextTable.h"
-#include "language/GetText.h"
 
 namespace brenwick {
 namespace {
@@ -41,7 +40,8 @@ void FormTexts::SetAlltext(bool silent) {
     status_.SetText(texts_.LoadText(88));
     form_.lblAbout.SetCaption(AboutText());
     SetCaptions();
-    form_.lblAbbreviationsFile.SetCaption(GetText(texts_.LoadText(67), steps_.AbbreviationsFile()));
+    form_.lblAbbreviationsFile.SetCaption(
+        texts_.GetText(texts_.LoadText(67), steps_.AbbreviationsFile()));
     if (!silent) status_.StatusForm(false);
   });
 }

@@ -134,7 +134,8 @@ void Languages::Load(const std::string& path) {
   std::vector<std::string> entries(lines.size() + 1);
   LanguageChecksum sum;
   for (std::size_t i = 0; i + 1 < lines.size(); ++i) {
-    const std::string plain = GetDeCodedString(lines[i]);
+    const std::string plain =
+        log_.Trap(kModule, "GetDeCodedString", [&] { return GetDeCodedString(lines[i]); });
     sum.Add(plain);
     entries[i + 1] = FromWindows1252(plain);
   }

@@ -1,5 +1,7 @@
 #include "language/TextTable.h"
 
+#include "language/GetText.h"
+
 namespace brenwick {
 
 std::string TextTable::LoadText(std::int16_t id) const {
@@ -12,6 +14,10 @@ std::string TextTable::LoadText(std::int16_t id) const {
     }
     return entries_[place];
   });
+}
+
+std::string TextTable::GetText(const std::string& text, const std::string& argument) const {
+  return log_.Trap("modFunctions", "GetText", [&] { return brenwick::GetText(text, argument); });
 }
 
 }  // namespace brenwick

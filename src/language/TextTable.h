@@ -17,6 +17,10 @@ class TextTable {
   // (number 65535), a negative one, and any id before a table was loaded end in the error report.
   std::string LoadText(std::int16_t id) const;
 
+  // The template with its first "%a" replaced by the argument (language/GetText.h); a failure ends
+  // in the error report.
+  std::string GetText(const std::string& text, const std::string& argument) const;
+
   // Puts another table in the place of this one: entry i is the text with id i.
   void Replace(std::vector<std::string> entries) { entries_ = std::move(entries); }
 

@@ -14,7 +14,7 @@ constexpr const char* kDaysAfterBadEntry = "7";
 
 bool IsBadEntry(const std::string& text) {
   if (text.empty()) return true;
-  const std::int16_t days = WholeInteger16(text);
+  const double days = WholeNumber(text);
   return days > kMostDays || days < 1;
 }
 

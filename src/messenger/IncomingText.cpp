@@ -5,7 +5,6 @@
 #include "base/Failure.h"
 #include "base/Numbers.h"
 #include "base/Text.h"
-#include "language/GetText.h"
 
 namespace brenwick {
 namespace {
@@ -107,7 +106,7 @@ void IncomingText::AnnounceInbox(const std::string& text) {
     speech_.Speak(texts_.LoadText(60), false, kDefaultVoice, false);
     return;
   }
-  std::string sentence = GetText(texts_.LoadText(59), count);
+  std::string sentence = texts_.GetText(texts_.LoadText(59), count);
   abbreviations_.ReplaceEmoticons(sentence);
   speech_.Speak(sentence, false, kDefaultVoice, false);
 }

@@ -22,11 +22,21 @@ double AsNumber(const RegistryVariant& value) {
   throw Failure(kTypeMismatch);
 }
 
+// Only a number counts as zero, as itself or as a text.
+bool IsZero(const RegistryVariant& value) {
+  try {
+    return !IsEmpty(value) && AsNumber(value) == 0;
+  } catch (const Failure&) {
+    return false;
+  }
+}
+
+// What is no text and no number reads as the empty text: a store that somebody edited must not keep
+// the program from starting.
 std::string AsText(const RegistryVariant& value) {
   if (const auto* text = std::get_if<std::string>(&value)) return *text;
   if (const auto* number = std::get_if<std::int32_t>(&value)) return std::to_string(*number);
-  if (std::holds_alternative<std::monostate>(value)) return {};
-  throw Failure(kTypeMismatch);
+  return {};
 }
 
 std::int32_t AsInteger32(double number) {
@@ -52,13 +62,13 @@ RegistryVariant Registry::GetRegistryValue(cRegistry& key, const std::string& na
   const RegistryVariant value = key.Value();
   switch (conversion) {
     case RegistryConversion::Flag:
-      return IsEmpty(value) || AsNumber(value) != 0;
+      return !IsZero(value);
     case RegistryConversion::Text:
       return AsText(value);
     case RegistryConversion::Integer32:
       return AsInteger32(AsNumber(value));
     case RegistryConversion::Currency:
-      return static_cast<float>(std::nearbyint(AsNumber(value) * 10000) / 10000);
+      return std::nearbyint(AsNumber(value) * 10000) / 10000;
     case RegistryConversion::Integer16:
       return ToInteger16(AsNumber(value));
     case RegistryConversion::Single:

@@ -1,7 +1,7 @@
 #include "settings/Settings.h"
 
 #include <algorithm>
-#include <optional>
+#include <vector>
 
 namespace brenwick {
 namespace {
@@ -24,7 +24,7 @@ void Settings::GetAllSettings() {
     FillEmptyStore();
     ReadKey(kGeneralKey);
     state_.Language = registry_.ReadText(kGeneralKey, "Language");
-    ReadStartWithWindows();
+    ReadKey(kRunKey);
     ReadKey(kUserKey);
     steps_.SetLogCleanTimer();
     ReadKey(kGridsKey);
@@ -70,13 +70,11 @@ void Settings::Read(const SettingRow& row) {
             (stored() == "F" ? form_.optFemale : form_.optMale).Choose();
           },
           [](const ChosenText&) {},
+          // Whether the program starts with the system is not kept twice: the box shows the entry
+          // itself.
+          [&](StartEntry) { form_.chkStartWithWindows.SetTicked(!stored().empty()); },
       },
       row.control);
-}
-
-// Whether the program starts with the system is not kept twice: the box shows the entry itself.
-void Settings::ReadStartWithWindows() {
-  form_.chkStartWithWindows.SetTicked(!registry_.ReadText(kRunKey, kTitle).empty());
 }
 
 void Settings::SaveAllSettings(std::int16_t gridsOnly) {
@@ -106,11 +104,17 @@ void Settings::SaveToStore(bool gridsOnly) {
     SaveKey(kVoicesKey);
     SaveKey(kTextKey);
   }
-  if (batch.Flush()) return;
-  throw Failure(cRegistry::kFailure,
-                "Failed to set registry value Key: '" + std::to_string(HKEY_CURRENT_USER) +
-                    "',Section: '" + kBrenwickKey + "'",
-                kTitle);
+  if (!batch.Flush()) FailToSave(gridsOnly ? kGridsKey : kGeneralKey);
+}
+
+// All values failed together; the message names the first.
+void Settings::FailToSave(const char* key) {
+  for (const SettingRow& row : SettingsTable()) {
+    if (row.key != std::string_view(key)) continue;
+    cRegistry access = registry_.OpenRegistryKey(row.key);
+    access.ValueKey = row.name;
+    access.FailToSet(TextToSave(row).value_or(""));
+  }
 }
 
 void Settings::SaveKey(const char* key) {
@@ -120,7 +124,13 @@ void Settings::SaveKey(const char* key) {
 }
 
 void Settings::Save(const SettingRow& row) {
-  const auto text = std::visit(
+  const std::optional<std::string> text = TextToSave(row);
+  if (text) registry_.WriteText(row.key, row.name, *text);
+}
+
+// Nothing for a row that is not saved now.
+std::optional<std::string> Settings::TextToSave(const SettingRow& row) {
+  return std::visit(
       ByKind{
           [&](CheckBox frmMain::*box) -> std::optional<std::string> {
             return (form_.*box).Ticked() ? "1" : "0";
@@ -139,24 +149,33 @@ void Settings::Save(const SettingRow& row) {
             const std::string& shown = (form_.*chosen.combo).Text();
             return shown.empty() ? std::nullopt : std::optional(shown);
           },
+          // The box's own click writes the entry.
+          [](StartEntry) -> std::optional<std::string> { return std::nullopt; },
       },
       row.control);
-  if (text) registry_.WriteText(row.key, row.name, *text);
 }
 
 void Settings::Application_Defaults(std::int16_t page) {
   log_.Trap(kModule, "Application_Defaults", [&] {
+    std::vector<const SettingRow*> rows;
     for (const SettingRow& row : SettingsTable()) {
-      if (row.page != page) continue;
-      const std::string value = Resolve(row.reset);
-      if (const auto* box = std::get_if<CheckBox frmMain::*>(&row.control)) {
-        (form_.**box).SetTicked(value == "1");
-      } else if (const auto* text = std::get_if<TextBox frmMain::*>(&row.control)) {
-        (form_.**text).SetText(value);
-      }
+      if (row.page == page) rows.push_back(&row);
     }
-    if (page == 0) form_.chkStartWithWindows.SetTicked(true);
+    std::stable_sort(rows.begin(), rows.end(),
+                     [](const auto* a, const auto* b) { return a->reset_turn < b->reset_turn; });
+    for (const SettingRow* row : rows) Reset(*row);
   });
+}
+
+void Settings::Reset(const SettingRow& row) {
+  const std::string value = Resolve(row.reset);
+  if (const auto* box = std::get_if<CheckBox frmMain::*>(&row.control)) {
+    (form_.**box).SetTicked(value == "1");
+  } else if (const auto* text = std::get_if<TextBox frmMain::*>(&row.control)) {
+    (form_.**text).SetText(value);
+  } else {
+    form_.chkStartWithWindows.SetTicked(true);
+  }
 }
 
 std::string Settings::Resolve(const FixedText& text) const {

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "base/ProgramState.h"
@@ -54,10 +55,12 @@ class Settings {
   void FillEmptyStore();
   void ReadKey(const char* key);
   void Read(const SettingRow& row);
-  void ReadStartWithWindows();
   void SaveKey(const char* key);
   void Save(const SettingRow& row);
+  std::optional<std::string> TextToSave(const SettingRow& row);
+  void Reset(const SettingRow& row);
   void SaveToStore(bool gridsOnly);
+  void FailToSave(const char* key);
   std::string Resolve(const FixedText& text) const;
 
   Logs& log_;

@@ -1,5 +1,7 @@
 #include "settings/SettingsTable.h"
 
+#include "base/ProgramState.h"
+
 namespace brenwick {
 namespace {
 
@@ -29,34 +31,41 @@ SettingRow Phrase(const char* name, TextBox F::*box, std::int16_t reset, std::in
   return {kTextKey, name, box, kText, Text(reset), Text(fallback), " "};
 }
 
+SettingRow Reset(int turn, SettingRow row) {
+  row.reset_turn = turn;
+  return row;
+}
+
 SettingRow Later(SettingRow row) {
   row.read_turn = 1;
   return row;
 }
 
 const SettingRow kRows[] = {
-    Box(kGeneralKey, "Introduce", &F::chkIntroduce, kGeneral, On()),
-    Box(kGeneralKey, "ShowStartupScreen", &F::chkShowStartupScreen, kGeneral, On()),
-    Box(kGeneralKey, "Debug", &F::chkDebug, kGeneral, Off()),
+    Reset(1, Box(kGeneralKey, "Introduce", &F::chkIntroduce, kGeneral, On())),
+    Reset(2, Box(kGeneralKey, "ShowStartupScreen", &F::chkShowStartupScreen, kGeneral, On())),
+    Reset(4, Box(kGeneralKey, "Debug", &F::chkDebug, kGeneral, Off())),
     {kGeneralKey, "IntroductionText", &F::txtIntroductionText, kGeneral, Text(11), Text(11), " "},
     Box(kGeneralKey, "CheckNewVersionsMessenger", &F::chkNewVersionMessenger),
     Box(kGeneralKey, "CheckNewVersionsBrenwick", &F::chkNewVersionBrenwick),
     {kGeneralKey, "Language", ChosenText{&F::cmbLanguage}},
+    Reset(3, {kRunKey, kTitle, StartEntry{}, kGeneral, On()}),
 
-    Box(kUserKey, "IntroduceUser", &F::chkIntroduceUser, kUser, On()),
-    Box(kUserKey, "NoMessageOnlyUserState", &F::chkDoNotSpeakMessage, kUser, Off()),
-    Box(kUserKey, "NotifyUserState", &F::chkNotifyUserState, kUser, On()),
-    Box(kUserKey, "FirstName", &F::chkFirstName, kUser, On()),
-    Box(kUserKey, "NotifyNewEmail", &F::chkNotifyNewEmail, kUser, On()),
-    Box(kUserKey, "Mute", &F::chkMute, kUser, Off()),
+    Reset(3, Box(kUserKey, "IntroduceUser", &F::chkIntroduceUser, kUser, On())),
+    Reset(1, Box(kUserKey, "NoMessageOnlyUserState", &F::chkDoNotSpeakMessage, kUser, Off())),
+    Reset(0, Box(kUserKey, "NotifyUserState", &F::chkNotifyUserState, kUser, On())),
+    Reset(5, Box(kUserKey, "FirstName", &F::chkFirstName, kUser, On())),
+    Reset(2, Box(kUserKey, "NotifyNewEmail", &F::chkNotifyNewEmail, kUser, On())),
+    Reset(8, Box(kUserKey, "Mute", &F::chkMute, kUser, Off())),
     Box(kUserKey, "SaveConversations", &F::chkSaveConversations),
-    Box(kUserKey, "ScrollLock", &F::chkScrollLock, kUser, On()),
+    Reset(6, Box(kUserKey, "ScrollLock", &F::chkScrollLock, kUser, On())),
     Box(kUserKey, "ConversationCleanUp", &F::chkLogConversationsCleanUp),
     Box(kUserKey, "DebugCleanUp", &F::chkLogDebugCleanUp),
-    Box(kUserKey, "FinishSentence", &F::chkFinishSentence, kUser, On()),
+    Reset(7, Box(kUserKey, "FinishSentence", &F::chkFinishSentence, kUser, On())),
     // These two are saved before the days to keep and read between them.
     Later(Box(kUserKey, "UseRepeatHotkeys", &F::chkUseRepeat)),
-    Later(Box(kUserKey, "UseMyNames", &F::chkUseMyNamesInsteadOfBuddyNames, kUser, Off())),
+    Reset(4,
+          Later(Box(kUserKey, "UseMyNames", &F::chkUseMyNamesInsteadOfBuddyNames, kUser, Off()))),
     Number(kUserKey, "ConversationsDaysToKeep", &F::txtLogConversationsDaysToKeep, "7"),
     Later(Number(kUserKey, "DebugDaysToKeep", &F::txtLogDebugDaysToKeep, "7")),
 

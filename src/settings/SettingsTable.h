@@ -33,6 +33,9 @@ struct ChosenText {
   ComboBox frmMain::*combo;
 };
 
+// The entry that starts the program with the system; chkStartWithWindows writes it at its click.
+struct StartEntry {};
+
 // A text of the language, or a literal one.
 struct FixedText {
   std::int16_t id = 0;
@@ -44,12 +47,13 @@ struct SettingRow {
   const char* key;
   const char* name;
   std::variant<CheckBox frmMain::*, TextBox frmMain::*, SortOptions, DefaultVoiceOptions,
-               ChosenText>
+               ChosenText, StartEntry>
       control;
   int page = -1;                // the page of defaults that resets it; −1: none does
   FixedText reset = {};         // what that page sets it to
   FixedText fallback = {};      // what an empty stored text is read as
   const char* blank = nullptr;  // what an empty box is set to before it is saved
+  int reset_turn = 0;           // rows of a page are reset by rising turn, and by place within one
   int read_turn = 0;            // rows of a key are read by rising turn, and by place within one
 };
 

@@ -27,6 +27,15 @@ std::optional<std::int32_t> NumberIn(const RegistryVariant& value) {
   return std::nullopt;
 }
 
+// A value as it is written into a text.
+std::string TextOf(const RegistryVariant& value) {
+  if (const auto* text = std::get_if<std::string>(&value)) return *text;
+  if (const auto* flag = std::get_if<bool>(&value)) return *flag ? "True" : "False";
+  const std::optional<std::int32_t> number = NumberIn(value);
+  if (!number) throw Failure(kTypeMismatch);
+  return std::to_string(*number);
+}
+
 }  // namespace
 
 bool cRegistry::KeyExists() { return store_.KeyExists(SectionKey); }
@@ -73,9 +82,7 @@ RegistryVariant cRegistry::Value() {
 
 void cRegistry::SetValue(const RegistryVariant& value) {
   if (ValueType == REG_SZ || ValueType == REG_EXPAND_SZ) {
-    const auto* text = std::get_if<std::string>(&value);
-    if (text == nullptr) throw Failure(kTypeMismatch);
-    WriteText(*text);
+    WriteText(TextOf(value));
   } else if (ValueType == REG_BINARY) {
     const auto* bytes = std::get_if<std::vector<std::uint8_t>>(&value);
     if (bytes == nullptr) Fail("");
@@ -97,7 +104,10 @@ void cRegistry::WriteNumber(const RegistryVariant& value) {
 }
 
 void cRegistry::Write(const RegistryValue& value, const std::string& shown) {
-  if (store_.WriteValue(SectionKey, ValueKey, value)) return;
+  if (!store_.WriteValue(SectionKey, ValueKey, value)) FailToSet(shown);
+}
+
+void cRegistry::FailToSet(const std::string& shown) {
   Fail("Failed to set registry value Key: '" + Where() + "',Key: '" + ValueKey + "' to value: '" +
        shown + "'");
 }

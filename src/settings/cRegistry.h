@@ -13,7 +13,7 @@ namespace brenwick {
 
 // What a value can be on its way in or out. std::monostate is the empty result.
 using RegistryVariant = std::variant<std::monostate, std::string, std::int16_t, std::int32_t, float,
-                                     bool, std::vector<std::uint8_t>>;
+                                     double, bool, std::vector<std::uint8_t>>;
 
 // The root of all keys in use, as the signed number that messages show.
 inline constexpr std::int32_t HKEY_CURRENT_USER = -2147483647;
@@ -40,6 +40,9 @@ class cRegistry {
   // second one at least two characters further on. A REG_DWORD takes numbers and flags and passes
   // over everything else.
   void SetValue(const RegistryVariant& value);
+
+  // What SetValue raises when the store does not take the value.
+  [[noreturn]] void FailToSet(const std::string& shown);
 
   std::vector<std::string> EnumerateValues() { return store_.ValueNames(SectionKey); }
   std::vector<std::string> EnumerateSections() { return store_.SubKeys(SectionKey); }

@@ -1,0 +1,130 @@
+// The contact list on the disk, beside a plain write of the same bytes, and looking a contact up.
+#include <benchmark/benchmark.h>
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <string>
+#include <vector>
+
+#include "Stage.h"
+#include "contacts/ContactFile.h"
+
+namespace brenwick {
+namespace {
+
+using Time = std::chrono::steady_clock;
+
+std::string EmailOf(std::int64_t contact) {
+  return "contact" + std::to_string(contact) + "@example.org";
+}
+
+std::vector<ContactRecord> Records(std::int64_t count) {
+  std::vector<ContactRecord> records;
+  records.reserve(static_cast<std::size_t>(count));
+  for (std::int64_t i = 1; i <= count; ++i) {
+    const std::string number = std::to_string(i);
+    records.push_back(
+        {EmailOf(i), "Contact " + number, "Own " + number, "F", "False", "10", "True"});
+  }
+  return records;
+}
+
+// The parts of a program that a contact list needs.
+struct SavedContacts {
+  explicit SavedContacts(std::int64_t count)
+      : folder(std::filesystem::temp_directory_path() / "brenwick-bench-contacts"),
+        folders({folder.string(), BRENWICK_PROGRAM_FOLDER, ""}) {
+    data.Create();
+    contacts.Replace(Records(count));
+    file.Save();
+  }
+  ~SavedContacts() { std::filesystem::remove_all(folder); }
+
+  std::string Path() { return data.Inside("Brenwick.Lst"); }
+
+  std::filesystem::path folder;
+  SilentTranscript transcript;
+  ScriptedScreen screen{transcript};
+  ScriptedLoop loop;
+  ScriptedClock clock;
+  ScriptedSystem system;
+  PosixFolders folders;
+  ProgramState state;
+  frmMain form;
+  cMousePointer pointer{screen};
+  StatusWindow status{pointer, loop, system};
+  DataFolder data{folders};
+  LogFiles files{data, folders, clock};
+  ErrorReport report{state, files, status, screen};
+  Logs log{state, files, report};
+  TextTable texts{log};
+  ContactList contacts{log, form, texts};
+  ContactFile file{contacts, data, folders, clock};
+};
+
+// False: the disk refused.
+bool WritePlainly(const std::string& path, const std::string& bytes) {
+  const int descriptor = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
+  if (descriptor < 0) return false;
+  const bool written =
+      ::write(descriptor, bytes.data(), bytes.size()) == static_cast<ssize_t>(bytes.size());
+  const bool flushed = ::fsync(descriptor) == 0;
+  return ::close(descriptor) == 0 && written && flushed;
+}
+
+double Median(std::vector<double>& seconds) {
+  const auto middle = seconds.begin() + static_cast<std::ptrdiff_t>(seconds.size() / 2);
+  std::nth_element(seconds.begin(), middle, seconds.end());
+  return *middle;
+}
+
+template <typename Action>
+double Seconds(const Action& action) {
+  const auto begin = Time::now();
+  action();
+  return std::chrono::duration<double>(Time::now() - begin).count();
+}
+
+// "ratio" compares the medians of both, taken in turn, so that a slow moment of the disk meets both
+// alike. At most 1.5 is wanted.
+void Save(benchmark::State& state) {
+  SavedContacts saved(state.range(0));
+  const std::string bytes = saved.folders.Read(saved.Path());
+  const std::string plain = saved.data.Inside("plain");
+  std::vector<double> saving;
+  std::vector<double> writing;
+  bool written = true;
+  for (auto _ : state) {
+    writing.push_back(Seconds([&] { written = WritePlainly(plain, bytes) && written; }));
+    saving.push_back(Seconds([&] { saved.file.Save(); }));
+    state.SetIterationTime(saving.back());
+  }
+  if (!written) state.SkipWithError("the plain file could not be written");
+  const double write = Median(writing);
+  state.counters["ratio"] = Median(saving) / write;
+  state.counters["plain_us"] = write * 1e6;
+}
+BENCHMARK(Save)->Arg(100)->Arg(1'000)->Arg(32'767)->UseManualTime()->Unit(benchmark::kMicrosecond);
+
+void Load(benchmark::State& state) {
+  SavedContacts saved(state.range(0));
+  for (auto _ : state) saved.file.Load();
+  const auto loaded = static_cast<std::int64_t>(saved.contacts.Records().size());
+  if (loaded != state.range(0)) state.SkipWithError("not all contacts were loaded");
+}
+BENCHMARK(Load)->Arg(100)->Arg(1'000)->Arg(32'767)->Unit(benchmark::kMicrosecond);
+
+void FindLast(benchmark::State& state) {
+  SavedContacts saved(state.range(0));
+  const std::string email = EmailOf(state.range(0));
+  for (auto _ : state) benchmark::DoNotOptimize(saved.contacts.FindRecord(email));
+  if (saved.contacts.FindRecord(email) == nullptr) state.SkipWithError("it was not found");
+}
+BENCHMARK(FindLast)->Arg(100)->Arg(1'000)->Arg(32'767)->Unit(benchmark::kMicrosecond);
+
+}  // namespace
+}  // namespace brenwick
+
+BENCHMARK_MAIN();

@@ -1,0 +1,101 @@
+// A line of the debug log beside the bare system calls that such a line takes.
+#include "logging/Logs.h"
+
+#include <benchmark/benchmark.h>
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <string>
+#include <vector>
+
+#include "Stage.h"
+
+namespace brenwick {
+namespace {
+
+using Time = std::chrono::steady_clock;
+
+// The parts of a program that the logs need.
+struct LoggingProgram {
+  LoggingProgram()
+      : folder(std::filesystem::temp_directory_path() / "brenwick-bench-logs"),
+        folders({folder.string(), BRENWICK_PROGRAM_FOLDER, ""}) {
+    ParseMoment("2004-01-10T12:00:00", clock.now);
+    data.Create();
+    state.Debug = true;
+  }
+  ~LoggingProgram() { std::filesystem::remove_all(folder); }
+
+  std::filesystem::path folder;
+  SilentTranscript transcript;
+  ScriptedScreen screen{transcript};
+  ScriptedLoop loop;
+  ScriptedClock clock;
+  ScriptedSystem system;
+  PosixFolders folders;
+  ProgramState state;
+  cMousePointer pointer{screen};
+  StatusWindow status{pointer, loop, system};
+  DataFolder data{folders};
+  LogFiles files{data, folders, clock};
+  ErrorReport report{state, files, status, screen};
+  Logs log{state, files, report};
+};
+
+bool AppendPlainly(const std::string& path, const std::string& line) {
+  const int descriptor = ::open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0600);
+  if (descriptor < 0) return false;
+  const bool written =
+      ::write(descriptor, line.data(), line.size()) == static_cast<ssize_t>(line.size());
+  return ::close(descriptor) == 0 && written;
+}
+
+double Median(std::vector<double>& seconds) {
+  const auto middle = seconds.begin() + static_cast<std::ptrdiff_t>(seconds.size() / 2);
+  std::nth_element(seconds.begin(), middle, seconds.end());
+  return *middle;
+}
+
+template <typename Action>
+double Seconds(const Action& action) {
+  const auto begin = Time::now();
+  action();
+  return std::chrono::duration<double>(Time::now() - begin).count();
+}
+
+// "ratio" compares the medians of both, taken in turn. At most 1.2 is wanted.
+void DebugWrite(benchmark::State& state) {
+  LoggingProgram program;
+  const std::string plain = program.data.Inside("plain.log");
+  program.log.DebugWrite("UserStateChanged", "Userstate changes are NOT spoken");
+  const std::string log = program.files.MakeDatedFile(program.data.DebugLogs(), 0);
+  const std::string line = program.folders.Read(log);
+  std::vector<double> logging;
+  std::vector<double> appending;
+  bool written = true;
+  for (auto _ : state) {
+    appending.push_back(Seconds([&] { written = AppendPlainly(plain, line) && written; }));
+    logging.push_back(Seconds(
+        [&] { program.log.DebugWrite("UserStateChanged", "Userstate changes are NOT spoken"); }));
+    state.SetIterationTime(logging.back());
+  }
+  if (!written) state.SkipWithError("the plain file could not be written");
+  const double append = Median(appending);
+  state.counters["ratio"] = Median(logging) / append;
+  state.counters["plain_us"] = append * 1e6;
+}
+BENCHMARK(DebugWrite)->UseManualTime()->Unit(benchmark::kMicrosecond);
+
+void DebugWriteSwitchedOff(benchmark::State& state) {
+  LoggingProgram program;
+  program.state.Debug = false;
+  for (auto _ : state) program.log.DebugWrite("UserStateChanged", "nothing is kept of this");
+}
+BENCHMARK(DebugWriteSwitchedOff);
+
+}  // namespace
+}  // namespace brenwick
+
+BENCHMARK_MAIN();

@@ -1,0 +1,145 @@
+// A settings file of any bytes: its data is printed and parsed alike, and a store that starts on it
+// never loses it.
+#include <stdlib.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <optional>
+
+#include "base/Text.h"
+#include "desktop/IniFormat.h"
+#include "desktop/IniStore.h"
+#include "fuzz/Fuzz.h"
+
+namespace brenwick {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kKey = "Software\\Brenwick\\Fuzz";
+constexpr const char* kDamage = "[";
+
+// Nothing that is written here need outlive the machine.
+class UnflushedCalls : public FileCalls {
+ public:
+  int Fsync(int) override { return 0; }
+};
+
+// A folder of this process, gone with it.
+class Folder {
+ public:
+  Folder() {
+    const bool memory = fs::is_directory("/dev/shm");
+    path_ = (memory ? fs::path("/dev/shm") : fs::temp_directory_path()) / "brenwick-fuzzXXXXXX";
+    Expect(::mkdtemp(path_.data()) != nullptr, "there is a temporary folder");
+  }
+  Folder(const Folder&) = delete;
+  Folder& operator=(const Folder&) = delete;
+  ~Folder() { fs::remove_all(path_); }
+
+  void Empty() const {
+    for (const fs::directory_entry& entry : fs::directory_iterator(path_)) fs::remove(entry.path());
+  }
+  std::string File() const { return path_ + "/store.ini"; }
+  std::string Backup() const { return File() + ".bak"; }
+  std::string Aside() const { return File() + ".damaged-2003-03-15"; }
+
+ private:
+  std::string path_;
+};
+
+std::optional<std::string> Content(const std::string& path) {
+  if (!fs::exists(path)) return {};
+  std::ifstream file(path, std::ios::binary);
+  return std::string{std::istreambuf_iterator<char>(file), {}};
+}
+
+void SetContent(const std::string& path, std::string_view bytes) {
+  std::ofstream(path, std::ios::binary | std::ios::trunc) << bytes;
+}
+
+class Checker {
+ public:
+  void Check(std::string_view bytes) {
+    const std::optional<IniData> data = FromIni(bytes);
+    if (data) Expect(FromIni(ToIni(*data)) == data, "what was printed is parsed again");
+    CheckFile(bytes, data);
+    CheckBackup(bytes, data);
+    CheckValues(bytes);
+  }
+
+ private:
+  IniStore Start() {
+    told_ = 0;
+    return IniStore(
+        folder_.File(), clock_, [this](const std::string&) { ++told_; }, calls_);
+  }
+  static void Write(IniStore& store) {
+    Expect(store.WriteValue(kKey, "Written", {REG_SZ, "by the target", 0}), "a value is stored");
+  }
+
+  void CheckFile(std::string_view bytes, const std::optional<IniData>& data) {
+    folder_.Empty();
+    SetContent(folder_.File(), bytes);
+    IniStore store = Start();
+    Expect(told_ == (data ? 0 : 1), "the user is told of a damaged file, once");
+    const std::string kept = data ? folder_.File() : folder_.Aside();
+    Expect(Content(kept) == bytes, "a start loses nothing of the file");
+    Write(store);
+    const std::string behind = data ? folder_.Backup() : folder_.Aside();
+    const bool same = data && data->Find(kKey, "Written") && Content(folder_.File()) == bytes;
+    Expect(same || Content(behind) == bytes, "a change loses nothing of the file before it");
+    IniData expected = data.value_or(IniData());
+    expected.Write(kKey, "Written", {REG_SZ, "by the target", 0});
+    Expect(FromIni(Content(folder_.File()).value_or(kDamage)) == expected,
+           "a change adds itself only");
+  }
+
+  // The bytes as the backup of a damaged file.
+  void CheckBackup(std::string_view bytes, const std::optional<IniData>& data) {
+    folder_.Empty();
+    SetContent(folder_.File(), kDamage);
+    SetContent(folder_.Backup(), bytes);
+    IniStore store = Start();
+    Expect(told_ == 1, "the user is told of the damage");
+    Expect(Content(folder_.Aside()) == kDamage, "the damaged file is kept");
+    Expect(FromIni(Content(folder_.File()).value_or(kDamage)) == data.value_or(IniData()),
+           "the backup takes the place of a damaged file, if it is whole");
+  }
+
+  // The bytes as a key, a name, a text and raw bytes of a program.
+  void CheckValues(std::string_view bytes) {
+    folder_.Empty();
+    const std::string text(bytes);
+    const RegistryValue value = {REG_SZ, text, 0};
+    const RegistryValue raw = {REG_BINARY, text, 0};
+    IniStore store = Start();
+    Expect(store.WriteValue(kKey, text, value), "any name and any text can be stored");
+    Expect(store.WriteValue("raw", "raw", raw), "any bytes can be stored");
+    const bool key = store.WriteValue(text, "in a key", value);
+    IniStore other = Start();
+    Expect(told_ == 0, "what a store writes is whole");
+    const RegistryValue repaired = {REG_SZ, Repaired(text), 0};
+    Expect(other.ReadValue(kKey, text) == repaired, "a text is read as it was stored");
+    Expect(other.ReadValue("raw", "raw") == raw, "bytes are read as they were stored");
+    Expect(other.KeyExists(text) == (key || text.empty()), "a key is there if it could be made");
+    if (key) Expect(other.ReadValue(text, "in a key") == repaired, "a key holds its value");
+    Expect(other.ValueNames(kKey) == std::vector<std::string>{Repaired(text)},
+           "a name is kept as it was first written");
+  }
+
+  Folder folder_;
+  FakeClock clock_;
+  UnflushedCalls calls_;
+  int told_ = 0;
+};
+
+}  // namespace
+}  // namespace brenwick
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  static brenwick::Checker checker;
+  checker.Check(brenwick::BytesOf(data, size));
+  return 0;
+}
