@@ -68,7 +68,7 @@ void CheckInput(std::string_view input) {
   program.world.folders.files[kFile] = table;
   Expect(program.Read(texts.size() % 2 == 0) == good, "a table is read when each line is a row");
   if (!good) {
-    Expect(ShowsErrorReport(program.world.screen, "EmoticonRead"), "a bad table is reported");
+    Expect(ShowsErrorReport(program.world.screen), "a bad table is reported");
     return;
   }
   Expect(program.world.screen.boxes.empty(), "a good table is read in silence");

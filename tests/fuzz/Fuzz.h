@@ -40,11 +40,10 @@ bool ComesToItsEnd(Action action) {
   return true;
 }
 
-// The user was shown the error report of that procedure, and nothing else.
-inline bool ShowsErrorReport(const FakeScreen& screen, const std::string& procedure) {
+// The user was shown one error report and nothing else.
+inline bool ShowsErrorReport(const FakeScreen& screen) {
   return screen.boxes.size() == 1 && screen.boxes[0].text.starts_with("Error (") &&
-         screen.boxes[0].text.find("\r\nProcedure: " + procedure + "\r\n") != std::string::npos &&
-         screen.boxes[0].icon == BoxIcon::Critical;
+         screen.boxes[0].title.starts_with("Unexpected Error!");
 }
 
 // The parts of an input, which a NUL byte separates.

@@ -1,0 +1,40 @@
+// The text of a settings file, any bytes: what was parsed is printed and parsed again alike.
+#include <optional>
+
+#include "base/Text.h"
+#include "desktop/IniFormat.h"
+#include "fuzz/Fuzz.h"
+
+namespace brenwick {
+namespace {
+
+void CheckText(std::string_view bytes) {
+  const std::optional<IniData> data = FromIni(bytes);
+  if (!data) return;
+  const std::string printed = ToIni(*data);
+  Expect(IsValidUtf8(printed), "what is printed is valid UTF-8");
+  Expect(FromIni(printed) == data, "what was printed is parsed again");
+}
+
+// The parts of the bytes as a key, a name and a value; its type is the first byte's number.
+void CheckValue(std::string_view bytes) {
+  std::vector<std::string_view> parts = Parts(bytes);
+  parts.resize(3);
+  const auto type = parts[2].empty() ? REG_SZ : static_cast<RegistryType>(parts[2].front());
+  const auto number = static_cast<std::int32_t>(bytes.size() * 0x9E3779B1U);
+  const bool text = type == REG_SZ || type == REG_EXPAND_SZ || type == REG_MULTI_SZ;
+  const std::string content = text ? Repaired(parts[2]) : std::string(parts[2]);
+  IniData data;
+  if (!data.Write(Repaired(parts[0]), Repaired(parts[1]), {type, content, number})) return;
+  data.Write("", Repaired(parts[0]), {type, content, number});
+  Expect(FromIni(ToIni(data)) == data, "any value is parsed as it was printed");
+}
+
+}  // namespace
+}  // namespace brenwick
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  brenwick::CheckText(brenwick::BytesOf(data, size));
+  brenwick::CheckValue(brenwick::BytesOf(data, size));
+  return 0;
+}
