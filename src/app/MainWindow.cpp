@@ -78,6 +78,11 @@ void MainWindow::lstMenu_Click() {
 void MainWindow::AddTrayIcon() { tray_.Add(Tip(form_.Caption())); }
 void MainWindow::RefreshTrayTip() { tray_.Modify(Tip(form_.Caption())); }
 
+void MainWindow::ShowAtStart() {
+  form_.Show();
+  Form_Resize();
+}
+
 void MainWindow::ShowTitle(const std::string& title) {
   form_.SetCaption(title);
   RefreshTrayTip();

@@ -35,6 +35,8 @@ class MainWindow {
 
   void AddTrayIcon();
   void RefreshTrayTip();
+  // The window's first time on the screen, in its size.
+  void ShowAtStart();
   // A title in the window's caption and the tray icon's tip.
   void ShowTitle(const std::string& title);
 

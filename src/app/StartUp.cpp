@@ -180,7 +180,7 @@ void Program::FinishStart() {
   ShowProgress(110);
   status_.StatusForm(false);
   pointer_.ClearHourglass();
-  if (form_.State() == WindowState::Normal) form_.Show();
+  if (form_.State() == WindowState::Normal) window_.ShowAtStart();
   Startup("Startup - Completed");
 }
 

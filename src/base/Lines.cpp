@@ -15,8 +15,7 @@ std::vector<std::string_view> Lines(std::string_view content) {
 }
 
 std::string_view WithoutByteOrderMark(std::string_view content) {
-  constexpr std::string_view kMark = "\xEF\xBB\xBF";
-  if (content.starts_with(kMark)) content.remove_prefix(kMark.size());
+  if (content.starts_with(kByteOrderMark)) content.remove_prefix(kByteOrderMark.size());
   return content;
 }
 

@@ -11,7 +11,10 @@ namespace brenwick {
 // stands behind the last line end is a line of its own unless it is empty.
 std::vector<std::string_view> Lines(std::string_view content);
 
-// The content without the mark that some editors put in front of UTF-8; it is no text.
+// What some editors put in front of UTF-8; it is no text.
+inline constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+// The content without that mark.
 std::string_view WithoutByteOrderMark(std::string_view content);
 
 }  // namespace brenwick

@@ -29,25 +29,39 @@ ContactRecord RecordFrom(const std::vector<std::string_view>& lines, std::size_t
 }
 
 // A line end inside a field would move every field behind it.
-void AppendField(std::string& content, std::string field) {
+void AppendField(std::string& content, std::string_view field) {
+  const std::size_t start = content.size();
+  content.append(field);
   std::replace_if(
-      field.begin(), field.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
-  content.append(field).append("\r\n");
+      content.begin() + static_cast<std::ptrdiff_t>(start), content.end(),
+      [](char c) { return c == '\r' || c == '\n'; }, ' ');
+  content.append("\r\n");
 }
 
 std::string FileContent(const std::vector<ContactRecord>& records) {
+  constexpr std::size_t kUsualLength = 100;
   std::string content;
+  content.reserve(records.size() * kUsualLength);
   for (const ContactRecord& record : records) {
     if (record.Email.empty()) continue;
     AppendField(content, record.Email);
     AppendField(content, record.Name);
-    AppendField(content, record.HasFriendlyName == "True" ? record.FriendlyName : "");
+    AppendField(content, record.HasFriendlyName == "True" ? std::string_view(record.FriendlyName)
+                                                          : std::string_view());
     AppendField(content, record.Gender);
     AppendField(content, record.Ignore);
     AppendField(content, record.Status);
     AppendField(content, record.HasFriendlyName);
   }
+  // An address that begins like a byte order mark would lose it at the next loading.
+  const bool marked = WithoutByteOrderMark(content).size() != content.size();
+  if (marked) content.insert(0, kByteOrderMark);
   return content;
+}
+
+// The last line is one of these where the file is whole; a file that was cut ends anywhere.
+bool IsLastFieldWhole(const std::vector<std::string_view>& lines) {
+  return lines.empty() || lines.back().empty() || lines.back() == "True" || lines.back() == "False";
 }
 
 }  // namespace
@@ -64,7 +78,8 @@ void ContactFile::Load() {
     records.push_back(RecordFrom(lines, i * kLinesPerContact));
   }
   contacts_.Replace(std::move(records));
-  const bool complete = lines.size() % kLinesPerContact == 0;
+  const bool complete =
+      lines.size() % kLinesPerContact == 0 && (content.ends_with('\n') || IsLastFieldWhole(lines));
   if (!complete || whole > kMostContacts) SetAside(content);
   loaded_ = true;
   if (whole > kMostContacts) throw Failure(kOverflow);

@@ -262,11 +262,9 @@ std::string ToIni(const IniData& data) {
 }
 
 std::optional<IniData> FromIni(std::string_view content) {
-  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-  if (content.starts_with(kByteOrderMark)) content.remove_prefix(kByteOrderMark.size());
   IniData data;
   std::string key;
-  for (const std::string_view bytes : Lines(content)) {
+  for (const std::string_view bytes : Lines(WithoutByteOrderMark(content))) {
     if (std::any_of(bytes.begin(), bytes.end(), IsStray)) return {};
     if (!TakeLine(TextFromSystemCodePage(bytes), data, key)) return {};
   }

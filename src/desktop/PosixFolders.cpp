@@ -19,9 +19,9 @@ void RemoveSlashAtEnd(std::string& path) {
   while (path.size() > 1 && path.ends_with('/')) path.pop_back();
 }
 
-bool IsOfKind(const std::string& path, mode_t kind) {
-  struct stat status {};
-  return ::stat(path.c_str(), &status) == 0 && (status.st_mode & S_IFMT) == kind;
+// Whether an errno says that there is nothing of that name.
+bool SaysNothingThere(int error) {
+  return error == ENOENT || error == ENOTDIR || error == ENAMETOOLONG;
 }
 
 }  // namespace
@@ -39,6 +39,13 @@ std::string PosixFolders::DocumentsFolder() {
 
 bool PosixFolders::FileExists(const std::string& path) { return IsOfKind(path, S_IFREG); }
 bool PosixFolders::FolderExists(const std::string& path) { return IsOfKind(path, S_IFDIR); }
+
+bool PosixFolders::IsOfKind(const std::string& path, unsigned kind) {
+  struct stat status {};
+  if (::stat(path.c_str(), &status) == 0) return (status.st_mode & S_IFMT) == kind;
+  if (!SaysNothingThere(errno)) Raise(errno, path);
+  return false;
+}
 
 void PosixFolders::CreateFolder(const std::string& path) {
   if (calls_.Mkdir(path, 0700) == 0) return;

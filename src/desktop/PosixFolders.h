@@ -37,6 +37,7 @@ class PosixFolders : public Folders {
   void Delete(const std::string& path) override;
 
  private:
+  bool IsOfKind(const std::string& path, unsigned kind);
   // Raises the failure that an errno stands for; 0 is none.
   void Raise(int error, const std::string& path);
 

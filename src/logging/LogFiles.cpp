@@ -22,26 +22,33 @@ std::string LogFiles::MakeDatedFile(const std::string& prefix, std::int16_t days
 }
 
 void LogFiles::WriteDebugLine(std::string_view procedure, std::string_view text) {
-  WriteDatedLine(data_.DebugLogs(), std::string(procedure).append(" ").append(text));
+  Append(debug_file_, &DataFolder::DebugLogs, {procedure, " ", text});
 }
 
 void LogFiles::WriteConversationLine(std::string_view text) {
-  WriteDatedLine(data_.Conversations(), text);
+  Append(conversation_file_, &DataFolder::Conversations, {text});
 }
 
 void LogFiles::WriteMarkerLine(std::string_view text) {
-  WriteLine(data_.DebugMarker(), clock_.Now(), text);
+  folders_.Append(data_.DebugMarker(), Moment(clock_.Now()).append(text).append("\r\n"));
 }
 
 // One reading of the clock, so that a line's date is always that of its file.
-void LogFiles::WriteDatedLine(const std::string& folder, std::string_view text) {
+void LogFiles::Append(DailyFile& file, std::string (DataFolder::*folder)(),
+                      std::initializer_list<std::string_view> parts) {
   const LocalTime now = clock_.Now();
-  WriteLine(DatedName(folder, now, 0), now, text);
+  const auto day = std::chrono::floor<std::chrono::days>(now);
+  if (file.path.empty() || file.day != day) file = {day, DatedName((data_.*folder)(), now, 0)};
+  std::string line = Moment(now);
+  for (const std::string_view part : parts) line.append(part);
+  folders_.Append(file.path, line.append("\r\n"));
 }
 
-void LogFiles::WriteLine(const std::string& path, LocalTime now, std::string_view text) {
-  std::string line = clock_.DateText(now) + " " + clock_.TimeText(now) + " ";
-  folders_.Append(path, line.append(text).append("\r\n"));
+std::string LogFiles::Moment(LocalTime now) {
+  constexpr std::size_t kUsualLength = 120;
+  std::string moment;
+  moment.reserve(kUsualLength);
+  return moment.append(clock_.DateText(now)).append(" ").append(clock_.TimeText(now)).append(" ");
 }
 
 }  // namespace brenwick

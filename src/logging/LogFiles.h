@@ -1,7 +1,9 @@
 // The daily log files: their names, and adding a line.
 #pragma once
 
+#include <chrono>
 #include <cstdint>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 
@@ -28,12 +30,21 @@ class LogFiles {
   void WriteMarkerLine(std::string_view text);
 
  private:
-  void WriteDatedLine(const std::string& folder, std::string_view text);
-  void WriteLine(const std::string& path, LocalTime now, std::string_view text);
+  // Today's file in a folder, and the day that it is for.
+  struct DailyFile {
+    std::chrono::local_days day{};
+    std::string path;
+  };
+
+  void Append(DailyFile& file, std::string (DataFolder::*folder)(),
+              std::initializer_list<std::string_view> parts);
+  std::string Moment(LocalTime now);
 
   DataFolder& data_;
   Folders& folders_;
   Clock& clock_;
+  DailyFile debug_file_;
+  DailyFile conversation_file_;
 };
 
 }  // namespace brenwick

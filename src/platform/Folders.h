@@ -25,6 +25,8 @@ class Folders {
   // Between the parts of a path: "/" or "\".
   virtual char Separator() const = 0;
 
+  // Where that cannot be found out, these raise kPermissionDenied or kPathFileAccess: a file that
+  // is taken for missing would be written anew.
   virtual bool FileExists(const std::string& path) = 0;
   virtual bool FolderExists(const std::string& path) = 0;
   // Makes one folder, private to the user. Raises kPathNotFound, kPermissionDenied or

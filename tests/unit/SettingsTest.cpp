@@ -165,13 +165,15 @@ TEST_F(SettingsTest, OtherPagesHaveNoDefaults) {
   form.chkMute.SetTicked(true);
   form.txtBusy.SetText("mine");
   form.txtIntroductionText.SetText("mine");
-  for (const std::int16_t page : {-1, 3, 4, 32767}) settings.Application_Defaults(page);
+  for (const int page : {-1, 3, 4, 32767}) {
+    settings.Application_Defaults(static_cast<std::int16_t>(page));
+  }
   EXPECT_TRUE(form.chkMute.Ticked());
   EXPECT_EQ(form.txtBusy.Text() + form.txtIntroductionText.Text(), "minemine");
 }
 
 TEST_F(SettingsTest, DefaultsDoNotTouchTheStore) {
-  for (const std::int16_t page : {0, 1, 2}) settings.Application_Defaults(page);
+  for (std::int16_t page = 0; page <= 2; ++page) settings.Application_Defaults(page);
   EXPECT_TRUE(store.written.empty());
   EXPECT_TRUE(form.chkStartWithWindows.Ticked());
 }
