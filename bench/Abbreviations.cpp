@@ -3,48 +3,28 @@
 
 #include <string>
 
-#include "Stage.h"
+#include "Parts.h"
 #include "speech/Abbreviations.h"
 
 namespace brenwick {
 namespace {
 
-// The parts of a program that a table needs.
-struct Table {
-  explicit Table(int rows)
-      : folder(std::filesystem::temp_directory_path() / "brenwick-bench-table"),
-        folders({folder.string(), BRENWICK_PROGRAM_FOLDER, ""}) {
-    data.Create();
+struct Table : Parts {
+  explicit Table(std::int64_t rows) : Parts("table") {
     std::string content;
-    for (int i = 0; i < rows; ++i) {
+    for (std::int64_t i = 0; i < rows; ++i) {
       content += "(abbr" + std::to_string(i) + ")=replacement\r\n";
     }
     folders.Replace(data.Inside("Abbreviations.Txt"), content);
     texts.Replace(std::vector<std::string>(175, "text"));
     abbreviations.EmoticonRead(true);
   }
-  ~Table() { std::filesystem::remove_all(folder); }
 
-  std::filesystem::path folder;
-  SilentTranscript transcript;
-  ScriptedScreen screen{transcript};
-  ScriptedLoop loop;
-  ScriptedClock clock;
-  ScriptedSystem system;
-  PosixFolders folders;
-  ProgramState state;
-  cMousePointer pointer{screen};
-  StatusWindow status{pointer, loop, system};
-  DataFolder data{folders};
-  LogFiles files{data, folders, clock};
-  ErrorReport report{state, files, status, screen};
-  Logs log{state, files, report};
-  TextTable texts{log};
   Abbreviations abbreviations{log, texts, status, pointer, data, folders};
 };
 
 void Replace(benchmark::State& state, bool found) {
-  Table table(static_cast<int>(state.range(0)));
+  Table table(state.range(0));
   const std::string last = "(abbr" + std::to_string(state.range(0) - 1) + ")";
   const std::string text =
       "Anna says I will bring the boat trailer " + (found ? last : std::string("tomorrow"));

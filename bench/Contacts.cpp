@@ -3,18 +3,14 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <algorithm>
-#include <chrono>
 #include <string>
 #include <vector>
 
-#include "Stage.h"
+#include "Parts.h"
 #include "contacts/ContactFile.h"
 
 namespace brenwick {
 namespace {
-
-using Time = std::chrono::steady_clock;
 
 std::string EmailOf(std::int64_t contact) {
   return "contact" + std::to_string(contact) + "@example.org";
@@ -31,35 +27,14 @@ std::vector<ContactRecord> Records(std::int64_t count) {
   return records;
 }
 
-// The parts of a program that a contact list needs.
-struct SavedContacts {
-  explicit SavedContacts(std::int64_t count)
-      : folder(std::filesystem::temp_directory_path() / "brenwick-bench-contacts"),
-        folders({folder.string(), BRENWICK_PROGRAM_FOLDER, ""}) {
-    data.Create();
+struct SavedContacts : Parts {
+  explicit SavedContacts(std::int64_t count) : Parts("contacts") {
     contacts.Replace(Records(count));
     file.Save();
   }
-  ~SavedContacts() { std::filesystem::remove_all(folder); }
 
   std::string Path() { return data.Inside("Brenwick.Lst"); }
 
-  std::filesystem::path folder;
-  SilentTranscript transcript;
-  ScriptedScreen screen{transcript};
-  ScriptedLoop loop;
-  ScriptedClock clock;
-  ScriptedSystem system;
-  PosixFolders folders;
-  ProgramState state;
-  frmMain form;
-  cMousePointer pointer{screen};
-  StatusWindow status{pointer, loop, system};
-  DataFolder data{folders};
-  LogFiles files{data, folders, clock};
-  ErrorReport report{state, files, status, screen};
-  Logs log{state, files, report};
-  TextTable texts{log};
   ContactList contacts{log, form, texts};
   ContactFile file{contacts, data, folders, clock};
 };
@@ -72,19 +47,6 @@ bool WritePlainly(const std::string& path, const std::string& bytes) {
       ::write(descriptor, bytes.data(), bytes.size()) == static_cast<ssize_t>(bytes.size());
   const bool flushed = ::fsync(descriptor) == 0;
   return ::close(descriptor) == 0 && written && flushed;
-}
-
-double Median(std::vector<double>& seconds) {
-  const auto middle = seconds.begin() + static_cast<std::ptrdiff_t>(seconds.size() / 2);
-  std::nth_element(seconds.begin(), middle, seconds.end());
-  return *middle;
-}
-
-template <typename Action>
-double Seconds(const Action& action) {
-  const auto begin = Time::now();
-  action();
-  return std::chrono::duration<double>(Time::now() - begin).count();
 }
 
 // "ratio" compares the medians of both, taken in turn, so that a slow moment of the disk meets both

@@ -3,36 +3,14 @@
 
 #include <benchmark/benchmark.h>
 
-#include "Stage.h"
+#include "Parts.h"
 
 namespace brenwick {
 namespace {
 
-// The parts of a program that a language needs.
-struct Speaker {
-  Speaker()
-      : folder(std::filesystem::temp_directory_path() / "brenwick-bench-languages"),
-        folders({folder.string(), BRENWICK_PROGRAM_FOLDER, ""}) {
-    languages.LanguageRead();
-  }
-  ~Speaker() { std::filesystem::remove_all(folder); }
+struct Speaker : Parts {
+  Speaker() : Parts("languages") { languages.LanguageRead(); }
 
-  std::filesystem::path folder;
-  SilentTranscript transcript;
-  ScriptedScreen screen{transcript};
-  ScriptedLoop loop;
-  ScriptedClock clock;
-  ScriptedSystem system;
-  PosixFolders folders;
-  ProgramState state;
-  frmMain form;
-  cMousePointer pointer{screen};
-  StatusWindow status{pointer, loop, system};
-  DataFolder data{folders};
-  LogFiles files{data, folders, clock};
-  ErrorReport report{state, files, status, screen};
-  Logs log{state, files, report};
-  TextTable texts{log};
   Languages languages{
       log, form, texts, status, pointer, folders, screen, system, [] { return std::string(); }};
 };

@@ -5,43 +5,16 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <algorithm>
-#include <chrono>
 #include <string>
 #include <vector>
 
-#include "Stage.h"
+#include "Parts.h"
 
 namespace brenwick {
 namespace {
 
-using Time = std::chrono::steady_clock;
-
-// The parts of a program that the logs need.
-struct LoggingProgram {
-  LoggingProgram()
-      : folder(std::filesystem::temp_directory_path() / "brenwick-bench-logs"),
-        folders({folder.string(), BRENWICK_PROGRAM_FOLDER, ""}) {
-    ParseMoment("2004-01-10T12:00:00", clock.now);
-    data.Create();
-    state.Debug = true;
-  }
-  ~LoggingProgram() { std::filesystem::remove_all(folder); }
-
-  std::filesystem::path folder;
-  SilentTranscript transcript;
-  ScriptedScreen screen{transcript};
-  ScriptedLoop loop;
-  ScriptedClock clock;
-  ScriptedSystem system;
-  PosixFolders folders;
-  ProgramState state;
-  cMousePointer pointer{screen};
-  StatusWindow status{pointer, loop, system};
-  DataFolder data{folders};
-  LogFiles files{data, folders, clock};
-  ErrorReport report{state, files, status, screen};
-  Logs log{state, files, report};
+struct LoggingProgram : Parts {
+  LoggingProgram() : Parts("logs") { state.Debug = true; }
 };
 
 bool AppendPlainly(const std::string& path, const std::string& line) {
@@ -50,19 +23,6 @@ bool AppendPlainly(const std::string& path, const std::string& line) {
   const bool written =
       ::write(descriptor, line.data(), line.size()) == static_cast<ssize_t>(line.size());
   return ::close(descriptor) == 0 && written;
-}
-
-double Median(std::vector<double>& seconds) {
-  const auto middle = seconds.begin() + static_cast<std::ptrdiff_t>(seconds.size() / 2);
-  std::nth_element(seconds.begin(), middle, seconds.end());
-  return *middle;
-}
-
-template <typename Action>
-double Seconds(const Action& action) {
-  const auto begin = Time::now();
-  action();
-  return std::chrono::duration<double>(Time::now() - begin).count();
 }
 
 // "ratio" compares the medians of both, taken in turn. At most 1.2 is wanted.
