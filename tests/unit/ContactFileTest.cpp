@@ -71,6 +71,31 @@ TEST_F(ContactFileTest, LeavesFreeSlotsOut) {
   EXPECT_EQ(list.Records().size(), 1U);
 }
 
+TEST_F(ContactFileTest, TakesAsManyContactsAsCanBeCounted) {
+  for (int i = 0; i < 32767; ++i) Stored() += kAnn;
+  const std::string whole = Stored();
+  file.Load();
+  EXPECT_EQ(list.Records().size(), 32767U);
+  file.Save();
+  EXPECT_EQ(Stored(), whole);
+}
+
+TEST_F(ContactFileTest, KeepsAFileOfMoreContactsAside) {
+  for (int i = 0; i < 32768; ++i) Stored() += kAnn;
+  const std::string whole = Stored();
+  EXPECT_EQ(FailureOfLoad(), kOverflow);
+  EXPECT_EQ(list.Records().size(), 32767U);
+  file.Save();
+  EXPECT_EQ(world.folders.files[kKept], whole);
+}
+
+TEST_F(ContactFileTest, NoticesAFileThatWasCutInItsLastLine) {
+  Stored() = std::string(kBob) + "ann@x\r\nAnn\r\nAnnie\r\nF\r\nTrue\r\n10\r\nTr";
+  const std::string cut = Stored();
+  EXPECT_EQ(FailureOfLoad(), kPastEnd);
+  EXPECT_EQ(world.folders.files[kKept], cut);
+}
+
 TEST_F(ContactFileTest, WritesAnOwnNameOnlyWhereItIsMarked) {
   list.Replace({{"ann@x", "Ann", "Annie", "?", "", "10", "False"},
                 {"bob@x", "Bob", "Bobby", "?", "", "10", "True"}});
