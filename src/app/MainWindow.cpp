@@ -24,17 +24,22 @@ std::string Tip(const std::string& caption) {
 }  // namespace
 
 MainWindow::MainWindow(Logs& log, const ProgramState& state, frmMain& form, const TextTable& texts,
-                       TrayIcon& tray, Registry& registry, ContactPages& contactPages)
+                       TrayIcon& tray, Registry& registry, ContactPages& contactPages,
+                       BuddiesMenu& buddies, ContactStates& states)
     : log_(log),
       state_(state),
       form_(form),
       texts_(texts),
       tray_(tray),
       registry_(registry),
-      contact_pages_(contactPages) {
+      contact_pages_(contactPages),
+      buddies_(buddies),
+      states_(states) {
   form_.Resize = [this] { Form_Resize(); };
   form_.lstMenu.Click = [this] { lstMenu_Click(); };
   form_.mPopRestore.Click = [this] { mPopRestore_Click(); };
+  form_.cmdOK.Click = [this] { cmdOK_Click(); };
+  form_.ocxHotKeyActivateBW.HotkeyPressed = [this] { ocxHotKeyActivateBW_HotkeyPressed(); };
   tray_.MouseMessage = [this](int message) { Form_MouseMove(message); };
 }
 
@@ -139,6 +144,7 @@ void MainWindow::Form_MouseMove(int message) {
     } else if (message == kRightButtonUp) {
       // The window comes to the front first: the menu then closes on a click elsewhere.
       form_.BringToForeground();
+      buddies_.ShowBuddies();
       form_.PopupMenuWanted();
     }
   });
@@ -149,6 +155,24 @@ void MainWindow::mPopRestore_Click() {
     form_.SetState(WindowState::Normal);
     form_.BringToForeground();
     form_.Show();
+  });
+}
+
+// The settings take effect as they are made; all that is left to do is to put the window away.
+void MainWindow::cmdOK_Click() {
+  log_.Trap(kModule, "cmdOK_Click", [&] { form_.SetState(WindowState::Minimized); });
+}
+
+// Pressed once it brings the window back, pressed again soon after it says who is online.
+void MainWindow::ocxHotKeyActivateBW_HotkeyPressed() {
+  log_.Trap(kModule, "ocxHotKeyActivateBW_HotkeyPressed", [&] {
+    constexpr int kTooLate = 5;
+    if (!form_.tmrSayStateAgain.Enabled()) {
+      form_.tmrSayStateAgain.SetEnabled(true);
+      mPopRestore_Click();
+    } else if (states_.SayStateAgainTicks() < kTooLate) {
+      states_.SayStateAgain();
+    }
   });
 }
 

@@ -6,10 +6,12 @@
 #include <vector>
 
 #include "base/ProgramState.h"
+#include "contacts/BuddiesMenu.h"
 #include "contacts/ContactPages.h"
 #include "forms/frmMain.h"
 #include "language/TextTable.h"
 #include "logging/Logs.h"
+#include "messenger/ContactStates.h"
 #include "platform/TrayIcon.h"
 #include "settings/Registry.h"
 
@@ -17,9 +19,10 @@ namespace brenwick {
 
 class MainWindow {
  public:
-  // Takes over the window's and the tray icon's events.
+  // Takes over the window's and the tray icon's events, and the hotkey that brings it forward.
   MainWindow(Logs& log, const ProgramState& state, frmMain& form, const TextTable& texts,
-             TrayIcon& tray, Registry& registry, ContactPages& contactPages);
+             TrayIcon& tray, Registry& registry, ContactPages& contactPages, BuddiesMenu& buddies,
+             ContactStates& states);
 
   // The version text and whether the user is signed in.
   std::string CaptionText() const;
@@ -48,6 +51,8 @@ class MainWindow {
   int StoredEdge(const char* name);
   void Form_MouseMove(int message);
   void lstMenu_Click();
+  void cmdOK_Click();
+  void ocxHotKeyActivateBW_HotkeyPressed();
 
   Logs& log_;
   const ProgramState& state_;
@@ -56,6 +61,8 @@ class MainWindow {
   TrayIcon& tray_;
   Registry& registry_;
   ContactPages& contact_pages_;
+  BuddiesMenu& buddies_;
+  ContactStates& states_;
 };
 
 }  // namespace brenwick

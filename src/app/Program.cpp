@@ -28,6 +28,9 @@ Program::Program(MessengerClient& messenger, SpVoice& voice, RegistryStore& stor
       contact_file_(contacts_, data_, folders, clock),
       contact_pages_(form_, screen, contacts_),
       contact_editing_(log_, form_, screen, contacts_, contact_pages_),
+      conversations_(log_, messenger),
+      buddies_(log_, form_, screen, contacts_,
+               [this](const std::string& email) { conversations_.OpenConversation(email); }),
       clean_up_(log_),
       abbreviations_(log_, texts_, status_, pointer_, data_, folders),
       history_(log_, form_),
@@ -42,7 +45,8 @@ Program::Program(MessengerClient& messenger, SpVoice& voice, RegistryStore& stor
       states_(log_, state_, form_, texts_, contacts_, name_, abbreviations_, speech_),
       invitations_(log_, form_, texts_, contacts_, name_, abbreviations_, speech_, status_, screen),
       events_(log_, incoming_, states_, invitations_),
-      window_(log_, state_, form_, texts_, tray, registry_, contact_pages_),
+      version_check_(log_, state_, form_, texts_, pointer_, registry_, loop, screen, speech_),
+      window_(log_, state_, form_, texts_, tray, registry_, contact_pages_, buddies_, states_),
       type_ahead_(
           log_, screen,
           {&form_.cmbVoiceMale, &form_.cmbVoiceFemale, &form_.cmbLanguage, &form_.cmbOrgLanguage}) {
@@ -58,6 +62,7 @@ Program::~Program() {
 void Program::WireForm() {
   report_.UnloadWindows = [this] { UnloadMainWindow(); };
   states_.ShowTitle = [this](const std::string& title) { window_.ShowTitle(title); };
+  states_.AfterOwnState = [this] { version_check_.CheckAutomatically(); };
   form_.CloseWanted = [this] { Close(); };
   form_.mPopExit.Click = [this] { mPopExit_Click(); };
   form_.chkIntroduce.Click = [this] { chkIntroduce_Click(); };

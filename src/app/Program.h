@@ -6,6 +6,7 @@
 #include "app/MainWindow.h"
 #include "app/TypeAhead.h"
 #include "base/ProgramState.h"
+#include "contacts/BuddiesMenu.h"
 #include "contacts/ContactEditing.h"
 #include "contacts/ContactFile.h"
 #include "contacts/ContactList.h"
@@ -24,6 +25,7 @@
 #include "logging/LogSwitches.h"
 #include "logging/Logs.h"
 #include "messenger/ContactStates.h"
+#include "messenger/Conversations.h"
 #include "messenger/IncomingText.h"
 #include "messenger/Invitations.h"
 #include "messenger/MessengerEvents.h"
@@ -46,6 +48,7 @@
 #include "speech/SpokenHistory.h"
 #include "speech/TextCleanUp.h"
 #include "speech/VoiceLists.h"
+#include "web/VersionCheck.h"
 
 namespace brenwick {
 
@@ -125,6 +128,8 @@ class Program {
   ContactFile contact_file_;
   ContactPages contact_pages_;
   ContactEditing contact_editing_;
+  Conversations conversations_;
+  BuddiesMenu buddies_;
   TextCleanUp clean_up_;
   Abbreviations abbreviations_;
   SpokenHistory history_;
@@ -139,6 +144,7 @@ class Program {
   ContactStates states_;
   Invitations invitations_;
   MessengerEvents events_;
+  VersionCheck version_check_;
   MainWindow window_;
   TypeAhead type_ahead_;
 };

@@ -177,6 +177,7 @@ void Program::FinishStart() {
   window_.RefreshTrayTip();
   speech_.EnableSilenceHotKey();
   chkUseMyNamesInsteadOfBuddyNames_Click();
+  version_check_.CheckAutomatically();
   ShowProgress(110);
   status_.StatusForm(false);
   pointer_.ClearHourglass();

@@ -1,6 +1,7 @@
 // What the program knows about each contact, and the only ways to read and change it.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -53,6 +54,8 @@ class ContactList {
   // Set one field of every record, free slots included.
   void SetAllIgnored(const std::string& value);
   void SetAllStatus(const std::string& value);
+  // Sets the state of the record with that index, counted from 0.
+  void SetStatus(std::size_t index, const std::string& value) { records_[index].Status = value; }
 
   const std::vector<ContactRecord>& Records() const { return records_; }
   void Replace(std::vector<ContactRecord> records) { records_ = std::move(records); }

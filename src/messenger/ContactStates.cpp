@@ -63,6 +63,7 @@ void ContactStates::oMessenger_OnLocalStateChangeResult(std::int32_t state) {
     // From here on sentences queue, whatever "Finish sentence" says.
     speech_.SetSpeakFlags(SVSFlagsAsync + SVSFIsXML);
     AnnounceOwnState(announcement);
+    if (AfterOwnState) AfterOwnState();
   });
 }
 

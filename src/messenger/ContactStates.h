@@ -37,6 +37,8 @@ class ContactStates {
 
   // Shows a title in the caption of the main window and in the tip of the tray icon.
   std::function<void(const std::string&)> ShowTitle;
+  // Called when the user's own state has changed and was announced.
+  std::function<void()> AfterOwnState;
 
  private:
   void Announce(const MessengerContact& user, const std::string& phrase);

@@ -1,0 +1,122 @@
+#include "web/VersionCheck.h"
+
+#include <chrono>
+
+#include "settings/SettingsTable.h"
+#include "web/VersionNumber.h"
+
+namespace brenwick {
+namespace {
+
+constexpr const char* kModule = "frmMain";
+constexpr std::chrono::milliseconds kStep{10};
+constexpr int kMostSteps = 1000;
+
+}  // namespace
+
+VersionCheck::VersionCheck(Logs& log, const ProgramState& state, frmMain& form,
+                           const TextTable& texts, cMousePointer& pointer, Registry& registry,
+                           EventLoop& loop, Screen& screen, Speech& speech)
+    : log_(log),
+      state_(state),
+      form_(form),
+      texts_(texts),
+      pointer_(pointer),
+      registry_(registry),
+      loop_(loop),
+      screen_(screen),
+      speech_(speech),
+      access_(log, form, texts, pointer) {
+  form_.cmdUpdate.Click = [this] { UpdateCheck(true); };
+  form_.cmdWebSite.Click = [this] { cmdWebSite_Click(); };
+}
+
+void VersionCheck::CheckAutomatically() {
+  if (form_.chkNewVersionBrenwick.Ticked() && state_.MessengerOnline) UpdateCheck(false);
+}
+
+void VersionCheck::UpdateCheck(bool interactive) {
+  if (running_) {
+    interactive_ = interactive_ || interactive;
+    return;
+  }
+  log_.Trap(kModule, "UpdateCheck", [&] {
+    running_ = true;
+    interactive_ = interactive;
+    pointer_.SetHourglass(true);
+    form_.txtWebVersion.SetText("");
+    access_.WebGetVersionInfo(Server());
+    const bool answered = WaitForAnswer();
+    const SocketState ended = form_.wscHttp.State();
+    form_.wscHttp.Close();
+    pointer_.SetHourglass(false);
+    form_.cmdUpdate.SetCaption(texts_.LoadText(77));
+    if (answered) {
+      TellResult();
+    } else if (interactive_) {
+      TellTimeOut(ended);
+    }
+    access_.ShowSocketState();
+    running_ = false;
+  });
+}
+
+// The user may name a server of their own in the store.
+std::string VersionCheck::Server() {
+  const std::string own = registry_.ReadText(kGeneralKey, "VersionServer");
+  return own.empty() ? kPublisher : own;
+}
+
+// False when nothing had come after a long wait.
+bool VersionCheck::WaitForAnswer() {
+  int steps = 0;
+  while (form_.txtWebVersion.Text().empty()) {
+    loop_.Sleep(kStep);
+    loop_.DoEvents();
+    ++steps;
+    access_.CountStep();
+    form_.cmdUpdate.SetCaption(std::to_string(steps));
+    access_.ShowSocketState();
+    if (steps < kMostSteps || !form_.txtWebVersion.Text().empty()) continue;
+    if (!GoOnWaiting()) return false;
+    steps = 0;
+  }
+  return true;
+}
+
+bool VersionCheck::GoOnWaiting() {
+  return interactive_ && screen_.MessageBox(texts_.LoadText(74), kTitle, BoxIcon::Question,
+                                            BoxButtons::YesNo) == BoxAnswer::Yes;
+}
+
+void VersionCheck::TellTimeOut(SocketState ended) {
+  speech_.Speak(texts_.LoadText(73), false, kDefaultVoice, false);
+  if (ended != SocketState::Error) return;
+  screen_.MessageBox(form_.txtWebVersion.Text(), kTitle, BoxIcon::Exclamation, BoxButtons::Ok);
+  form_.txtWebVersion.SetText(texts_.LoadText(73));
+}
+
+void VersionCheck::TellResult() {
+  const std::string& web = form_.txtWebVersion.Text();
+  if (ParseVersion(web) > ParseVersion(ProgramVersion{}.Plain())) {
+    const std::string news = texts_.GetText(texts_.LoadText(69), web);
+    speech_.Speak(news, false, kDefaultVoice, false);
+    if (interactive_) Tell(news, 71);
+  } else if (interactive_) {
+    speech_.Speak(texts_.LoadText(72), false, kDefaultVoice, false);
+    Tell(texts_.LoadText(72), 75);
+  }
+}
+
+// The text, the program's version, and the published one behind its label.
+void VersionCheck::Tell(const std::string& text, std::int16_t label) {
+  screen_.MessageBox(text + "\r\n" + texts_.LoadText(70) + " " + ProgramVersion{}.Plain() + "\r\n" +
+                         texts_.LoadText(label) + " " + form_.txtWebVersion.Text(),
+                     kTitle, BoxIcon::Information, BoxButtons::Ok);
+}
+
+void VersionCheck::cmdWebSite_Click() {
+  log_.Trap(kModule, "cmdWebSite_Click", [&] { screen_.Open("http://" + Server()); });
+}
+
+}  // namespace brenwick

@@ -1,0 +1,57 @@
+// Whether a newer version of the program has been published.
+#pragma once
+
+#include <string>
+
+#include "base/ProgramState.h"
+#include "forms/cMousePointer.h"
+#include "forms/frmMain.h"
+#include "language/TextTable.h"
+#include "logging/Logs.h"
+#include "platform/EventLoop.h"
+#include "platform/Screen.h"
+#include "settings/Registry.h"
+#include "speech/Speech.h"
+#include "web/WebAccess.h"
+
+namespace brenwick {
+
+class VersionCheck {
+ public:
+  // Takes over the buttons of the Website page.
+  VersionCheck(Logs& log, const ProgramState& state, frmMain& form, const TextTable& texts,
+               cMousePointer& pointer, Registry& registry, EventLoop& loop, Screen& screen,
+               Speech& speech);
+
+  // Runs a whole check and returns at its end; events are handled meanwhile. A newer version is
+  // always said; all else is told only in a check that the user asked for (interactive). While one
+  // check runs no other begins: one that the user asks for then makes the running one theirs.
+  void UpdateCheck(bool interactive);
+
+  // A silent check, where the user wants them and is signed in.
+  void CheckAutomatically();
+
+ private:
+  std::string Server();
+  bool WaitForAnswer();
+  bool GoOnWaiting();
+  void TellTimeOut(SocketState ended);
+  void TellResult();
+  void Tell(const std::string& text, std::int16_t label);
+  void cmdWebSite_Click();
+
+  Logs& log_;
+  const ProgramState& state_;
+  frmMain& form_;
+  const TextTable& texts_;
+  cMousePointer& pointer_;
+  Registry& registry_;
+  EventLoop& loop_;
+  Screen& screen_;
+  Speech& speech_;
+  WebAccess access_;
+  bool running_ = false;
+  bool interactive_ = false;  // the running check
+};
+
+}  // namespace brenwick

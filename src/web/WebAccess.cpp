@@ -1,0 +1,126 @@
+#include "web/WebAccess.h"
+
+#include <algorithm>
+#include <charconv>
+#include <string_view>
+#include <utility>
+
+#include "base/Failure.h"
+#include "base/Text.h"
+
+namespace brenwick {
+namespace {
+
+constexpr const char* kModule = "WebAccess";
+constexpr const char* kProcedure = "WebGetVersionInfo";
+constexpr std::string_view kScheme = "http://";
+constexpr std::string_view kVersionFile = "/download/version.txt";
+constexpr std::string_view kEndOfHeaders = "\r\n\r\n";
+constexpr int kHttpPort = 80;
+
+// By the numbers of the states.
+constexpr const char* kStateNames[] = {
+    "Closed",         "Open",          "Listening",  "Connection pending",
+    "Resolving host", "Host resolved", "Connecting", "Connected",
+    "Closing",        "Error",
+};
+
+// "HOST" and the path of an address.
+std::pair<std::string, std::string> SplitAddress(std::string_view address) {
+  if (address.starts_with(kScheme)) address.remove_prefix(kScheme.size());
+  const std::size_t slash = std::min(address.find('/'), address.size());
+  return {std::string(address.substr(0, slash)), std::string(address.substr(slash))};
+}
+
+// The port behind the last colon, or the one of HTTP; the host is left without it.
+int TakePort(std::string& host) {
+  const std::size_t colon = host.rfind(':');
+  if (colon == std::string::npos) return kHttpPort;
+  int port = 0;
+  const char* end = host.data() + host.size();
+  const auto [stop, error] = std::from_chars(host.data() + colon + 1, end, port);
+  if (error != std::errc() || stop != end) return kHttpPort;
+  host.erase(colon);
+  return port;
+}
+
+}  // namespace
+
+WebAccess::WebAccess(Logs& log, frmMain& form, const TextTable& texts, cMousePointer& pointer)
+    : log_(log), form_(form), texts_(texts), pointer_(pointer) {
+  form_.wscHttp.OnConnect = [this] { wscHttp_Connect(); };
+  form_.wscHttp.OnDataArrival = [this] { wscHttp_DataArrival(); };
+  form_.wscHttp.OnClose = [this] { wscHttp_Close(); };
+  form_.wscHttp.OnError = [this] { wscHttp_Error(); };
+}
+
+void WebAccess::WebGetVersionInfo(const std::string& server) {
+  log_.Trap(kModule, kProcedure, [&] {
+    pointer_.SetHourglass(true);
+    std::tie(host_, path_) =
+        SplitAddress(std::string(kScheme) + server + std::string(kVersionFile));
+    response_.clear();
+    done_ = false;
+    steps_since_data_ = 0;
+    form_.wscHttp.Close();
+    form_.wscHttp.SetLocalPort(0);
+    std::string host = host_;
+    const int port = TakePort(host);
+    form_.wscHttp.Connect(host, port);
+    ShowSocketState();
+    pointer_.SetHourglass(false);
+  });
+}
+
+void WebAccess::CountStep() {
+  if (!response_.empty() && !done_ && ++steps_since_data_ > kMostSteps) GiveUp();
+}
+
+void WebAccess::ShowSocketState() {
+  const auto state = static_cast<std::size_t>(form_.wscHttp.State());
+  form_.txtWinSockStatus.SetText(state < std::size(kStateNames) ? kStateNames[state] : "");
+}
+
+void WebAccess::wscHttp_Connect() {
+  log_.Trap(kModule, kProcedure, [&] {
+    form_.wscHttp.SendData("GET " + path_ + " HTTP/1.1\r\nHost: " + host_ +
+                           "\r\nConnection: close\r\nAccept: */*\r\n\r\n");
+    ShowSocketState();
+  });
+}
+
+void WebAccess::wscHttp_DataArrival() {
+  IgnoringFailures([&] { response_ += form_.wscHttp.GetData(); });
+  if (response_.size() > kLongestAnswer) GiveUp();
+  ShowSocketState();
+}
+
+// Only what stands behind the headers counts; whether they announce an error does not.
+void WebAccess::wscHttp_Close() {
+  log_.Trap(kModule, kProcedure, [&] {
+    if (!done_) {
+      const std::size_t end = response_.find(kEndOfHeaders);
+      if (end == std::string::npos) throw Failure(kInvalidCall);
+      response_.erase(0, end + kEndOfHeaders.size());
+      form_.txtWebVersion.SetText(Repaired(response_));
+      done_ = true;
+    }
+    ShowSocketState();
+  });
+}
+
+void WebAccess::wscHttp_Error() {
+  log_.Trap(kModule, kProcedure, [&] {
+    ShowSocketState();
+    form_.txtWebVersion.SetText(texts_.LoadText(73));
+  });
+}
+
+// The rest of the answer is not waited for.
+void WebAccess::GiveUp() {
+  done_ = true;
+  form_.wscHttp.Close();
+  wscHttp_Error();
+}
+
+}  // namespace brenwick
