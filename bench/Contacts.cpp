@@ -7,25 +7,11 @@
 #include <vector>
 
 #include "Parts.h"
+#include "People.h"
 #include "contacts/ContactFile.h"
 
 namespace brenwick {
 namespace {
-
-std::string EmailOf(std::int64_t contact) {
-  return "contact" + std::to_string(contact) + "@example.org";
-}
-
-std::vector<ContactRecord> Records(std::int64_t count) {
-  std::vector<ContactRecord> records;
-  records.reserve(static_cast<std::size_t>(count));
-  for (std::int64_t i = 1; i <= count; ++i) {
-    const std::string number = std::to_string(i);
-    records.push_back(
-        {EmailOf(i), "Contact " + number, "Own " + number, "F", "False", "10", "True"});
-  }
-  return records;
-}
 
 struct SavedContacts : Parts {
   explicit SavedContacts(std::int64_t count) : Parts("contacts") {
