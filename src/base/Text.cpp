@@ -155,9 +155,12 @@ bool LessIgnoringCase(std::string_view a, std::string_view b) {
   while (!a.empty() && !b.empty()) {
     const Decoded left = Decode(a);
     const Decoded right = Decode(b);
-    const char32_t x = UpperCase(left.value);
-    const char32_t y = UpperCase(right.value);
-    if (x != y) return x < y;
+    // Neighbours in a list begin alike: most characters need no mapping.
+    if (left.value != right.value) {
+      const char32_t x = UpperCase(left.value);
+      const char32_t y = UpperCase(right.value);
+      if (x != y) return x < y;
+    }
     a.remove_prefix(left.length);
     b.remove_prefix(right.length);
   }
