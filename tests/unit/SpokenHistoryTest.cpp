@@ -80,6 +80,14 @@ TEST_F(SpokenHistoryTest, TellsTheLog) {
   EXPECT_EQ(world.DebugLines(), (Texts{"Speak Text to array (for 'say what' keys)"}));
 }
 
+TEST_F(SpokenHistoryTest, ReportsABoxThatCannotShowASentence) {
+  form.txtSpokenMessages[0].Change = [] { throw Failure(kOverflow); };
+  EXPECT_THROW(history.SpeakArray("a", "M"), ProgramEnd);
+  ASSERT_EQ(world.screen.boxes.size(), 1U);
+  EXPECT_EQ(world.screen.boxes[0].text,
+            "Error (6) : Overflow\r\n\r\nModule: frmMain\r\nProcedure: SpeakArray\r\n\r\n");
+}
+
 TEST_F(SpokenHistoryTest, ForgetsWhenItIsCleared) {
   history.SpeakArray("a", "M");
   history.Clear();

@@ -1,0 +1,62 @@
+// What handles the messenger's events, over the fakes, with an engine that keeps what it was told.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "messenger/MessengerEvents.h"
+#include "platform/SpVoice.h"
+#include "unit/Fakes.h"
+
+namespace brenwick {
+
+class FakeVoice : public SpVoice {
+ public:
+  const std::vector<std::string>& GetVoices() override { return voices_; }
+  void SetVoice(std::size_t /*index*/) override {}
+  void SetRate(int /*rate*/) override {}
+  void SetVolume(int /*volume*/) override {}
+  std::size_t Voice() const override { return 0; }
+  int Rate() const override { return 0; }
+  int Volume() const override { return 100; }
+  void Speak(const std::string& text, int /*flags*/) override { spoken.push_back(text); }
+
+  std::vector<std::string> spoken;
+
+ private:
+  std::vector<std::string> voices_ = {"Mary"};
+};
+
+// The user is signed in, debugging is on, and text 93 reads "text 93".
+struct MessengerRoom {
+  MessengerRoom() {
+    texts.Replace(NumberedTexts());
+    world.state.Debug = true;
+    world.state.MessengerOnline = true;
+  }
+
+  // The one box that the report of such a failure shows.
+  static std::string Report(const std::string& failure, const std::string& procedure) {
+    return failure + "\r\n\r\nModule: frmMain\r\nProcedure: " + procedure + "\r\n\r\n";
+  }
+
+  FakeWorld world;
+  FakeVoice voice;
+  frmMain form;
+  TextTable texts{world.log};
+  ContactList contacts{world.log, form, texts};
+  TextCleanUp clean_up{world.log};
+  Abbreviations abbreviations{world.log,     texts,      world.status,
+                              world.pointer, world.data, world.folders};
+  SpokenHistory history{world.log, form};
+  Speech speech{world.log, world.state,   form,  texts,       clean_up,
+                history,   world.pointer, voice, world.screen};
+  SpokenName name{form, contacts, clean_up};
+  IncomingText incoming{world.log, form, texts, contacts, name, clean_up, abbreviations, speech};
+  ContactStates states{world.log, world.state, form, texts, contacts, name, abbreviations, speech};
+  Invitations invitations{world.log,     form,   texts,        contacts,    name,
+                          abbreviations, speech, world.status, world.screen};
+  MessengerEvents events{world.log, incoming, states, invitations};
+};
+
+}  // namespace brenwick
