@@ -88,6 +88,7 @@ void ContactEditing::SetModRecord(const std::string& email, std::string_view whi
   log_.Trap(kModule, "SetModRecord", [&] {
     const ContactRecord* record = contacts_.FindRecord(email);
     if (record == nullptr) {
+      ClearContactInfo();
       screen_.MessageBox("Problem finding " + email, kTitle, BoxIcon::Critical, BoxButtons::Ok);
     } else if (which == "I") {
       contacts_.ListMod("I", email, record->Ignore == "True" ? "False" : "True");
@@ -102,11 +103,19 @@ void ContactEditing::SetModRecord(const std::string& email, std::string_view whi
   });
 }
 
+// What is left of the contact before must not be stored or deleted in this one's place.
+void ContactEditing::ClearContactInfo() {
+  for (TextBox* box : {&form_.txtBuddyNamesEmail, &form_.txtBuddyNamesName,
+                       &form_.txtBuddyNamesFriendlyName, &form_.txtBuddyNamesStatus}) {
+    box->SetText("");
+  }
+}
+
 void ContactEditing::FillContactInfo(const ContactRecord& record) {
   form_.txtBuddyNamesEmail.SetText(record.Email);
   form_.txtBuddyNamesName.SetText(record.Name);
   form_.txtBuddyNamesFriendlyName.SetText(record.FriendlyName);
-  const bool female = record.Gender == "F" || (record.Gender != "M" && form_.optFemale.Chosen());
+  const bool female = record.Gender == "F" || (record.Gender == "?" && form_.optFemale.Chosen());
   (female ? form_.optBuddyNamesFemale : form_.optBuddyNamesMale).Choose();
   form_.chkBuddyNamesIgnore.SetTicked(record.Ignore == "True");
   form_.txtBuddyNamesStatus.SetText(contacts_.GetContactValue(record.Email, "S"));

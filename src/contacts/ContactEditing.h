@@ -27,6 +27,7 @@ class ContactEditing {
   void BuddyNamesSelectListBox();
   // "I" switches the ignore flag, "G" the gender, "A" fills the "Contact info" frame.
   void SetModRecord(const std::string& email, std::string_view which);
+  void ClearContactInfo();
   void FillContactInfo(const ContactRecord& record);
   // Stores the "Contact info" frame into the list.
   void BuddyListUpdate(std::string_view which);
