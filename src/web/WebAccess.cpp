@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <string_view>
+#include <tuple>
 #include <utility>
 
 #include "base/Failure.h"
@@ -17,6 +18,7 @@ constexpr std::string_view kScheme = "http://";
 constexpr std::string_view kVersionFile = "/download/version.txt";
 constexpr std::string_view kEndOfHeaders = "\r\n\r\n";
 constexpr int kHttpPort = 80;
+constexpr int kHighestPort = 65535;
 
 // By the numbers of the states.
 constexpr const char* kStateNames[] = {
@@ -32,14 +34,15 @@ std::pair<std::string, std::string> SplitAddress(std::string_view address) {
   return {std::string(address.substr(0, slash)), std::string(address.substr(slash))};
 }
 
-// The port behind the last colon, or the one of HTTP; the host is left without it.
+// The port behind the last colon, or the one of HTTP; the host is left without it. What is no port
+// stays with the host, which is not found then.
 int TakePort(std::string& host) {
   const std::size_t colon = host.rfind(':');
   if (colon == std::string::npos) return kHttpPort;
   int port = 0;
   const char* end = host.data() + host.size();
   const auto [stop, error] = std::from_chars(host.data() + colon + 1, end, port);
-  if (error != std::errc() || stop != end) return kHttpPort;
+  if (error != std::errc() || stop != end || port < 1 || port > kHighestPort) return kHttpPort;
   host.erase(colon);
   return port;
 }
@@ -61,7 +64,7 @@ void WebAccess::WebGetVersionInfo(const std::string& server) {
         SplitAddress(std::string(kScheme) + server + std::string(kVersionFile));
     response_.clear();
     done_ = false;
-    steps_since_data_ = 0;
+    steps_arriving_ = 0;
     form_.wscHttp.Close();
     form_.wscHttp.SetLocalPort(0);
     std::string host = host_;
@@ -73,7 +76,7 @@ void WebAccess::WebGetVersionInfo(const std::string& server) {
 }
 
 void WebAccess::CountStep() {
-  if (!response_.empty() && !done_ && ++steps_since_data_ > kMostSteps) GiveUp();
+  if (!response_.empty() && !done_ && ++steps_arriving_ > kMostSteps) GiveUp();
 }
 
 void WebAccess::ShowSocketState() {

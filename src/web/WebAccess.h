@@ -46,7 +46,7 @@ class WebAccess {
   std::string path_;
   std::string response_;
   bool done_ = false;
-  int steps_since_data_ = 0;
+  int steps_arriving_ = 0;
 };
 
 }  // namespace brenwick

@@ -15,6 +15,7 @@
 
 #include "base/Failure.h"
 #include "base/ProgramState.h"
+#include "controls/Winsock.h"
 #include "forms/StatusWindow.h"
 #include "logging/DataFolder.h"
 #include "logging/ErrorReport.h"
@@ -80,10 +81,12 @@ class FakeFolders : public Folders {
     if (!folders.contains(FolderOf(path))) throw Failure(kPathNotFound);
     if (!folders.insert(path).second) throw Failure(kPathFileAccess);
   }
+  // A separator may stand at the folder's end, as it may in the real world.
   std::vector<std::string> FileNames(const std::string& folder) override {
+    const std::string prefix = folder.ends_with('/') ? folder : folder + "/";
     std::vector<std::string> names;
     for (const auto& [path, bytes] : files) {
-      if (FolderOf(path) == folder) names.push_back(path.substr(folder.size() + 1));
+      if (FolderOf(path) + "/" == prefix) names.push_back(path.substr(prefix.size()));
     }
     return names;
   }
@@ -186,6 +189,54 @@ class FakeSystem : public System {
   std::string command_line;
   bool previous_instance = false;
   bool development = false;
+};
+
+// A network on which the test is the server.
+class FakeSocket : public SocketDriver {
+ public:
+  explicit FakeSocket(Winsock& socket) : socket_(socket) { socket_.SetDriver(this); }
+
+  void Connect(const std::string& host, int port) override {
+    Note("connect",
+         host + ":" + std::to_string(port) + " from " + std::to_string(socket_.LocalPort()));
+    socket_.SetState(SocketState::Connecting);
+  }
+  void SendData(const std::string& data) override { Note("send", data); }
+  std::string GetData() override {
+    if (failing == "get") throw Failure(kInvalidCall);
+    return std::exchange(arrived_, {});
+  }
+  void Close() override { Note("close", ""); }
+
+  // What the other side does, and the network.
+  void Accept() {
+    socket_.SetState(SocketState::Connected);
+    socket_.OnConnect();
+  }
+  void Arrive(std::string_view data) {
+    arrived_ += data;
+    socket_.OnDataArrival();
+  }
+  void Finish() {
+    socket_.SetState(SocketState::Closing);
+    socket_.OnClose();
+  }
+  void Fail() {
+    socket_.SetState(SocketState::Error);
+    socket_.OnError();
+  }
+
+  std::vector<std::string> calls;  // "connect HOST:PORT from LOCALPORT", "send DATA", "close "
+  std::string failing;             // "connect", "send" or "get": that call fails
+
+ private:
+  void Note(const std::string& call, const std::string& with) {
+    calls.push_back(call + " " + with);
+    if (call == failing) throw Failure(kInvalidCall);
+  }
+
+  Winsock& socket_;
+  std::string arrived_;
 };
 
 // The fakes, and what every room above stands on.

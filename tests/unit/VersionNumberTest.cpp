@@ -18,6 +18,9 @@ TEST(VersionNumber, HasFourPartsOfWhichTheThirdMayBeMissing) {
 TEST(VersionNumber, EndsWhereItsDigitsEnd) {
   EXPECT_EQ(ParseVersion("3.1.0.201\r\n"), (VersionNumber{3, 1, 0, 201}));
   EXPECT_EQ(ParseVersion("3.1.0.200.9"), (VersionNumber{3, 1, 0, 201}));
+  EXPECT_EQ(ParseVersion("3.1.0.200.5"), (VersionNumber{3, 1, 0, 200}));
+  EXPECT_EQ(ParseVersion("3..201"), (VersionNumber{3, 0, 0, 201}));
+  EXPECT_EQ(ParseVersion(" 3.1b.x.2"), (VersionNumber{3, 1, 0, 2}));
   EXPECT_EQ(ParseVersion("no version"), VersionNumber{});
   EXPECT_EQ(ParseVersion(""), VersionNumber{});
 }
@@ -29,6 +32,11 @@ TEST(VersionNumber, IsNewerByItsFirstPartThatDiffers) {
   EXPECT_EQ(ParseVersion("3.1.0.200"), own);
   EXPECT_LT(ParseVersion("3.0.9.999"), own);
   EXPECT_LT(ParseVersion("2.9"), own);
+  EXPECT_GT(ParseVersion("4.0.0.0"), own);
+  EXPECT_GT(ParseVersion("3.2.0.0"), own);
+  EXPECT_GT(ParseVersion("3.1.1.0"), own);
+  EXPECT_LT(ParseVersion("2.9.9.999"), own);
+  EXPECT_LT(ParseVersion("3.1.0.199"), own);
 }
 
 TEST(VersionNumber, OfTheProgramItselfIsRead) {
@@ -40,11 +48,14 @@ TEST(VersionNumber, OfTheProgramItselfIsRead) {
 }
 
 TEST(VersionNumber, BeyondTheRangeIsAnOverflow) {
-  try {
-    ParseVersion("3.40000.1");
-    ADD_FAILURE() << "no failure";
-  } catch (const Failure& failure) {
-    EXPECT_EQ(failure.Number(), kOverflow);
+  EXPECT_EQ(ParseVersion("3.1.0.32767").last, 32767);
+  for (const char* text : {"32768", "3.40000.1", "3.1.99999999999999999999.1", "3.1.0.32768"}) {
+    try {
+      ParseVersion(text);
+      ADD_FAILURE() << text;
+    } catch (const Failure& failure) {
+      EXPECT_EQ(failure.Number(), kOverflow) << text;
+    }
   }
 }
 

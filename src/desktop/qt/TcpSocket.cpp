@@ -1,7 +1,6 @@
 #include "desktop/qt/TcpSocket.h"
 
 #include <QString>
-#include <QTimer>
 #include <limits>
 
 namespace brenwick {
@@ -19,6 +18,8 @@ TcpSocket::TcpSocket(EndOfProgram& end, Winsock& socket) : end_(end), socket_(so
                    [this](QAbstractSocket::SocketError error) {
                      if (error != QAbstractSocket::RemoteHostClosedError) Fail();
                    });
+  refusal_.setSingleShot(true);
+  QObject::connect(&refusal_, &QTimer::timeout, &connection_, [this] { Fail(); });
   socket_.SetDriver(this);
 }
 
@@ -31,7 +32,7 @@ void TcpSocket::Connect(const std::string& host, int port) {
   Close();
   open_ = true;
   if (port < 1 || port > std::numeric_limits<quint16>::max()) {
-    QTimer::singleShot(0, &connection_, [this] { Fail(); });
+    refusal_.start();
     return;
   }
   connection_.connectToHost(QString::fromStdString(host), static_cast<quint16>(port));
@@ -47,6 +48,7 @@ std::string TcpSocket::GetData() {
 
 void TcpSocket::Close() {
   open_ = false;
+  refusal_.stop();
   connection_.abort();
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QTcpSocket>
+#include <QTimer>
 #include <functional>
 #include <string>
 
@@ -33,6 +34,7 @@ class TcpSocket : public SocketDriver {
   EndOfProgram& end_;
   Winsock& socket_;
   QTcpSocket connection_;
+  QTimer refusal_;     // what cannot be tried fails as an event too
   bool open_ = false;  // from Connect to Close or a failure: only then are events raised
 };
 
