@@ -136,6 +136,7 @@ constexpr FormText kTexts[] = {
 
     // The tray menu
     {13, Caption<&F::mnuMute>},
+    {105, Caption<&F::mnuBuddies>},
     {104, Caption<&F::mPopRestore>},
     {103, Caption<&F::mPopExit>},
 };

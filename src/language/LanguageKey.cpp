@@ -4,6 +4,7 @@
 #include "base/Text.h"
 #include "language/CodePage.h"
 #include "language/Coding.h"
+#include "language/FindFile.h"
 
 namespace brenwick {
 namespace {
@@ -22,14 +23,20 @@ void LanguageKey::GenerateLaguageKey() {
   log_.Trap("modFunctions", kProcedure, [&] {
     status_.StatusForm(true, "Writing language");
     const std::string target = PathIn("Languages", ".TML");
-    const std::string source = folders_.Read(PathIn("OrgLanguages", ".Txt"));
-    if (folders_.FileExists(target)) {
-      folders_.Delete(target);
+    const std::string source = ReadSource();
+    if (const std::string old = FindFile(folders_, target); !old.empty()) {
+      folders_.Delete(old);
       loop_.DoEvents();
     }
     folders_.Replace(target, Code(source));
     status_.StatusForm(false);
   });
+}
+
+std::string LanguageKey::ReadSource() {
+  const std::string path = PathIn("OrgLanguages", ".Txt");
+  const std::string found = FindFile(folders_, path);
+  return folders_.Read(found.empty() ? path : found);
 }
 
 std::string LanguageKey::Code(const std::string& source) {

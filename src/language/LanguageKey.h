@@ -18,6 +18,7 @@ class LanguageKey {
   void GenerateLaguageKey();
 
  private:
+  std::string ReadSource();
   std::string Code(const std::string& source);
   std::string PathIn(const char* folder, const char* extension) const;
 

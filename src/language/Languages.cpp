@@ -9,6 +9,7 @@
 #include "base/Text.h"
 #include "language/CodePage.h"
 #include "language/Coding.h"
+#include "language/FindFile.h"
 
 namespace brenwick {
 namespace {
@@ -97,7 +98,7 @@ void Languages::ReadLanguage(bool quiet) {
     }
     const std::string path = Folder("Languages") + ChosenName() + ".TML";
     log_.DebugWrite(kProcedure, "Opening languagefile : " + path);
-    const std::string file = FindFile(path);
+    const std::string file = FindFile(folders_, path);
     if (file.empty()) {
       throw Failure(65534, "Languagefile (" + path + ") does not exist", kProcedure);
     }
@@ -105,18 +106,6 @@ void Languages::ReadLanguage(bool quiet) {
     pointer_.SetHourglass(false);
     if (!quiet) status_.StatusForm(false);
   });
-}
-
-// The file with that path, or the one in its folder whose name differs in upper and lower case
-// only, as the list of languages takes it; "" where there is none.
-std::string Languages::FindFile(const std::string& path) {
-  if (folders_.FileExists(path)) return path;
-  const std::string folder = Folder("Languages");
-  const std::string name = LowerCase(path.substr(folder.size()));
-  for (const std::string& file : folders_.FileNames(folder)) {
-    if (LowerCase(file) == name) return folder + file;
-  }
-  return {};
 }
 
 std::string Languages::ChosenName() const {

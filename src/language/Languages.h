@@ -47,7 +47,6 @@ class Languages {
   void ListInstalled();
   void SelectStored();
   std::string ChosenName() const;
-  std::string FindFile(const std::string& path);
   void Load(const std::string& path);
   void TellDamaged();
   std::string Folder(const char* name) const;

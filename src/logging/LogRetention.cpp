@@ -104,7 +104,8 @@ void LogRetention::tmrOnceADay_Timer() {
 
 void LogRetention::Clean(const Kind& kind) {
   if (!kind.box.Ticked()) return;
-  const std::int16_t days = WholeInteger16(kind.days.Text());
+  // A tick can come while the user has the box empty: only leaving the box judges what it holds.
+  const std::int16_t days = LeadingInteger16(kind.days.Text());
   if (days < 1) return;
   const std::string shown = std::to_string(days);
   log_.DebugWrite(kTimer,

@@ -56,7 +56,7 @@ TEST_F(FormTextsTest, SetEveryTextThatBelongsToTheWindow) {
   const std::set<int> elsewhere = {67, 88, 100, 125, 126, 127, 134, 135, 136, 137, 138};
   std::set<int> wanted;
   const int ranges[][2] = {{6, 7},     {11, 13},   {15, 28},   {34, 36},   {41, 42},   {45, 46},
-                           {65, 67},   {76, 77},   {88, 88},   {98, 101},  {103, 104}, {115, 120},
+                           {65, 67},   {76, 77},   {88, 88},   {98, 101},  {103, 105}, {115, 120},
                            {122, 127}, {134, 139}, {141, 147}, {150, 155}, {157, 162}, {164, 164},
                            {166, 166}, {169, 169}, {173, 173}};
   for (const auto& range : ranges) {
@@ -79,7 +79,7 @@ TEST_F(FormTextsTest, UseSomeTextsSeveralTimes) {
 TEST_F(FormTextsTest, PutTheTextsInTheirPlaces) {
   form_texts.SetAlltext(true);
   EXPECT_EQ(form.txtIntroductionText.Text(), "text 11");
-  EXPECT_EQ(form.mnuMute.Caption(), "text 13");
+  EXPECT_EQ(form.mnuMute.Caption() + form.mnuBuddies.Caption(), "text 13text 105");
   EXPECT_EQ(form.mPopExit.Caption(), "text 103");
   EXPECT_EQ(form.mPopRestore.Caption(), "text 104");
   EXPECT_EQ(form.fraDefaultVoice.Caption(), "text 15");

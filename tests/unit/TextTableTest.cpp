@@ -69,5 +69,13 @@ TEST_F(TextTableTest, TakesTheNewTableWhole) {
   ExpectReport(3, "Error (65535) : Language string 3 is not found...");
 }
 
+TEST_F(TextTableTest, ReportsATextThatCannotBeFilledIn) {
+  EXPECT_THROW(texts.GetText(" %a", "x"), ProgramEnd);
+  ASSERT_EQ(world.screen.boxes.size(), 1U);
+  EXPECT_EQ(world.screen.boxes[0].text,
+            "Error (5) : Invalid procedure call or argument\r\n\r\nModule: modFunctions\r\n"
+            "Procedure: GetText\r\n\r\n");
+}
+
 }  // namespace
 }  // namespace brenwick
