@@ -97,7 +97,11 @@ FormTexts::Steps Program::FormTextsSteps() {
           .DefaultTexts = [this] { settings_buttons_.cmdDefaults_Click(1); }};
 }
 
-void Program::Start() { Form_Load(); }
+// A loaded window shows itself, unless the start has put it away.
+void Program::Start() {
+  Form_Load();
+  if (form_.State() == WindowState::Normal) window_.ShowAtStart();
+}
 
 void Program::chkIntroduce_Click() {
   form_.txtIntroductionText.SetEnabled(form_.chkIntroduce.Ticked());

@@ -78,6 +78,8 @@ class Program {
   FormTexts::Steps FormTextsSteps();
 
   void Form_Load();
+  void TakeStartSteps();
+  void StartFailed(std::int32_t number);
   void FindDebugSwitch();
   void EndWhenAlreadyRunning();
   void ShowWhatIsStarting();

@@ -2,10 +2,17 @@
 #include "app/Program.h"
 
 namespace brenwick {
+namespace {
+
+constexpr const char* kModule = "frmMain";
+
+}  // namespace
 
 void Program::mPopExit_Click() {
-  log_.DebugWrite("PopupMenu", "Exit selected from popupmenu");
-  Close();
+  log_.Trap(kModule, "mPopExit_Click", [&] {
+    log_.DebugWrite("PopupMenu", "Exit selected from popupmenu");
+    Close();
+  });
 }
 
 void Program::Close() {
@@ -15,15 +22,19 @@ void Program::Close() {
 
 // The steps run twice, once when the window is asked and once when it goes.
 void Program::UnloadMainWindow() {
-  state_.ClosingDown = true;
-  Release("Form_QueryUnLoad");
-  Release("Form_UnLoad");
-  log_.DebugWrite("Form_UnLoad", "Unloading forms");
-  status_.Form().Hide();
-  form_.Hide();
+  log_.Trap(kModule, "Form_QueryUnload", [&] { Release("Form_QueryUnLoad"); });
+  log_.Trap(kModule, "Form_Unload", [&] {
+    Release("Form_UnLoad");
+    log_.DebugWrite("Form_UnLoad", "Unloading forms");
+    status_.Form().Hide();
+    form_.Hide();
+  });
 }
 
+// What is pending is handled after each step, by a program that is closing.
 void Program::Release(const char* procedure) {
+  state_.ClosingDown = true;
+  loop_.DoEvents();
   log_.DebugWrite(procedure, "Saving settings to the registry");
   // A start that failed before everything was read has nothing to save: it would write first
   // states over what the user has stored.

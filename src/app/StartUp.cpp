@@ -15,38 +15,50 @@ constexpr std::int32_t kToldApart = 12345;
 void Program::Form_Load() {
   log_.Trap("frmMain", kProcedure, [&] {
     try {
-      FindDebugSwitch();
-      history_.Clear();
-      data_.Create();
-      form_.txtDocumentsAndSettings.SetText(data_.Path());
-      Startup(" ");
-      Startup("Startup - Initializing " + VersionText());
-      EndWhenAlreadyRunning();
-      ShowWhatIsStarting();
-      PrepareForm();
-      ReadLanguages();
-      ReadSettings();
-      CreateMessengerAndVoice();
-      BuildVoiceLists();
-      CheckMessengerState();
-      PreparePages();
-      AddTrayIcon();
-      Startup("Startup - Voice : setting flags");
-      ShowProgress(96);
-      speech_.chkFinishSentence_Click();
-      ShowOSVersion();
-      SpeakIntroduction();
-      FinishStart();
+      TakeStartSteps();
     } catch (const Failure& failure) {
-      Startup("Startup - Error in formload :" + std::to_string(failure.Number()));
-      if (failure.Number() != kToldApart) throw;
-      status_.StatusForm(false);
-      screen_.MessageBox(texts_.GetText(texts_.LoadText(50), kTitle) + "\r\n" +
-                             texts_.GetText(texts_.LoadText(51), kTitle),
-                         kTitle, BoxIcon::Information, BoxButtons::Ok);
-      throw ProgramEnd{};
+      StartFailed(failure.Number());
+      throw;
+    } catch (const std::exception&) {
+      StartFailed(kInvalidCall);
+      throw;
     }
   });
+}
+
+void Program::TakeStartSteps() {
+  FindDebugSwitch();
+  history_.Clear();
+  form_.txtDocumentsAndSettings.SetText(data_.Path());
+  data_.Create();
+  Startup(" ");
+  Startup("Startup - Initializing " + VersionText());
+  EndWhenAlreadyRunning();
+  ShowWhatIsStarting();
+  PrepareForm();
+  ReadLanguages();
+  ReadSettings();
+  CreateMessengerAndVoice();
+  BuildVoiceLists();
+  CheckMessengerState();
+  PreparePages();
+  AddTrayIcon();
+  Startup("Startup - Voice : setting flags");
+  ShowProgress(96);
+  speech_.chkFinishSentence_Click();
+  ShowOSVersion();
+  SpeakIntroduction();
+  FinishStart();
+}
+
+void Program::StartFailed(std::int32_t number) {
+  Startup("Startup - Error in formload :" + std::to_string(number));
+  if (number != kToldApart) return;
+  status_.StatusForm(false);
+  screen_.MessageBox(texts_.GetText(texts_.LoadText(50), kTitle) + "\r\n" +
+                         texts_.GetText(texts_.LoadText(51), kTitle),
+                     kTitle, BoxIcon::Information, BoxButtons::Ok);
+  throw ProgramEnd{};
 }
 
 // Debugging is on from the start; only the box of its own switches it off.
@@ -181,7 +193,6 @@ void Program::FinishStart() {
   ShowProgress(110);
   status_.StatusForm(false);
   pointer_.ClearHourglass();
-  if (form_.State() == WindowState::Normal) window_.ShowAtStart();
   Startup("Startup - Completed");
 }
 

@@ -15,9 +15,10 @@ class SpokenName {
   SpokenName(const frmMain& form, const ContactList& contacts, const TextCleanUp& cleanUp)
       : form_(form), contacts_(contacts), clean_up_(cleanUp) {}
 
-  // The user's own name for a listed contact while "Use my own names" is on, else the display name
-  // or, with "Only say users firstname", what stands before its first space; run-together capitals
-  // split, with the leading space that this brings.
+  // While "Use my own names" is on, a listed contact's own name or, where it has none, its stored
+  // display name, whole. Else the display name or, with "Only say users firstname", what stands
+  // before its first space. Run-together capitals are split, with the leading space that this
+  // brings.
   std::string Of(const MessengerContact& contact) const;
 
   // The same with a shouted name in proper case, as state announcements say it.

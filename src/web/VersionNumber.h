@@ -13,7 +13,8 @@ struct VersionNumber {
   std::int16_t third = 0;
   std::int16_t last = 0;
 
-  auto operator<=>(const VersionNumber&) const = default;
+  // clang-tidy 14 takes the 0 that an ordering is compared with for a pointer.
+  auto operator<=>(const VersionNumber&) const = default;  // NOLINT(modernize-use-nullptr)
 };
 
 // The first three full stops end the first three parts; what stands behind the last of these stops

@@ -12,6 +12,7 @@ Beside SCRIPT.jsonl may stand:
   SCRIPT.store        the file behind the settings before the start
   SCRIPT.after/       files that the documents folder must hold afterwards, byte for byte
   SCRIPT.program/     files put over a copy of the program folder
+In transcript and log the folder of the run, which is another at each run, is called FOLDER.
 
 --update writes the transcript anew, with "..." for what happens during "start" unless the script
 has a comment "# whole start".
@@ -126,7 +127,7 @@ def compare_log(script, folder):
     logs = sorted((folder / "documents/Brenwick/DebugLogs").glob("*.log"))
     if not logs:
         return "no debug log was written"
-    raw = logs[0].read_bytes().decode("utf-8").split("\r\n")
+    raw = logs[0].read_bytes().decode("utf-8").replace(str(folder), "FOLDER").split("\r\n")
     lines = [line.split(" ", 2)[2] if line.count(" ") > 1 else line for line in raw]
     for i in range(len(lines) - len(wanted) + 1):
         if lines[i:i + len(wanted)] == wanted:

@@ -17,6 +17,8 @@ documents, script = pathlib.Path(sys.argv[2]), pathlib.Path(sys.argv[-1])
 made = script.with_name("made")
 if made.is_dir():
     shutil.copytree(made, documents, dirs_exist_ok=True)
+    for log in documents.rglob("*.log"):
+        log.write_bytes(log.read_bytes().replace(b"DOCUMENTS", str(documents).encode()))
 errors = script.with_name("errors")
 if errors.exists():
     sys.stderr.write(errors.read_text())
@@ -187,6 +189,13 @@ class WholeRun(unittest.TestCase):
         self.write("output", f'{STEP_1}\n{STEP_2}\n{{"box":"DOCUMENTS"}}\n')
         self.write("a.transcript", f'{STEP_1}\n{STEP_2}\n{{"box":"FOLDER/documents"}}\n')
         self.passes()
+
+    def test_folder_of_the_run_has_its_name_in_the_log_too(self):
+        self.write(self.LOG, "2004-01-10 12:00:00 A DOCUMENTS/x\r\n")
+        self.write("a.log", "A FOLDER/documents/x\n")
+        self.passes()
+        self.write("a.log", "A FOLDER/x\n")
+        self.fails("the debug log does not hold")
 
     def test_unusual_line_ends_inside_a_text(self):
         line = '{"box":"a\u2028b\x0cc"}'
