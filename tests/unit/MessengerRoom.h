@@ -19,9 +19,13 @@ class FakeVoice : public SpVoice {
   std::size_t Voice() const override { return 0; }
   int Rate() const override { return 0; }
   int Volume() const override { return 100; }
-  void Speak(const std::string& text, int /*flags*/) override { spoken.push_back(text); }
+  void Speak(const std::string& text, int flags) override {
+    spoken.push_back(text);
+    last_flags = flags;
+  }
 
   std::vector<std::string> spoken;
+  int last_flags = 0;
 
  private:
   std::vector<std::string> voices_ = {"Mary"};
