@@ -1,0 +1,85 @@
+#include "desktop/qt/Desktop.h"
+
+#include <QApplication>
+#include <cstdlib>
+
+#include "desktop/XdgFolders.h"
+
+namespace brenwick {
+namespace {
+
+std::string Locale() {
+  for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+    const char* value = std::getenv(name);
+    if (value != nullptr && *value != '\0') return value;
+  }
+  return {};
+}
+
+FolderPaths Paths() {
+  const std::string program = QCoreApplication::applicationFilePath().toStdString();
+  return {XdgDocumentsFolder(), BRENWICK_PROGRAM_FOLDER, program};
+}
+
+void TellOnTerminal(const std::string& message) { qWarning("%s", message.c_str()); }
+
+}  // namespace
+
+Desktop::Desktop(Instance& instance, const std::string& commandLine, bool first)
+    : folders_(Paths()),
+      ini_(DefaultStoreFile(), clock_, TellOnTerminal),
+      store_(ini_, XdgConfigHome() + "/autostart/org.brenwick.Brenwick.desktop",
+             QCoreApplication::applicationFilePath().toStdString()),
+      voice_(EspeakOptions{Locale()}),
+      screen_(end_),
+      tray_(end_),
+      loop_(end_),
+      system_(commandLine, first),
+      program_(messenger_, voice_, store_, screen_, tray_, loop_, clock_, folders_, system_),
+      views_(end_),
+      window_(program_.Form(), views_),
+      status_(program_.Status().Form(), views_),
+      timers_(program_.Form(), views_),
+      socket_(end_, program_.Form().wscHttp),
+      instance_(instance) {
+  end_.WhenEnded = [] { QCoreApplication::exit(); };
+  window_.HasTray = [] { return DesktopTray::Available(); };
+  tray_.Observe(program_.Form(), views_);
+  instance_.Asked = [this](Verb verb, int repeat) { end_.Guard([&] { Do(verb, repeat); }); };
+}
+
+void Desktop::Run() {
+  try {
+    program_.Start();
+    timers_.Arm();
+    QCoreApplication::exec();
+    end_.GoOn();
+  } catch (const ProgramEnd&) {
+    // Everything is saved and let go.
+  }
+}
+
+void Desktop::Do(Verb verb, int repeat) {
+  frmMain& form = program_.Form();
+  switch (verb) {
+    case Verb::Show:
+      tray_.MouseMessage(kLeftButtonUp);
+      break;
+    case Verb::Stop:
+      voice_.Speak("", SVSFPurgeBeforeSpeak);
+      break;
+    case Verb::Repeat:
+      form.ocxSpeakMsg1.at(static_cast<std::size_t>(repeat - 1)).HotkeyPressed();
+      break;
+    case Verb::Mute:
+      form.chkMute.UserClick();
+      break;
+    case Verb::Quit:
+      form.mPopExit.UserClick();
+      break;
+    case Verb::None:
+      break;
+  }
+}
+
+}  // namespace brenwick

@@ -1,0 +1,61 @@
+// The program on the user's desktop: every interface of the core with its implementation, and the
+// views.
+#pragma once
+
+#include <QString>
+#include <memory>
+#include <string>
+
+#include "app/Program.h"
+#include "desktop/AbsentMessenger.h"
+#include "desktop/AutostartStore.h"
+#include "desktop/EspeakVoice.h"
+#include "desktop/IniStore.h"
+#include "desktop/PosixFolders.h"
+#include "desktop/qt/DesktopSystem.h"
+#include "desktop/qt/DesktopTray.h"
+#include "desktop/qt/EndOfProgram.h"
+#include "desktop/qt/Instance.h"
+#include "desktop/qt/MainWindowView.h"
+#include "desktop/qt/QtEventLoop.h"
+#include "desktop/qt/QtScreen.h"
+#include "desktop/qt/StatusView.h"
+#include "desktop/qt/SystemClock.h"
+#include "desktop/qt/TcpSocket.h"
+#include "desktop/qt/TimerDriver.h"
+#include "desktop/qt/Views.h"
+
+namespace brenwick {
+
+class Desktop {
+ public:
+  // commandLine: what stood behind the program's name; first: no other Brenwick runs.
+  Desktop(Instance& instance, const std::string& commandLine, bool first);
+
+  // Runs the program to its end.
+  void Run();
+
+ private:
+  void Do(Verb verb, int repeat);
+
+  EndOfProgram end_;
+  SystemClock clock_;
+  PosixFolders folders_;
+  IniStore ini_;
+  AutostartStore store_;
+  EspeakVoice voice_;
+  AbsentMessenger messenger_;
+  QtScreen screen_;
+  DesktopTray tray_;
+  QtEventLoop loop_;
+  DesktopSystem system_;
+  Program program_;
+  Views views_;
+  MainWindowView window_;
+  StatusView status_;
+  TimerDriver timers_;
+  TcpSocket socket_;
+  Instance& instance_;
+};
+
+}  // namespace brenwick

@@ -1,0 +1,31 @@
+// The process and the system that it runs on.
+#pragma once
+
+#include <QtGlobal>
+#include <string>
+#include <utility>
+
+#include "desktop/LinuxVersion.h"
+#include "platform/System.h"
+
+namespace brenwick {
+
+class DesktopSystem : public System {
+ public:
+  DesktopSystem(std::string commandLine, bool first)
+      : command_line_(std::move(commandLine)), first_(first) {}
+
+  std::string CommandLine() override { return command_line_; }
+  bool PreviousInstance() override { return !first_; }
+  // Those who write languages set BRENWICK_DEVELOPMENT in the environment.
+  bool DevelopmentEnvironment() override {
+    return qEnvironmentVariableIsSet("BRENWICK_DEVELOPMENT");
+  }
+  std::pair<std::string, std::string> OSVersion() override { return LinuxVersion(); }
+
+ private:
+  std::string command_line_;
+  bool first_;
+};
+
+}  // namespace brenwick

@@ -1,0 +1,134 @@
+#include "desktop/qt/MainWindowView.h"
+
+#include <QCloseEvent>
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+#include "desktop/qt/ButtonViews.h"
+#include "desktop/qt/Mnemonics.h"
+#include "desktop/qt/PageBuilder.h"
+#include "desktop/qt/PageList.h"
+#include "desktop/qt/Strings.h"
+
+namespace brenwick {
+namespace {
+
+constexpr int kTwipsPerPixel = 15;
+// Pixels: room for the longest page in most languages.
+constexpr QSize kFirstSize{680, 480};
+
+}  // namespace
+
+MainWindowView::MainWindowView(frmMain& form, Views& views)
+    : form_(form), views_(views), pages_(new QStackedWidget(this)) {
+  setObjectName("frmMain");
+  auto* rows = new QVBoxLayout(this);
+  rows->addWidget(MakeContent(), 1);
+  auto* buttons = new QHBoxLayout;
+  buttons->addStretch(1);
+  buttons->addWidget(MakeView(form_.cmdOK, views_, *this));
+  rows->addLayout(buttons);
+  resize(kFirstSize);
+  ObserveWindow();
+}
+
+QWidget* MainWindowView::MakeContent() {
+  auto* content = new QWidget(this);
+  auto* columns = new QHBoxLayout(content);
+  columns->setContentsMargins(0, 0, 0, 0);
+  columns->addWidget(MakePageList(form_.lstMenu, views_, *content));
+  for (int page = 0; page < kPageCount; ++page) pages_->addWidget(MakePage(page));
+  columns->addWidget(pages_, 1);
+  return content;
+}
+
+// The page can be scrolled where a language or a font needs more room than the screen has.
+QWidget* MainWindowView::MakePage(int page) {
+  auto* scroller = new QScrollArea(pages_);
+  auto* content = new QWidget(scroller);
+  content->setObjectName("page" + QString::number(page));
+  PageBuilder builder(*content, views_);
+  for (Control* control : form_.Controls()) {
+    if (control->Page() == page && control != &form_.fraPage[static_cast<std::size_t>(page)]) {
+      builder.Add(*control);
+    }
+  }
+  builder.Finish();
+  for (Control* control : form_.Controls()) {
+    if (control->Page() == page) {
+      views_.Keep(control->Changed.Observe([content] { AssignMnemonics(*content); }));
+    }
+  }
+  scroller->setWidget(content);
+  scroller->setWidgetResizable(true);
+  scroller->setFrameShape(QFrame::NoFrame);
+  Frame& frame = form_.fraPage[static_cast<std::size_t>(page)];
+  views_.Keep(frame.Changed.Observe([this, &frame, content, page] {
+    content->setEnabled(frame.Enabled());
+    if (frame.Visible()) ShowPage(page);
+  }));
+  return scroller;
+}
+
+void MainWindowView::ShowPage(int page) { pages_->setCurrentIndex(page); }
+
+void MainWindowView::ObserveWindow() {
+  setWindowTitle(ToQt(form_.Caption()));
+  views_.Keep(form_.CaptionChanged.Observe([this] { setWindowTitle(ToQt(form_.Caption())); }));
+  views_.Keep(form_.VisibilityChanged.Observe([this] { ShowOrHide(); }));
+  views_.Keep(form_.StateChanged.Observe([this] { ShowOrHide(); }));
+  views_.Keep(form_.PlaceChanged.Observe([this] { Place(); }));
+  views_.Keep(form_.ForegroundWanted.Observe([this] {
+    raise();
+    activateWindow();
+  }));
+}
+
+void MainWindowView::ShowOrHide() {
+  const bool minimized = form_.State() == WindowState::Minimized;
+  placing_ = true;
+  if (form_.Visible() && !minimized) {
+    showNormal();
+    Place();
+  } else if (minimized && (form_.Visible() || !HasTray || !HasTray())) {
+    showMinimized();
+  } else {
+    hide();
+  }
+  placing_ = false;
+}
+
+void MainWindowView::TrayChanged() { ShowOrHide(); }
+
+void MainWindowView::Place() {
+  const QPoint place(form_.Left() / kTwipsPerPixel, form_.Top() / kTwipsPerPixel);
+  if (pos() == place) return;
+  placing_ = true;
+  move(place);
+  placing_ = false;
+}
+
+void MainWindowView::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  views_.Knock([this] { form_.UserCloses(); });
+}
+
+void MainWindowView::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() != QEvent::WindowStateChange || placing_) return;
+  views_.Knock([this] {
+    if (isMinimized()) {
+      form_.UserMinimizes();
+    } else {
+      form_.UserRestores();
+    }
+  });
+}
+
+void MainWindowView::moveEvent(QMoveEvent* event) {
+  QWidget::moveEvent(event);
+  if (placing_ || !isVisible() || isMinimized()) return;
+  views_.Knock([this] { form_.UserMoves(x() * kTwipsPerPixel, y() * kTwipsPerPixel); });
+}
+
+}  // namespace brenwick

@@ -1,0 +1,43 @@
+// The main window as the user sees it: the page list on the left, one page on the right.
+#pragma once
+
+#include <QStackedWidget>
+#include <QWidget>
+#include <functional>
+#include <memory>
+
+#include "desktop/qt/Views.h"
+#include "forms/frmMain.h"
+
+namespace brenwick {
+
+class MainWindowView : public QWidget {
+ public:
+  MainWindowView(frmMain& form, Views& views);
+
+  // True while there is a notification area that a hidden window can be called back from. Without
+  // one the window stays in the task bar.
+  std::function<bool()> HasTray;
+  // To be called when a notification area has appeared or gone.
+  void TrayChanged();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void moveEvent(QMoveEvent* event) override;
+
+ private:
+  QWidget* MakeContent();
+  QWidget* MakePage(int page);
+  void ObserveWindow();
+  void ShowOrHide();
+  void ShowPage(int page);
+  void Place();
+
+  frmMain& form_;
+  Views& views_;
+  QStackedWidget* pages_;
+  bool placing_ = false;  // the window follows the form, not the user's hand
+};
+
+}  // namespace brenwick

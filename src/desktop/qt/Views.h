@@ -1,0 +1,35 @@
+// What the views of all controls have in common.
+#pragma once
+
+#include <QWidget>
+#include <functional>
+#include <utility>
+#include <vector>
+
+#include "controls/Control.h"
+#include "desktop/qt/EndOfProgram.h"
+
+namespace brenwick {
+
+class Views {
+ public:
+  explicit Views(EndOfProgram& end) : end_(end) {}
+
+  // Makes the widget a view of the control: it bears its name, is enabled, shown and focused as the
+  // control is, and `mirror` brings it up to date now and at each change.
+  void Mirror(Control& control, QWidget& widget, std::function<void()> mirror);
+
+  // Carries out what the user did.
+  template <typename Action>
+  void Knock(Action action) {
+    end_.Guard(std::move(action));
+  }
+
+  void Keep(Subscription subscription) { subscriptions_.push_back(std::move(subscription)); }
+
+ private:
+  EndOfProgram& end_;
+  std::vector<Subscription> subscriptions_;
+};
+
+}  // namespace brenwick
