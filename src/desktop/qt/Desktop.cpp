@@ -1,6 +1,8 @@
 #include "desktop/qt/Desktop.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QFileInfo>
 #include <cstdlib>
 
 #include "desktop/XdgFolders.h"
@@ -16,9 +18,17 @@ std::string Locale() {
   return {};
 }
 
+// Of the installed program, or of the build that it still stands in.
+std::string ProgramFolder() {
+  const QString installed = QCoreApplication::applicationDirPath() + "/../share/brenwick";
+  return QFileInfo(installed + "/Languages").isDir()
+             ? QDir::cleanPath(installed).toStdString()
+             : QCoreApplication::applicationDirPath().toStdString() + "/program";
+}
+
 FolderPaths Paths() {
-  const std::string program = QCoreApplication::applicationFilePath().toStdString();
-  return {XdgDocumentsFolder(), BRENWICK_PROGRAM_FOLDER, program};
+  return {XdgDocumentsFolder(), ProgramFolder(),
+          QCoreApplication::applicationFilePath().toStdString()};
 }
 
 void TellOnTerminal(const std::string& message) { qWarning("%s", message.c_str()); }
