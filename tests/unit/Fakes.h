@@ -25,6 +25,7 @@
 #include "platform/EventLoop.h"
 #include "platform/Folders.h"
 #include "platform/Screen.h"
+#include "platform/SpVoice.h"
 #include "platform/System.h"
 
 namespace brenwick {
@@ -237,6 +238,28 @@ class FakeSocket : public SocketDriver {
 
   Winsock& socket_;
   std::string arrived_;
+};
+
+// An engine with one voice that keeps what it was told.
+class FakeVoice : public SpVoice {
+ public:
+  const std::vector<std::string>& GetVoices() override { return voices_; }
+  void SetVoice(std::size_t /*index*/) override {}
+  void SetRate(int /*rate*/) override {}
+  void SetVolume(int /*volume*/) override {}
+  std::size_t Voice() const override { return 0; }
+  int Rate() const override { return 0; }
+  int Volume() const override { return 100; }
+  void Speak(const std::string& text, int flags) override {
+    spoken.push_back(text);
+    last_flags = flags;
+  }
+
+  std::vector<std::string> spoken;
+  int last_flags = 0;
+
+ private:
+  std::vector<std::string> voices_ = {"Mary"};
 };
 
 // The fakes, and what every room above stands on.

@@ -1,35 +1,12 @@
-// What handles the messenger's events, over the fakes, with an engine that keeps what it was told.
+// What handles the messenger's events, over the fakes.
 #pragma once
 
 #include <string>
-#include <vector>
 
 #include "messenger/MessengerEvents.h"
-#include "platform/SpVoice.h"
 #include "unit/Fakes.h"
 
 namespace brenwick {
-
-class FakeVoice : public SpVoice {
- public:
-  const std::vector<std::string>& GetVoices() override { return voices_; }
-  void SetVoice(std::size_t /*index*/) override {}
-  void SetRate(int /*rate*/) override {}
-  void SetVolume(int /*volume*/) override {}
-  std::size_t Voice() const override { return 0; }
-  int Rate() const override { return 0; }
-  int Volume() const override { return 100; }
-  void Speak(const std::string& text, int flags) override {
-    spoken.push_back(text);
-    last_flags = flags;
-  }
-
-  std::vector<std::string> spoken;
-  int last_flags = 0;
-
- private:
-  std::vector<std::string> voices_ = {"Mary"};
-};
 
 // The user is signed in, debugging is on, and text 93 reads "text 93".
 struct MessengerRoom {

@@ -15,24 +15,6 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-// Remembers what it was told to say.
-class NotingVoice : public SpVoice {
- public:
-  const std::vector<std::string>& GetVoices() override { return voices_; }
-  void SetVoice(std::size_t /*index*/) override {}
-  void SetRate(int /*rate*/) override {}
-  void SetVolume(int /*volume*/) override {}
-  std::size_t Voice() const override { return 0; }
-  int Rate() const override { return 0; }
-  int Volume() const override { return 100; }
-  void Speak(const std::string& text, int /*flags*/) override { said.push_back(text); }
-
-  Texts said;
-
- private:
-  std::vector<std::string> voices_;
-};
-
 // Holds nothing; cannot even be read while it is broken.
 class EmptyStore : public RegistryStore {
  public:
@@ -125,7 +107,7 @@ class VersionCheckTest : public testing::Test {
   Registry registry{store, world.folders};
   TextCleanUp clean_up{world.log};
   SpokenHistory history{world.log, form};
-  NotingVoice voice;
+  FakeVoice voice;
   Speech speech{world.log, world.state,   form,  texts,       clean_up,
                 history,   world.pointer, voice, world.screen};
   VersionCheck check{world.log, world.state, form,         texts, world.pointer,
@@ -193,7 +175,7 @@ TEST_F(VersionCheckTest, TheButtonAsksForTheUser) {
   form.cmdUpdate.UserClick();
   ASSERT_EQ(world.screen.boxes.size(), 1U);
   EXPECT_EQ(world.screen.boxes[0].text, "text 69\r\ntext 70 3.1.200\r\ntext 71 9");
-  EXPECT_EQ(voice.said, Texts{"text 69"});
+  EXPECT_EQ(voice.spoken, Texts{"text 69"});
 }
 
 TEST_F(VersionCheckTest, TheUserIsAskedAfterAThousandStepsAndNotBefore) {
@@ -204,7 +186,7 @@ TEST_F(VersionCheckTest, TheUserIsAskedAfterAThousandStepsAndNotBefore) {
   EXPECT_EQ(counter_at_box, Texts{"1000"});
   EXPECT_EQ(Boxes(), Texts{"question text 74"});
   EXPECT_EQ(world.screen.boxes[0].buttons, BoxButtons::YesNo);
-  EXPECT_EQ(voice.said, Texts{"text 73"});
+  EXPECT_EQ(voice.spoken, Texts{"text 73"});
   EXPECT_EQ(form.txtWebVersion.Text(), "");
   ExpectIsOver();
 }
@@ -241,7 +223,7 @@ TEST_F(VersionCheckTest, AnAnswerWhileTheUserIsAskedIsTakenOnYes) {
 TEST_F(VersionCheckTest, AnAnswerWhileTheUserIsAskedIsNotComparedOnNo) {
   AtBox = Answering(kNewer);
   check.UpdateCheck(true);
-  EXPECT_EQ(voice.said, Texts{"text 73"});
+  EXPECT_EQ(voice.spoken, Texts{"text 73"});
   EXPECT_EQ(Boxes(), Texts{"question text 74"});
 }
 
@@ -249,7 +231,7 @@ TEST_F(VersionCheckTest, ASilentCheckGivesUpWithoutASign) {
   check.UpdateCheck(false);
   EXPECT_EQ(world.loop.rounds, kMostSteps);
   EXPECT_EQ(Boxes(), Texts());
-  EXPECT_EQ(voice.said, Texts());
+  EXPECT_EQ(voice.spoken, Texts());
   EXPECT_EQ(form.txtWebVersion.Text(), "");
   ExpectIsOver();
 }
@@ -259,7 +241,7 @@ TEST_F(VersionCheckTest, AFailureWhileTheUserIsAskedIsShownOnNo) {
     if (world.screen.boxes.size() == 1) socket.Fail();
   };
   check.UpdateCheck(true);
-  EXPECT_EQ(voice.said, Texts{"text 73"});
+  EXPECT_EQ(voice.spoken, Texts{"text 73"});
   EXPECT_EQ(Boxes(), (Texts{"question text 74", "exclamation text 73"}));
   EXPECT_EQ(world.screen.boxes[1].buttons, BoxButtons::Ok);
   ExpectIsOver();
@@ -270,7 +252,7 @@ TEST_F(VersionCheckTest, AFailureWithoutATextEndsInTheTimeOut) {
   at[1] = [&] { socket.Fail(); };
   check.UpdateCheck(true);
   EXPECT_EQ(world.loop.rounds, kMostSteps);
-  EXPECT_EQ(voice.said, Texts{""});
+  EXPECT_EQ(voice.spoken, Texts{""});
   EXPECT_EQ(Boxes(), (Texts{"question text 74", "exclamation "}));
   EXPECT_EQ(form.txtWebVersion.Text(), "");
   ExpectIsOver();
@@ -319,14 +301,14 @@ TEST_F(VersionCheckTest, ASilentCheckBecomesTheUsersWhenHeAsks) {
   check.UpdateCheck(false);
   EXPECT_EQ(Connections(), 1);
   EXPECT_EQ(Boxes(), Texts{"information text 72"});
-  EXPECT_EQ(voice.said, Texts{"text 72"});
+  EXPECT_EQ(voice.spoken, Texts{"text 72"});
 }
 
 TEST_F(VersionCheckTest, ASilentCheckThatBecameTheUsersAsksHim) {
   at[kMostSteps] = [&] { form.cmdUpdate.UserClick(); };
   check.UpdateCheck(false);
   EXPECT_EQ(Boxes(), Texts{"question text 74"});
-  EXPECT_EQ(voice.said, Texts{"text 73"});
+  EXPECT_EQ(voice.spoken, Texts{"text 73"});
 }
 
 TEST_F(VersionCheckTest, TheNextCheckIsItsOwn) {
@@ -336,7 +318,7 @@ TEST_F(VersionCheckTest, TheNextCheckIsItsOwn) {
   check.UpdateCheck(false);
   EXPECT_EQ(Connections(), 2);
   EXPECT_EQ(Boxes(), Texts{"information text 69"});
-  EXPECT_EQ(voice.said, (Texts{"text 69", "text 69"}));
+  EXPECT_EQ(voice.spoken, (Texts{"text 69", "text 69"}));
 }
 
 TEST_F(VersionCheckTest, TheEndOfTheProgramEndsTheWaiting) {
@@ -344,7 +326,7 @@ TEST_F(VersionCheckTest, TheEndOfTheProgramEndsTheWaiting) {
   EXPECT_THROW(check.UpdateCheck(true), ProgramEnd);
   EXPECT_EQ(world.loop.rounds, 2);
   EXPECT_EQ(Boxes(), Texts());
-  EXPECT_EQ(voice.said, Texts());
+  EXPECT_EQ(voice.spoken, Texts());
 }
 
 TEST_F(VersionCheckTest, AFailureOfTheCheckIsReported) {

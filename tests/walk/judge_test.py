@@ -174,6 +174,8 @@ GOOD = {
                   sentence({**SKY, "text": "/talk hi"}, "Big Blue says  hi"),
                   sentence({**STATE, "name": "BIG SKY"}, "Big  on."),
                   sentence({**STATE, "name": "BIG SKY"}, "Big Sky  on.", first=0),
+                  sentence({**STATE, "name": "ΣΊΣΥΦΟΣ"}, "Σίσυφοσ  on."),
+                  sentence({**STATE, "name": "日本 Ltd"}, "x"),
                   sentence({**SKY, "name": "Hotmail"}, "x"), sentence(SKY, "x", own=1)],
     "Request": [[({"world": {"web": {"reply": "x"}}}, []), START,
                  ({"click": "cmdUpdate"}, [

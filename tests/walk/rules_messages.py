@@ -24,7 +24,7 @@ class Sentences(ShownRule):
         name are the simple ones."""
         shown = [self.control(name) for name in SENTENCE_CONTROLS]
         name = event.get("name", "")
-        if not all(shown) or self.ticked("chkUseMyNamesInsteadOfBuddyNames") or not name.isascii():
+        if not all(shown) or self.ticked("chkUseMyNamesInsteadOfBuddyNames") or not is_simple(name):
             return None
         if event.get("raise") == "OnTextReceived" and name.upper() != "HOTMAIL":
             return self.message(name, event.get("text", ""))
@@ -54,13 +54,19 @@ class Sentences(ShownRule):
         return cleaned(sentence)
 
 
+def is_simple(name):
+    """Whether each letter has one counterpart in the other case, which everybody agrees on."""
+    return all(character < "\u0500" and len(character.upper()) == len(character.lower()) == 1
+               for character in name)
+
+
 def split_capitals(name):
     """A space before each capital, but for names that are all capitals or have no letters."""
     if name == name.upper():
         return name
     result, previous = "", ""
     for character in name.strip(" "):
-        if character.isupper() and previous != " ":
+        if character.lower() != character and previous != " ":
             result += " "
         result += character
         previous = character
@@ -71,7 +77,9 @@ def calmed(name):
     """A shouted name with only its words' first letters large."""
     if name != name.upper():
         return name
-    return " ".join(word[:1].upper() + word[1:].lower() for word in name.split(" "))
+    # Letter by letter: at the end of a word one of them would have a form of its own.
+    return " ".join(word[:1] + "".join(letter.lower() for letter in word[1:])
+                    for word in name.split(" "))
 
 
 MESSAGES = [Sentences]

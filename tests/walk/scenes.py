@@ -14,9 +14,9 @@ class Scenes:
         # Those with a start in them are seldom: starts and ends take half the time even so.
         self.weights = {
             "open_contact": 6, "edit_contact": 4, "leave_number": 4, "say_again": 2,
-            "test_voice": 2, "hear": 3, "look_at_boxes": 2, "look_at_pages": 1, "debug_off": 1,
+            "test_voice": 2, "hear": 6, "look_at_boxes": 2, "look_at_pages": 1, "debug_off": 1,
             "ignore_all": 1, "version_check": 1, "buddies_menu": 0.8, "restart": 0.4,
-            "restart_with_settings": 0.5, "restart_with_contacts": 0.4, "languages": 0.4,
+            "restart_with_settings": 0.8, "restart_with_contacts": 0.4, "languages": 0.4,
             "bad_days": 0.3, "bad_mail": 0.2, "silent_engine": 0.2, "second_instance": 0.2,
         }
 
@@ -65,7 +65,7 @@ class Scenes:
         typed = self.rng.sample(list(KEPT_TEXTS), 3)
         boxes = [control.name for control in self.steps.by_kind["CheckBox"]]
         shown = [{"show": name} for name in
-                 typed + self.rng.sample(boxes, 5) + self.rng.sample(KEPT_OPTIONS, 3)]
+                 typed + boxes + self.rng.sample(KEPT_OPTIONS, 3)]
         return [{"type": name, "text": self.steps.typed(name)} for name in typed] + [
             *shown, {"close": True}, {"world": ANOTHER_START}, self.steps.start(), *shown]
 
@@ -120,9 +120,15 @@ class Scenes:
 
     def hear(self):
         """A message or a state, with all that decides how it is said."""
-        event = self.rng.choice([self.steps.message, self.steps.contact_state])()
-        heard = [{"raise": "OnLocalStateChangeResult", "state": 2}, {"click": "mnuMute"}]
-        return heard + [{"show": name} for name in SENTENCE_CONTROLS] + [event]
+        boxes = ["chkIntroduceUser", "chkFirstName", "chkNotifyUserState", "chkDoNotSpeakMessage"]
+        address, name = self.rng.choice(values.CONTACTS)
+        words = " ".join(self.rng.choice(values.TEXTS) for _ in range(self.rng.choice([1, 2, 3])))
+        event = self.rng.choice([
+            {"raise": "OnTextReceived", "email": address, "name": name, "text": words},
+            {"raise": "OnUserStateChanged", "email": address, "name": name, "state": 2}])
+        return [{"raise": "OnLocalStateChangeResult", "state": 2}, {"world": {"answers": ["Yes"]}},
+                {"click": "cmdDefaults", "index": 2}, {"click": self.rng.choice(boxes)},
+                *[{"show": control} for control in SENTENCE_CONTROLS], event]
 
     def leave_number(self):
         box = self.rng.choice(NUMBER_BOXES)

@@ -5,6 +5,7 @@ CONTACTS = [
     ("anna@example.org", "Anna"),
     ("john.smith@example.org", "John Smith"),
     ("maria.garcia@example.org", "Maria del Carmen García"),
+    ("three.words@example.org", "Anna Maria Lee"),
     ("bigblue@example.org", "BigBlueSky"),
     ("SHOUT@example.org", "SHOUTING MAN"),
     ("shout@example.org", "shouting man"),

@@ -19,8 +19,9 @@
 namespace brenwick {
 
 // The rules: a label in front of a box stands beside it, and a button behind a combo box, or behind
-// any box in a frame, at its other side; option buttons that follow each other share a row, and so do buttons; a frame gathers what
-// follows it; lists take what room is left; everything else has a row of its own.
+// any box in a frame, at its other side; option buttons that follow each other share a row, and so
+// do buttons; a frame gathers what follows it; lists take what room is left; everything else has a
+// row of its own.
 class PageBuilder {
  public:
   PageBuilder(QWidget& page, Views& views);
