@@ -15,6 +15,9 @@ constexpr const char* kModule = "frmMain";
 constexpr int kWidth = 5829;
 constexpr int kHeight = 4200;
 
+// What lies beyond is no place on any screen.
+constexpr int kFarthest = 1'000'000;
+
 constexpr std::size_t kTipLength = 64;
 
 std::string Tip(const std::string& caption) {
@@ -117,7 +120,7 @@ void MainWindow::FormSave() {
     cRegistry key = registry_.OpenRegistryKey(kBrenwickKey);
     log_.DebugWrite("Form_Resize", "VisibleForm Left = " + std::to_string(form_.Left()));
     log_.DebugWrite("Form_Resize", "VisibleForm Top = " + std::to_string(form_.Top()));
-    form_.Move(std::max(form_.Left(), 0), std::max(form_.Top(), 0));
+    form_.Move(std::clamp(form_.Left(), 0, kFarthest), std::clamp(form_.Top(), 0, kFarthest));
     Registry::SetRegistryValue(static_cast<float>(form_.Left()), key, "Left", REG_DWORD);
     Registry::SetRegistryValue(static_cast<float>(form_.Top()), key, "Top", REG_DWORD);
   });
@@ -127,14 +130,13 @@ void MainWindow::RestorePlace() { form_.Move(StoredEdge("Left"), StoredEdge("Top
 
 // 0 for what is no place on any screen, such as a word that somebody wrote into the store.
 int MainWindow::StoredEdge(const char* name) {
-  constexpr float kFarthest = 1'000'000;
   float stored = 0;
   IgnoringFailures([&] {
     cRegistry key = registry_.OpenRegistryKey(kBrenwickKey);
     stored = std::get<float>(
         Registry::GetRegistryValue(key, name, RegistryConversion::Single, REG_DWORD));
   });
-  return stored > 0 && stored < kFarthest ? static_cast<int>(stored) : 0;
+  return stored > 0 && stored <= kFarthest ? static_cast<int>(stored) : 0;
 }
 
 void MainWindow::Form_MouseMove(int message) {

@@ -26,7 +26,7 @@ Program::Program(MessengerClient& messenger, SpVoice& voice, RegistryStore& stor
       language_key_(log_, form_, status_, folders, loop),
       contacts_(log_, form_, texts_),
       contact_file_(contacts_, data_, folders, clock),
-      contact_pages_(form_, screen, contacts_),
+      contact_pages_(log_, form_, screen, contacts_),
       contact_editing_(log_, form_, screen, contacts_, contact_pages_),
       conversations_(log_, messenger),
       buddies_(log_, form_, screen, contacts_,

@@ -40,8 +40,8 @@ std::string GetEmailFromString(std::string_view line) {
   return collected;
 }
 
-ContactPages::ContactPages(frmMain& form, Screen& screen, ContactList& contacts)
-    : form_(form), screen_(screen), contacts_(contacts) {
+ContactPages::ContactPages(Logs& log, frmMain& form, Screen& screen, ContactList& contacts)
+    : log_(log), form_(form), screen_(screen), contacts_(contacts) {
   contacts_.AfterAdd = [this] { RefreshAfterAdd(); };
   contacts_.AfterMod = [this](int index) { RefreshAfterMod(index); };
 }
@@ -72,6 +72,10 @@ void ContactPages::RefreshAfterMod(int index) {
 }
 
 void ContactPages::FillContactList(std::string_view which, int index) {
+  log_.Trap("ModFunctions", "FillContactList", [&] { FillLists(which, index); });
+}
+
+void ContactPages::FillLists(std::string_view which, int index) {
   const Font kept = form_.TextFont();
   form_.SetTextFont(form_.lstGender.TextFont());
   Measure();

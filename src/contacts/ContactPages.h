@@ -8,6 +8,7 @@
 
 #include "contacts/ContactList.h"
 #include "forms/frmMain.h"
+#include "logging/Logs.h"
 #include "platform/Screen.h"
 
 namespace brenwick {
@@ -18,7 +19,7 @@ std::string GetEmailFromString(std::string_view line);
 class ContactPages {
  public:
   // From now on the page that is showing follows the changes of the list.
-  ContactPages(frmMain& form, Screen& screen, ContactList& contacts);
+  ContactPages(Logs& log, frmMain& form, Screen& screen, ContactList& contacts);
 
   // Builds the lines of lstGender ("G"), lstIgnore ("I"), lstBuddyNames ("A") or all three ("X"):
   // every contact's for index 0, else only the line of the record with that number, counted from 1,
@@ -30,6 +31,7 @@ class ContactPages {
   std::int16_t NewListLine = 0;
 
  private:
+  void FillLists(std::string_view which, int index);
   struct Page;
 
   void RefreshAfterAdd();
@@ -45,6 +47,7 @@ class ContactPages {
   void SendTabStops(ListBox& list);
   float TextWidth(const std::string& text) const;
 
+  Logs& log_;
   frmMain& form_;
   Screen& screen_;
   ContactList& contacts_;

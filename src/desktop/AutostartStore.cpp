@@ -1,8 +1,11 @@
 #include "desktop/AutostartStore.h"
 
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <system_error>
 
+#include "base/Lines.h"
 #include "base/ProgramState.h"
 #include "base/Text.h"
 #include "desktop/AtomicFile.h"
@@ -38,16 +41,30 @@ std::string EntryContent(const std::string& program) {
 
 }  // namespace
 
+// The desktop starts what the entry names, unless the user has switched it off with the desktop's
+// own means: taken the file away, or had a line put into it.
+bool AutostartStore::EntryCounts() const {
+  std::ifstream file(entry_, std::ios::binary);
+  if (!file) return false;
+  const std::string content{std::istreambuf_iterator<char>(file), {}};
+  for (const std::string_view line : Lines(content)) {
+    const std::string lower = LowerCase(line);
+    if (lower == "hidden=true" || lower == "x-gnome-autostart-enabled=false") return false;
+  }
+  return true;
+}
+
 std::optional<RegistryValue> AutostartStore::ReadValue(const std::string& key,
                                                        const std::string& name) {
-  std::error_code ignored;
-  if (IsStartEntry(key, name) && !fs::exists(entry_, ignored)) return std::nullopt;
+  if (IsStartEntry(key, name) && !EntryCounts()) return std::nullopt;
   return store_.ReadValue(key, name);
 }
 
 bool AutostartStore::WriteValue(const std::string& key, const std::string& name,
                                 const RegistryValue& value) {
-  if (IsStartEntry(key, name) && !WriteEntry()) return false;
+  // An entry that does what it should stays as the user may have changed it.
+  const bool entry = IsStartEntry(key, name);
+  if (entry && ReadValue(key, name) != value && !WriteEntry()) return false;
   return store_.WriteValue(key, name, value);
 }
 

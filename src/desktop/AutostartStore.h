@@ -20,8 +20,8 @@ class AutostartStore : public RegistryStore {
   bool KeyExists(const std::string& key) override { return store_.KeyExists(key); }
   bool CreateKey(const std::string& key) override { return store_.CreateKey(key); }
   bool DeleteKey(const std::string& key) override { return store_.DeleteKey(key); }
-  // Without the desktop's entry there is no such value: the user may have taken it away with the
-  // desktop's own means.
+  // Without the desktop's entry, or with one that is switched off, there is no such value: the user
+  // may have done that with the desktop's own means.
   std::optional<RegistryValue> ReadValue(const std::string& key, const std::string& name) override;
   bool WriteValue(const std::string& key, const std::string& name,
                   const RegistryValue& value) override;
@@ -37,6 +37,7 @@ class AutostartStore : public RegistryStore {
   bool Flush() override { return store_.Flush(); }
 
  private:
+  bool EntryCounts() const;
   bool WriteEntry();
 
   RegistryStore& store_;

@@ -38,8 +38,11 @@ void Settings::GetAllSettings() {
   });
 }
 
-// A store without this value is taken for one that nobody has written yet.
+// A store without this value is taken for one that nobody has written yet. One that merely expands
+// to nothing today was written.
 void Settings::FillEmptyStore() {
+  const auto stored = registry_.Store().ReadValue(kTextKey, "Online");
+  if (stored && !stored->text.empty()) return;
   if (!registry_.ReadText(kTextKey, "Online").empty()) return;
   for (std::int16_t page = 0; page <= 2; ++page) Application_Defaults(page);
   SaveAllSettings(0);
@@ -146,8 +149,9 @@ std::optional<std::string> Settings::TextToSave(const SettingRow& row) {
             return form_.optFemale.Chosen() ? "F" : "M";
           },
           [&](const ChosenText& chosen) -> std::optional<std::string> {
-            const std::string& shown = (form_.*chosen.combo).Text();
-            return shown.empty() ? std::nullopt : std::optional(shown);
+            const ComboBox& combo = form_.*chosen.combo;
+            if (chosen.entries_only && combo.ListIndex() < 0) return std::nullopt;
+            return combo.Text().empty() ? std::nullopt : std::optional(combo.Text());
           },
           // The box's own click writes the entry.
           [](StartEntry) -> std::optional<std::string> { return std::nullopt; },

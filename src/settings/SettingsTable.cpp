@@ -48,7 +48,7 @@ const SettingRow kRows[] = {
     {kGeneralKey, "IntroductionText", &F::txtIntroductionText, kGeneral, Text(11), Text(11), " "},
     Box(kGeneralKey, "CheckNewVersionsMessenger", &F::chkNewVersionMessenger),
     Box(kGeneralKey, "CheckNewVersionsBrenwick", &F::chkNewVersionBrenwick),
-    {kGeneralKey, "Language", ChosenText{&F::cmbLanguage}},
+    {kGeneralKey, "Language", ChosenText{&F::cmbLanguage, true}},
     Reset(3, {kRunKey, kTitle, StartEntry{}, kGeneral, On()}),
 
     Reset(3, Box(kUserKey, "IntroduceUser", &F::chkIntroduceUser, kUser, On())),

@@ -31,6 +31,7 @@ struct DefaultVoiceOptions {};
 // The text of a combo box, stored unless it is empty and read elsewhere.
 struct ChosenText {
   ComboBox frmMain::*combo;
+  bool entries_only = false;  // a text that is no entry of the box is not stored
 };
 
 // The entry that starts the program with the system; chkStartWithWindows writes it at its click.

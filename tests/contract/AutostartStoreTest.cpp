@@ -52,6 +52,27 @@ TEST_F(AutostartStoreTest, BelievesTheDesktopThatTheEntryIsGone) {
   EXPECT_EQ(store.ReadValue(kRun, "Brenwick"), std::nullopt);
 }
 
+TEST_F(AutostartStoreTest, BelievesTheDesktopThatTheEntryIsSwitchedOff) {
+  AutostartStore store(store_, Entry(), "/usr/bin/brenwick");
+  for (const char* line : {"Hidden=true\n", "X-GNOME-Autostart-enabled=false\n"}) {
+    ASSERT_TRUE(store.WriteValue(kRun, "Brenwick", Text("somewhere")));
+    ASSERT_EQ(store.ReadValue(kRun, "Brenwick"), Text("somewhere"));
+    std::ofstream(Entry(), std::ios::app) << line;
+    EXPECT_EQ(store.ReadValue(kRun, "Brenwick"), std::nullopt) << line;
+  }
+}
+
+TEST_F(AutostartStoreTest, LeavesAnEntryThatServesAsItIs) {
+  AutostartStore store(store_, Entry(), "/usr/bin/brenwick");
+  ASSERT_TRUE(store.WriteValue(kRun, "Brenwick", Text("somewhere")));
+  std::ofstream(Entry(), std::ios::app) << "X-My-Own=yes\n";
+  const std::string changed = EntryContent();
+  EXPECT_TRUE(store.WriteValue(kRun, "Brenwick", Text("somewhere")));
+  EXPECT_EQ(EntryContent(), changed);
+  EXPECT_TRUE(store.WriteValue(kRun, "Brenwick", Text("elsewhere")));
+  EXPECT_EQ(EntryContent().find("X-My-Own"), std::string::npos);
+}
+
 TEST_F(AutostartStoreTest, QuotesTheProgramsName) {
   AutostartStore store(store_, Entry(), R"(/opt/a "b" $c\d/100%)");
   ASSERT_TRUE(store.WriteValue(kRun, "Brenwick", Text("somewhere")));

@@ -53,7 +53,7 @@ class ContactPagesTest : public testing::Test {
   frmMain form;
   TextTable texts{world.log};
   ContactList list{world.log, form, texts};
-  ContactPages pages{form, world.screen, list};
+  ContactPages pages{world.log, form, world.screen, list};
 };
 
 TEST_F(ContactPagesTest, FillsTheListThatIsAskedFor) {

@@ -106,7 +106,8 @@ TEST_F(SettingsTest, EmptyTextsFallBack) {
 }
 
 TEST_F(SettingsTest, WritesInItsOrder) {
-  form.cmbLanguage.SetText("English");
+  form.cmbLanguage.AddItem("English");
+  form.cmbLanguage.SetListIndex(0);
   form.cmbVoiceMale.SetText("Mike");
   settings.SaveAllSettings(0);
   EXPECT_EQ(store.written, (std::vector<std::string>{

@@ -235,7 +235,7 @@ for number, line in enumerate(open(sys.argv[-1]), 1):
     BEHAVIOUR
 '''
 CRASH = '''
-    if step == {"arrow": "optMale"}: seen.add(1)
+    if "arrow" in step: seen.add(1)
     if seen and step.get("close"):
         sys.stdout.flush()
         sys.exit("ERROR: AddressSanitizer: heap-use-after-free")
@@ -269,7 +269,7 @@ class Whole(unittest.TestCase):
         self.behave(CRASH)
         status, told = self.walk("--steps", "2000", "--seed", "5")
         self.assertEqual(status, 1)
-        self.assertIn('tries:\n\n{"arrow": "optMale"}\n{"close": true}\n\n', told)
+        self.assertRegex(told, r'tries:\n\n\{"arrow": "opt\w+"\}\n\{"close": true\}\n\n')
         self.assertIn("AddressSanitizer: heap-use-after-free", told)
 
     def test_a_breach_is_shortened_and_told(self):
