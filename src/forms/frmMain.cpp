@@ -20,6 +20,9 @@ frmMain::frmMain() {
     box->SetLocked(true);
   }
   for (TextBox& box : txtSpokenMessages) box.SetLocked(true);
+  for (Label* note : {&lblHotKeyActivateBW, &lblHotKeySilent, &lblHotKeyRepeat}) {
+    note->SetVisible(false);
+  }
   // Both logs are off at first, and with them what says how long they are kept.
   for (Control* control :
        std::initializer_list<Control*>{&chkLogConversationsCleanUp, &lblLogConversationsDaysToKeep,

@@ -61,6 +61,7 @@ class frmMain : public Window {
   CheckBox chkShowStartupScreen{On(kGeneralPage), "chkShowStartupScreen",
                                 "Don't show this dialog on startup", true};
   CheckBox chkStartWithWindows{On(kGeneralPage), "chkStartWithWindows", "Start with Windows"};
+  Label lblHotKeyActivateBW{On(kGeneralPage), "lblHotKeyActivateBW", ""};
   Label lblLanguage{On(kGeneralPage), "lblLanguage", "Language :"};
   ComboBox cmbLanguage{On(kGeneralPage), "cmbLanguage"};
   Button cmdLanguage{On(kGeneralPage), "cmdLanguage", "Apply"};
@@ -82,6 +83,7 @@ class frmMain : public Window {
   CheckBox chkFinishSentence{On(kSpokenPage), "chkFinishSentence", "Finish sentence", true};
   CheckBox chkScrollLock{On(kSpokenPage), "chkScrollLock", "Use SCROLL-LOCK to stop speaking",
                          true};
+  Label lblHotKeySilent{On(kSpokenPage), "lblHotKeySilent", ""};
 
   // Text
   Label lblOnline{On(kTextPage), "lblOnline", "Online :"};
@@ -148,18 +150,23 @@ class frmMain : public Window {
   ListBox lstMessages{On(kSpokenWordsPage), "lstMessages"};
 
   // Save settings
-  Label lblDocumentsAndSettings{On(kSaveSettingsPage), "lblDocumentsAndSettings", "Save settings"};
+  Label lblDocumentsAndSettings{On(kSaveSettingsPage), "lblDocumentsAndSettings",
+                                "Your files are in :"};
   TextBox txtDocumentsAndSettings{On(kSaveSettingsPage), "txtDocumentsAndSettings"};
   Button cmdSaveSettings{On(kSaveSettingsPage), "cmdSaveSettings", "Save"};
   Button cmdRemoveSettings{On(kSaveSettingsPage), "cmdRemoveSettings", "Remove"};
 
   // Website
+  Label lblWebSite{On(kWebsitePage), "lblWebSite",
+                   "News, help and the newest version are on the website of Brenwick."};
   Button cmdWebSite{On(kWebsitePage), "cmdWebSite", "Website"};
   CheckBox chkNewVersionBrenwick{On(kWebsitePage), "chkNewVersionBrenwick",
                                  "Check for newer Brenwick"};
   CheckBox chkNewVersionMessenger{On(kWebsitePage), "chkNewVersionMessenger",
                                   "Check for newer Windows Messenger"};
+  Label lblWebVersion{On(kWebsitePage), "lblWebVersion", "Newest version :"};
   TextBox txtWebVersion{On(kWebsitePage), "txtWebVersion"};
+  Label lblWinSockStatus{On(kWebsitePage), "lblWinSockStatus", "Connection :"};
   TextBox txtWinSockStatus{On(kWebsitePage), "txtWinSockStatus"};
   Button cmdUpdate{On(kWebsitePage), "cmdUpdate", "Check now"};
 
@@ -178,6 +185,7 @@ class frmMain : public Window {
 
   // Repeat
   CheckBox chkUseRepeat{On(kRepeatPage), "chkUseRepeat", "Use repeat hotkeys", true};
+  Label lblHotKeyRepeat{On(kRepeatPage), "lblHotKeyRepeat", ""};
   std::array<TextBox, 4> txtSpokenMessages{{
       {On(kRepeatPage), "txtSpokenMessages", "", 0},
       {On(kRepeatPage), "txtSpokenMessages", "", 1},

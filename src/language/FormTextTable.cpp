@@ -118,11 +118,15 @@ constexpr FormText kTexts[] = {
     {159, Caption<&F::cmdBuddyNamesDelete>},
 
     // Save settings, Website
+    {179, Caption<&F::lblDocumentsAndSettings>},
     {144, Caption<&F::cmdSaveSettings>},
     {16, Caption<&F::cmdRemoveSettings>},
+    {180, Caption<&F::lblWebSite>},
     {142, Caption<&F::cmdWebSite>},
     {46, Caption<&F::chkNewVersionBrenwick>},
     {76, Caption<&F::chkNewVersionMessenger>},
+    {177, Caption<&F::lblWebVersion>},
+    {178, Caption<&F::lblWinSockStatus>},
     {77, Caption<&F::cmdUpdate>},
 
     // Log options, Repeat

@@ -47,7 +47,9 @@ void FormTexts::SetAlltext(bool silent) {
 }
 
 void FormTexts::SetCaptions() {
-  for (const FormText& row : FormTextTable()) row.set(form_, texts_.LoadText(row.id));
+  for (const FormText& row : FormTextTable()) {
+    if (row.id < kFirstLaterText || texts_.Has(row.id)) row.set(form_, texts_.LoadText(row.id));
+  }
   SetPageTitles();
 }
 

@@ -16,6 +16,11 @@ std::string TextTable::LoadText(std::int16_t id) const {
   });
 }
 
+bool TextTable::Has(std::int16_t id) const {
+  const auto place = static_cast<std::size_t>(id);
+  return id >= 0 && place < entries_.size() && !entries_[place].empty();
+}
+
 std::string TextTable::GetText(const std::string& text, const std::string& argument) const {
   return log_.Trap("modFunctions", "GetText", [&] { return brenwick::GetText(text, argument); });
 }

@@ -9,6 +9,9 @@
 
 namespace brenwick {
 
+// Every language has the texts below this one.
+inline constexpr std::int16_t kFirstLaterText = 175;
+
 class TextTable {
  public:
   explicit TextTable(Logs& log) : log_(log) {}
@@ -16,6 +19,10 @@ class TextTable {
   // The text with that id. Id 0 and the highest index give an empty text. An id beyond the table
   // (number 65535), a negative one, and any id before a table was loaded end in the error report.
   std::string LoadText(std::int16_t id) const;
+
+  // Whether the table has a text with that id that says anything. A language that a user wrote may
+  // lack those from kFirstLaterText on.
+  bool Has(std::int16_t id) const;
 
   // The template with its first "%a" replaced by the argument (language/GetText.h); a failure ends
   // in the error report.

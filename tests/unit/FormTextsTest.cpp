@@ -58,7 +58,7 @@ TEST_F(FormTextsTest, SetEveryTextThatBelongsToTheWindow) {
   const int ranges[][2] = {{6, 7},     {11, 13},   {15, 28},   {34, 36},   {41, 42},   {45, 46},
                            {65, 67},   {76, 77},   {88, 88},   {98, 101},  {103, 105}, {115, 120},
                            {122, 127}, {134, 139}, {141, 147}, {150, 155}, {157, 162}, {164, 164},
-                           {166, 166}, {169, 169}, {173, 173}};
+                           {166, 166}, {169, 169}, {173, 173}, {177, 180}};
   for (const auto& range : ranges) {
     for (int id = range[0]; id <= range[1]; ++id) {
       if (!elsewhere.contains(id)) wanted.insert(id);
@@ -98,6 +98,21 @@ TEST_F(FormTextsTest, PutTheTextsInTheirPlaces) {
                 form.optIgnoreSortName.Caption(),
             "text 155text 166text 169");
   EXPECT_EQ(form.lblAbbreviationsHint.Caption(), "text 101");
+}
+
+TEST_F(FormTextsTest, KeepTheDesignedCaptionWhereALanguageOfTheUsersLacksALaterText) {
+  form_texts.SetAlltext(true);
+  EXPECT_EQ(form.lblWebVersion.Caption(), "Newest version :");
+  EXPECT_EQ(form.lblWinSockStatus.Caption(), "Connection :");
+}
+
+TEST_F(FormTextsTest, TakeALaterTextWhereTheLanguageHasIt) {
+  std::string source;
+  for (int id = 1; id <= 177; ++id) source += "text " + std::to_string(id) + "\n";
+  world.folders.files["/program/Languages/English.TML"] = CodeLanguage(source);
+  form_texts.SetAlltext(true);
+  EXPECT_EQ(form.lblWebVersion.Caption(), "text 177");
+  EXPECT_EQ(form.lblWinSockStatus.Caption(), "Connection :");
 }
 
 TEST_F(FormTextsTest, ShowWhereTheAbbreviationsAre) {

@@ -37,6 +37,13 @@ TEST_F(TextTableTest, HasNothingAtItsEnds) {
   EXPECT_EQ(world.screen.boxes.size(), 0U);
 }
 
+TEST_F(TextTableTest, TellsWhetherItHasAText) {
+  texts.Replace({"", "one", ""});
+  EXPECT_TRUE(texts.Has(1));
+  for (const std::int16_t id : std::initializer_list<std::int16_t>{-1, 0, 2, 3})
+    EXPECT_FALSE(texts.Has(id)) << id;
+}
+
 TEST_F(TextTableTest, ReportsANumberBeyondIts) {
   world.state.Debug = true;
   texts.Replace({"", "one", ""});
