@@ -70,6 +70,7 @@ class Program {
 
   frmMain& Form() { return form_; }
   StatusWindow& Status() { return status_; }
+  const ProgramState& State() const { return state_; }
 
  private:
   void WireForm();

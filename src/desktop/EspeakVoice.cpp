@@ -29,7 +29,9 @@ EspeakVoice::EspeakVoice(const EspeakOptions& options)
     : output_(MakeOutput(options, engine_.SampleRate())),
       to_file_(!options.wav_file.empty()),
       has_sound_(output_->Ready()) {
-  for (EspeakVoiceEntry& voice : engine_.Voices(options.locale)) {
+  std::vector<EspeakVoiceEntry> voices = engine_.Voices(options.locale);
+  preferred_ = PreferredVoices(voices);
+  for (EspeakVoiceEntry& voice : voices) {
     descriptions_.push_back(std::move(voice.description));
     identifiers_.push_back(std::move(voice.identifier));
   }

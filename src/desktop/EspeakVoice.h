@@ -73,6 +73,9 @@ class EspeakVoice : public SpVoice {
   // for at the start and again at every sentence.
   bool HasSound() const { return has_sound_; }
 
+  // The voices to begin with.
+  const VoicePair& Preferred() const { return preferred_; }
+
   // Waits until all that was queued has been said and heard, and the WAV file holds it; false when
   // the time is up first.
   bool WaitUntilSilent(std::chrono::milliseconds timeout);
@@ -98,6 +101,7 @@ class EspeakVoice : public SpVoice {
   const bool to_file_;
   std::vector<std::string> descriptions_;
   std::vector<std::string> identifiers_;
+  VoicePair preferred_;
 
   std::size_t voice_ = 0;
   int rate_ = 0;

@@ -59,12 +59,16 @@ std::vector<std::pair<int, std::string>> ReadTags(const char* list) {
 }
 
 void AppendVoices(std::vector<EspeakVoiceEntry>& voices, const EspeakLanguage& language) {
+  const auto append = [&](const char* kind, const char* variant, bool female) {
+    voices.push_back(
+        {language.name + ", " + kind + ": eSpeak NG", language.identifier + variant, female});
+  };
   if (language.female) {
-    voices.push_back({language.name + ", female: eSpeak NG", language.identifier});
+    append("female", "", true);
     return;
   }
-  voices.push_back({language.name + ", male: eSpeak NG", language.identifier});
-  voices.push_back({language.name + ", female: eSpeak NG", language.identifier + kFemaleVariant});
+  append("male", "", false);
+  append("female", kFemaleVariant, true);
 }
 
 }  // namespace
@@ -82,6 +86,15 @@ std::vector<EspeakVoiceEntry> ArrangedVoices(std::vector<EspeakLanguage> languag
     if (names.insert(language.name).second) AppendVoices(voices, language);
   }
   return voices;
+}
+
+VoicePair PreferredVoices(const std::vector<EspeakVoiceEntry>& voices) {
+  VoicePair pair;
+  for (const EspeakVoiceEntry& voice : voices) {
+    std::string& first = voice.female ? pair.female : pair.male;
+    if (first.empty()) first = voice.description;
+  }
+  return pair;
 }
 
 std::vector<EspeakLanguage> InstalledLanguages() {

@@ -19,6 +19,13 @@ struct EspeakLanguage {
 struct EspeakVoiceEntry {
   std::string description;  // "English (Great Britain), female: eSpeak NG"
   std::string identifier;   // "gmw/en+f2"
+  bool female;
+};
+
+// Descriptions of a male and a female voice; empty where there is none.
+struct VoicePair {
+  std::string male;
+  std::string female;
 };
 
 // Each language's voices, male before female. The voices of the locale's language come first, its
@@ -27,6 +34,9 @@ struct EspeakVoiceEntry {
 // occurs twice.
 std::vector<EspeakVoiceEntry> ArrangedVoices(std::vector<EspeakLanguage> languages,
                                              const std::string& locale);
+
+// The first of each kind, which suit a user best who has chosen none.
+VoicePair PreferredVoices(const std::vector<EspeakVoiceEntry>& voices);
 
 // The languages of the engine, which must be running, without those that cannot be relied on.
 std::vector<EspeakLanguage> InstalledLanguages();

@@ -67,9 +67,22 @@ TEST(EspeakVoices, UsesNoDescriptionTwice) {
   EXPECT_EQ(voices[0].identifier, "art/io");
 }
 
+TEST(EspeakVoices, PrefersTheFirstOfEachKind) {
+  const VoicePair pair = PreferredVoices(ArrangedVoices(kLanguages, "de_DE.UTF-8"));
+  EXPECT_EQ(pair.male, "German, male: eSpeak NG");
+  EXPECT_EQ(pair.female, "German, female: eSpeak NG");
+}
+
+TEST(EspeakVoices, PrefersWhatThereIs) {
+  const VoicePair pair = PreferredVoices(ArrangedVoices({{"Ido", "art/io", {}, true}}, "C"));
+  EXPECT_EQ(pair.male, "");
+  EXPECT_EQ(pair.female, "Ido, female: eSpeak NG");
+}
+
 TEST(EspeakVoices, TakesTheEnginesWordForAFemaleVoice) {
   const auto voices = ArrangedVoices({{"Ido", "art/io", {}, true}}, "C");
   ASSERT_EQ(voices.size(), 1U);
+  EXPECT_TRUE(voices[0].female);
   EXPECT_EQ(voices[0].description, "Ido, female: eSpeak NG");
 }
 

@@ -5,7 +5,11 @@
 #include <QFileInfo>
 #include <cstdlib>
 
+#include "desktop/AbsentVoice.h"
+#include "desktop/EspeakVoice.h"
+#include "desktop/FirstVoices.h"
 #include "desktop/XdgFolders.h"
+#include "desktop/qt/TellUser.h"
 
 namespace brenwick {
 namespace {
@@ -31,21 +35,28 @@ FolderPaths Paths() {
           QCoreApplication::applicationFilePath().toStdString()};
 }
 
-void TellOnTerminal(const std::string& message) { qWarning("%s", message.c_str()); }
+// A second start ends before it speaks; the engine would be loaded for nothing.
+std::unique_ptr<SpVoice> MakeVoice(bool first, RegistryStore& store) {
+  if (!first) return std::make_unique<AbsentVoice>();
+  auto voice = std::make_unique<EspeakVoice>(EspeakOptions{Locale()});
+  StoreFirstVoices(store, voice->Preferred());
+  if (!voice->HasSound()) qWarning("%s", EspeakVoice::kNoSound);
+  return voice;
+}
 
 }  // namespace
 
 Desktop::Desktop(Instance& instance, const std::string& commandLine, bool first)
     : folders_(Paths()),
-      ini_(DefaultStoreFile(), clock_, TellOnTerminal),
+      ini_(DefaultStoreFile(), clock_, TellUser),
       store_(ini_, XdgConfigHome() + "/autostart/org.brenwick.Brenwick.desktop",
              QCoreApplication::applicationFilePath().toStdString()),
-      voice_(EspeakOptions{Locale()}),
+      voice_(MakeVoice(first, store_)),
       screen_(end_),
       tray_(end_),
       loop_(end_),
       system_(commandLine, first),
-      program_(messenger_, voice_, store_, screen_, tray_, loop_, clock_, folders_, system_),
+      program_(messenger_, *voice_, store_, screen_, tray_, loop_, clock_, folders_, system_),
       views_(end_),
       window_(program_.Form(), views_),
       status_(program_.Status().Form(), views_),
@@ -53,8 +64,10 @@ Desktop::Desktop(Instance& instance, const std::string& commandLine, bool first)
       socket_(end_, program_.Form().wscHttp),
       instance_(instance) {
   end_.WhenEnded = [] { QCoreApplication::exit(); };
-  window_.HasTray = [] { return DesktopTray::Available(); };
-  tray_.Observe(program_.Form(), views_);
+  window_.HasTray = [this] { return tray_.Available(); };
+  tray_.AvailableChanged = [this] { window_.TrayChanged(); };
+  tray_.Observe(program_.Form(), program_.State(), views_);
+  signals_.Asked = [this] { end_.Guard([this] { program_.Close(); }); };
   instance_.Asked = [this](Verb verb, int repeat) { end_.Guard([&] { Do(verb, repeat); }); };
 }
 
@@ -76,7 +89,7 @@ void Desktop::Do(Verb verb, int repeat) {
       tray_.MouseMessage(kLeftButtonUp);
       break;
     case Verb::Stop:
-      voice_.Speak("", SVSFPurgeBeforeSpeak);
+      voice_->Speak("", SVSFPurgeBeforeSpeak);
       break;
     case Verb::Repeat:
       form.ocxSpeakMsg1.at(static_cast<std::size_t>(repeat - 1)).HotkeyPressed();

@@ -9,12 +9,12 @@
 #include "app/Program.h"
 #include "desktop/AbsentMessenger.h"
 #include "desktop/AutostartStore.h"
-#include "desktop/EspeakVoice.h"
 #include "desktop/IniStore.h"
 #include "desktop/PosixFolders.h"
 #include "desktop/qt/DesktopSystem.h"
 #include "desktop/qt/DesktopTray.h"
 #include "desktop/qt/EndOfProgram.h"
+#include "desktop/qt/EndSignals.h"
 #include "desktop/qt/Instance.h"
 #include "desktop/qt/MainWindowView.h"
 #include "desktop/qt/QtEventLoop.h"
@@ -43,7 +43,7 @@ class Desktop {
   PosixFolders folders_;
   IniStore ini_;
   AutostartStore store_;
-  EspeakVoice voice_;
+  std::unique_ptr<SpVoice> voice_;
   AbsentMessenger messenger_;
   QtScreen screen_;
   DesktopTray tray_;
@@ -55,6 +55,7 @@ class Desktop {
   StatusView status_;
   TimerDriver timers_;
   TcpSocket socket_;
+  EndSignals signals_;
   Instance& instance_;
 };
 

@@ -12,39 +12,55 @@ constexpr int kNoMessage = 0;
 
 DesktopTray::DesktopTray(EndOfProgram& end) : end_(end) {
   menu_.setObjectName("mPopupSys");
-  icon_.setContextMenu(&menu_);
-  QObject::connect(&icon_, &QSystemTrayIcon::activated, &icon_,
-                   [this](QSystemTrayIcon::ActivationReason reason) { Activated(reason); });
   // Some notification areas open the menu by themselves and tell of no click.
-  QObject::connect(&menu_, &QMenu::aboutToShow, &icon_, [this] {
+  QObject::connect(&menu_, &QMenu::aboutToShow, &menu_, [this] {
     end_.Guard([this] {
       if (MouseMessage) MouseMessage(kRightButtonUp);
     });
   });
-  ShowIcon();
+  host_.Changed = [this] {
+    MakeIcon();
+    if (AvailableChanged) AvailableChanged();
+  };
 }
 
 void DesktopTray::Add(const std::string& tip) {
-  icon_.setToolTip(ToQt(tip));
-  icon_.show();
+  wanted_ = true;
+  Modify(tip);
+  MakeIcon();
 }
 
-void DesktopTray::Modify(const std::string& tip) { icon_.setToolTip(ToQt(tip)); }
+void DesktopTray::Modify(const std::string& tip) {
+  tip_ = ToQt(tip);
+  ShowIcon();
+}
 
-void DesktopTray::Delete() { icon_.hide(); }
+void DesktopTray::Delete() {
+  wanted_ = false;
+  MakeIcon();
+}
 
-void DesktopTray::Observe(frmMain& form, Views& views) {
+void DesktopTray::Observe(frmMain& form, const ProgramState& state, Views& views) {
+  state_ = &state;
+  mute_ = &form.chkMute;
   FillMenu(menu_, form, views);
   views.Keep(form.PopupMenuWanted.Observe([this, &form, &views] { FillMenu(menu_, form, views); }));
-  views.Keep(form.chkMute.Changed.Observe([this, &form] {
-    muted_ = form.chkMute.Ticked();
-    ShowIcon();
-  }));
+  views.Keep(form.chkMute.Changed.Observe([this] { ShowIcon(); }));
 }
 
-void DesktopTray::SetOnline(bool online) {
-  online_ = online;
+// An icon that was made while nobody showed it would stay unseen for ever.
+void DesktopTray::MakeIcon() {
+  if (!wanted_ || !host_.Present()) {
+    icon_.reset();
+    return;
+  }
+  if (icon_) return;
+  icon_ = std::make_unique<QSystemTrayIcon>();
+  icon_->setContextMenu(&menu_);
+  QObject::connect(icon_.get(), &QSystemTrayIcon::activated, icon_.get(),
+                   [this](QSystemTrayIcon::ActivationReason reason) { Activated(reason); });
   ShowIcon();
+  icon_->show();
 }
 
 void DesktopTray::Activated(QSystemTrayIcon::ActivationReason reason) {
@@ -57,8 +73,12 @@ void DesktopTray::Activated(QSystemTrayIcon::ActivationReason reason) {
 }
 
 void DesktopTray::ShowIcon() {
-  const char* name = muted_ ? "muted" : online_ ? "brenwick" : "offline";
-  icon_.setIcon(QIcon(QString(":/icons/tray/%1.svg").arg(name)));
+  if (!icon_) return;
+  const bool muted = mute_ != nullptr && mute_->Ticked();
+  const bool online = state_ == nullptr || state_->MessengerOnline;
+  const char* name = muted ? "muted" : online ? "brenwick" : "offline";
+  icon_->setIcon(QIcon(QString(":/icons/tray/%1.svg").arg(name)));
+  icon_->setToolTip(tip_);
 }
 
 }  // namespace brenwick

@@ -98,7 +98,9 @@ void MainWindowView::ShowOrHide() {
   placing_ = false;
 }
 
-void MainWindowView::TrayChanged() { ShowOrHide(); }
+void MainWindowView::TrayChanged() {
+  if (form_.State() == WindowState::Minimized) ShowOrHide();
+}
 
 void MainWindowView::Place() {
   const QPoint place(form_.Left() / kTwipsPerPixel, form_.Top() / kTwipsPerPixel);

@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QMessageBox>
 #include <iostream>
 
 #include "base/ProgramState.h"
@@ -19,10 +20,23 @@ int AskTheOther(const DesktopOptions& options) {
 int RunDesktop(const DesktopOptions& options) {
   Instance instance;
   const bool first = instance.Claim();
-  if (!first) Instance::Ask(Verb::Show, 1);
+  if (!first && !Instance::Ask(Verb::Show, 1)) {
+    std::cerr << "brenwick: another Brenwick is running, and cannot be asked to show its window\n";
+  }
   Desktop desktop(instance, options.debug ? "/DEBUG" : "", first);
   desktop.Run();
   return kDone;
+}
+
+// Who starts it from a menu sees no terminal.
+int RunDesktopOrTell(const DesktopOptions& options) {
+  try {
+    return RunDesktop(options);
+  } catch (const std::exception& failure) {
+    std::cerr << "brenwick: " << failure.what() << '\n';
+    QMessageBox::critical(nullptr, kTitle, failure.what());
+    return kFailed;
+  }
 }
 
 int Main(int& count, char** values) {
@@ -41,11 +55,10 @@ int Main(int& count, char** values) {
   }
   const QApplication application(count, values);
   QApplication::setApplicationName("brenwick");
-  QApplication::setApplicationDisplayName(kTitle);
   QApplication::setDesktopFileName("org.brenwick.Brenwick");
   QApplication::setWindowIcon(QIcon(":/icons/brenwick.svg"));
   QApplication::setQuitOnLastWindowClosed(false);
-  return RunDesktop(options);
+  return RunDesktopOrTell(options);
 }
 
 }  // namespace

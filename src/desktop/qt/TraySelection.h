@@ -1,0 +1,34 @@
+// The older kind of notification area: the owner of a selection of the X server.
+#pragma once
+
+#include <xcb/xcb.h>
+
+#include <QAbstractNativeEventFilter>
+#include <cstdint>
+#include <functional>
+
+namespace brenwick {
+
+// Without an X server nobody ever owns it.
+class TraySelection : public QAbstractNativeEventFilter {
+ public:
+  TraySelection();
+  ~TraySelection() override;
+
+  bool Owned() const { return owned_; }
+  // Called when it has got another owner, or none.
+  std::function<void()> Changed;
+
+  bool nativeEventFilter(const QByteArray& kind, void* message, qintptr* result) override;
+
+ private:
+  bool HasOwner() const;
+  void Watch();
+
+  xcb_connection_t* connection_ = nullptr;
+  xcb_atom_t selection_ = XCB_ATOM_NONE;
+  std::uint8_t owner_event_ = 0;
+  bool owned_ = false;
+};
+
+}  // namespace brenwick
