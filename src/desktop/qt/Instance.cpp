@@ -4,6 +4,8 @@
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QStandardPaths>
+#include <algorithm>
+#include <iterator>
 
 namespace brenwick {
 namespace {
@@ -25,12 +27,45 @@ constexpr Method kMethods[] = {
     {Verb::Mute, "Mute", ""}, {Verb::Quit, "Quit", ""},
 };
 
+// By this a desktop allows the window to come to the front; whoever starts a program is given one.
+constexpr const char* kTokenVariable = "XDG_ACTIVATION_TOKEN";
+const QString kTokenKey = QStringLiteral("activation-token");
+
+QVariantMap PlatformData() {
+  const QString token = qEnvironmentVariable(kTokenVariable);
+  return token.isEmpty() ? QVariantMap{} : QVariantMap{{kTokenKey, token}};
+}
+
+// Qt looks for it there when the window asks for the keyboard.
+void TakeToken(const QDBusMessage& activate) {
+  const auto data = qdbus_cast<QVariantMap>(activate.arguments().value(0));
+  const QString token = data.value(kTokenKey).toString();
+  if (!token.isEmpty()) qputenv(kTokenVariable, token.toUtf8());
+}
+
+bool IsActivate(const QDBusMessage& message) {
+  return message.interface() == kApplication && message.member() == "Activate" &&
+         message.signature() == "a{sv}";
+}
+
 const Method* FindMethod(const QDBusMessage& message) {
   if (!message.interface().isEmpty() && message.interface() != kService) return nullptr;
   for (const Method& method : kMethods) {
     if (message.member() == method.name && message.signature() == method.signature) return &method;
   }
   return nullptr;
+}
+
+QDBusMessage CallFor(Verb verb, int repeat) {
+  if (verb == Verb::Show) {
+    QDBusMessage call = QDBusMessage::createMethodCall(kService, kPath, kApplication, "Activate");
+    return call << PlatformData();
+  }
+  const auto* method = std::find_if(std::begin(kMethods), std::end(kMethods),
+                                    [verb](const Method& each) { return each.verb == verb; });
+  QDBusMessage call = QDBusMessage::createMethodCall(kService, kPath, kService, method->name);
+  if (verb == Verb::Repeat) call << repeat;
+  return call;
 }
 
 }  // namespace
@@ -49,14 +84,9 @@ bool Instance::Claim() {
 bool Instance::Ask(Verb verb, int repeat) {
   const QDBusConnection bus = QDBusConnection::sessionBus();
   if (!bus.isConnected()) return false;
-  for (const Method& method : kMethods) {
-    if (method.verb != verb) continue;
-    QDBusMessage call = QDBusMessage::createMethodCall(kService, kPath, kService, method.name);
-    call.setAutoStartService(false);
-    if (verb == Verb::Repeat) call << repeat;
-    return bus.call(call).type() == QDBusMessage::ReplyMessage;
-  }
-  return false;
+  QDBusMessage call = CallFor(verb, repeat);
+  call.setAutoStartService(false);
+  return bus.call(call).type() == QDBusMessage::ReplyMessage;
 }
 
 QString Instance::introspect(const QString& /*path*/) const {
@@ -75,7 +105,8 @@ QString Instance::introspect(const QString& /*path*/) const {
 
 // The answer goes out first: what is asked for may be the program's end.
 bool Instance::handleMessage(const QDBusMessage& message, const QDBusConnection& connection) {
-  if (message.interface() == kApplication && message.member() == "Activate") {
+  if (IsActivate(message)) {
+    TakeToken(message);
     connection.send(message.createReply());
     if (Asked) Asked(Verb::Show, kFirst);
     return true;

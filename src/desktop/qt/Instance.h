@@ -21,7 +21,7 @@ class Instance : public QDBusVirtualObject {
   // Called with what another process asked for, with the number of the sentence for Verb::Repeat.
   std::function<void(Verb, int)> Asked;
 
-  // Asks the running program; false where none can be reached.
+  // Asks the running program; false where none can be reached. The verb is any but Verb::None.
   static bool Ask(Verb verb, int repeat);
 
   QString introspect(const QString& path) const override;
