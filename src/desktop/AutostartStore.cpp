@@ -36,7 +36,7 @@ std::string QuotedForExec(const std::string& program) {
 std::string EntryContent(const std::string& program) {
   return std::string("[Desktop Entry]\nType=Application\nName=") + kTitle +
          "\nComment=Reads your instant messages aloud\nExec=" + QuotedForExec(program) +
-         "\nIcon=brenwick\nTerminal=false\n";
+         "\nIcon=org.brenwick.Brenwick\nTerminal=false\n";
 }
 
 }  // namespace

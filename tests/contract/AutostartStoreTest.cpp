@@ -33,7 +33,7 @@ TEST_F(AutostartStoreTest, MakesTheDesktopsEntryWithTheValueAndRemovesItWithIt) 
   EXPECT_EQ(EntryContent(),
             "[Desktop Entry]\nType=Application\nName=Brenwick\n"
             "Comment=Reads your instant messages aloud\nExec=\"/usr/bin/brenwick\"\n"
-            "Icon=brenwick\nTerminal=false\n");
+            "Icon=org.brenwick.Brenwick\nTerminal=false\n");
   EXPECT_EQ(store.ReadValue(kRun, "Brenwick"), Text("somewhere"));
   EXPECT_TRUE(store.DeleteValue(kRun, "Brenwick"));
   EXPECT_FALSE(std::filesystem::exists(Entry()));

@@ -49,7 +49,7 @@ std::unique_ptr<SpVoice> MakeVoice(bool first, RegistryStore& store) {
 Desktop::Desktop(Instance& instance, const std::string& commandLine, bool first)
     : folders_(Paths()),
       ini_(DefaultStoreFile(), clock_, TellUser),
-      store_(ini_, XdgConfigHome() + "/autostart/org.brenwick.Brenwick.desktop",
+      store_(ini_, XdgConfigHome() + "/autostart/brenwick.desktop",
              QCoreApplication::applicationFilePath().toStdString()),
       voice_(MakeVoice(first, store_)),
       screen_(end_),
