@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QScrollArea>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "desktop/qt/ButtonViews.h"
 #include "desktop/qt/Mnemonics.h"
@@ -70,7 +71,9 @@ QWidget* MainWindowView::MakePage(int page) {
   return scroller;
 }
 
-void MainWindowView::ShowPage(int page) { pages_->setCurrentIndex(page); }
+void MainWindowView::ShowPage(int page) {
+  views_.Follow([&] { pages_->setCurrentIndex(page); });
+}
 
 void MainWindowView::ObserveWindow() {
   setWindowTitle(ToQt(form_.Caption()));
@@ -86,16 +89,17 @@ void MainWindowView::ObserveWindow() {
 
 void MainWindowView::ShowOrHide() {
   const bool minimized = form_.State() == WindowState::Minimized;
-  placing_ = true;
-  if (form_.Visible() && !minimized) {
-    showNormal();
-    Place();
-  } else if (minimized && (form_.Visible() || !HasTray || !HasTray())) {
-    showMinimized();
-  } else {
-    hide();
-  }
-  placing_ = false;
+  views_.Follow([&] {
+    if (form_.Visible() && !minimized) {
+      asked_ = asked_ || !isVisible() || isMinimized();
+      showNormal();
+      Place();
+    } else if (minimized && (form_.Visible() || !HasTray || !HasTray())) {
+      showMinimized();
+    } else {
+      hide();
+    }
+  });
 }
 
 void MainWindowView::TrayChanged() {
@@ -105,9 +109,8 @@ void MainWindowView::TrayChanged() {
 void MainWindowView::Place() {
   const QPoint place(form_.Left() / kTwipsPerPixel, form_.Top() / kTwipsPerPixel);
   if (pos() == place) return;
-  placing_ = true;
-  move(place);
-  placing_ = false;
+  asked_ = asked_ || isVisible();
+  views_.Follow([&] { move(place); });
 }
 
 void MainWindowView::closeEvent(QCloseEvent* event) {
@@ -117,7 +120,7 @@ void MainWindowView::closeEvent(QCloseEvent* event) {
 
 void MainWindowView::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
-  if (event->type() != QEvent::WindowStateChange || placing_) return;
+  if (event->type() != QEvent::WindowStateChange) return;
   views_.Knock([this] {
     if (isMinimized()) {
       form_.UserMinimizes();
@@ -129,7 +132,9 @@ void MainWindowView::changeEvent(QEvent* event) {
 
 void MainWindowView::moveEvent(QMoveEvent* event) {
   QWidget::moveEvent(event);
-  if (placing_ || !isVisible() || isMinimized()) return;
+  if (views_.Following() || !isVisible() || isMinimized()) return;
+  // What the window system makes of a place that the program chose is not the user's doing.
+  if (std::exchange(asked_, false)) return;
   views_.Knock([this] { form_.UserMoves(x() * kTwipsPerPixel, y() * kTwipsPerPixel); });
 }
 

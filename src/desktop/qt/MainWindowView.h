@@ -37,7 +37,7 @@ class MainWindowView : public QWidget {
   frmMain& form_;
   Views& views_;
   QStackedWidget* pages_;
-  bool placing_ = false;  // the window follows the form, not the user's hand
+  bool asked_ = false;  // for a place; the window system has not answered where it put the window
 };
 
 }  // namespace brenwick

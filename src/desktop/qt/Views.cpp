@@ -14,16 +14,18 @@ QString NameOf(const Control& control) {
 
 void Views::Mirror(Control& control, QWidget& widget, std::function<void()> mirror) {
   widget.setObjectName(NameOf(control));
-  const auto update = [&control, &widget, mirror = std::move(mirror)] {
-    widget.setEnabled(control.Enabled());
-    // A widget that stands on a hidden page is not shown by this.
-    if (widget.isHidden() == control.Visible()) widget.setVisible(control.Visible());
-    widget.setToolTip(ToQt(control.ToolTip()));
-    mirror();
+  const auto update = [this, &control, &widget, mirror = std::move(mirror)] {
+    Follow([&] {
+      widget.setEnabled(control.Enabled());
+      // A widget that stands on a hidden page is not shown by this.
+      if (widget.isHidden() == control.Visible()) widget.setVisible(control.Visible());
+      widget.setToolTip(ToQt(control.ToolTip()));
+      mirror();
+    });
   };
   update();
   Keep(control.Changed.Observe(update));
-  Keep(control.FocusWanted.Observe([&widget] { widget.setFocus(); }));
+  Keep(control.FocusWanted.Observe([this, &widget] { Follow([&] { widget.setFocus(); }); }));
 }
 
 }  // namespace brenwick

@@ -22,13 +22,24 @@ class Views {
   // Carries out what the user did.
   template <typename Action>
   void Knock(Action action) {
-    end_.Guard(std::move(action));
+    if (!Following()) end_.Guard(std::move(action));
   }
+
+  // Brings a widget up to date. What Qt tells of meanwhile is the program's doing and not the
+  // user's: a box that the program takes the focus from, for example, is not left by anyone.
+  template <typename Action>
+  void Follow(const Action& action) {
+    ++following_;
+    action();
+    --following_;
+  }
+  bool Following() const { return following_ > 0; }
 
   void Keep(Subscription subscription) { subscriptions_.push_back(std::move(subscription)); }
 
  private:
   EndOfProgram& end_;
+  int following_ = 0;
   std::vector<Subscription> subscriptions_;
 };
 
