@@ -16,17 +16,19 @@ Rehearsal::Rehearsal(RehearsalParts parts)
       timers_(parts_.clock, [this](std::chrono::milliseconds time) {
         if (parts_.pass) parts_.pass(time);
       }) {
-  loop_.Pending = [this] { socket_.Step(); };
+  loop_.Pending = [this] {
+    socket_.Step();
+    if (parts_.spectator != nullptr) parts_.spectator->EventsRun();
+  };
   MakeProgram();
 }
 
-Rehearsal::~Rehearsal() = default;
+Rehearsal::~Rehearsal() { DropProgram(); }
 
 // A process of its own for each start.
 void Rehearsal::MakeProgram() {
-  observer_.reset();
   // Before its successor is there: on its way out it lets go of the tray and of the messenger.
-  program_.reset();
+  DropProgram();
   ResetWorld();
   program_ = std::make_unique<Program>(messenger_, voice_, parts_.store, screen_, tray_, loop_,
                                        parts_.clock, parts_.folders, system_);
@@ -36,6 +38,13 @@ void Rehearsal::MakeProgram() {
   socket_.Drive(program_->Form().wscHttp);
   parts_.transcript.Watch(program_->Form());
   used_ = false;
+  if (parts_.spectator != nullptr) parts_.spectator->Meet(*program_);
+}
+
+void Rehearsal::DropProgram() {
+  if (program_ && parts_.spectator != nullptr) parts_.spectator->Leave();
+  observer_.reset();
+  program_.reset();
 }
 
 // What a new process finds as if no other had been there.
@@ -54,6 +63,7 @@ void Rehearsal::Play(const std::string& line) {
   if (!step) return;
   parts_.transcript.BeginStep(++steps_, step->object);
   CarryOut(*step);
+  if (parts_.spectator != nullptr) parts_.spectator->StepDone();
 }
 
 // An action of the world on the running program.

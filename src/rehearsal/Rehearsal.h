@@ -14,6 +14,7 @@
 #include "rehearsal/ScriptedSocket.h"
 #include "rehearsal/ScriptedVoice.h"
 #include "rehearsal/ScriptedWorld.h"
+#include "rehearsal/Spectator.h"
 #include "rehearsal/TimerWheel.h"
 #include "rehearsal/Transcript.h"
 
@@ -28,6 +29,7 @@ struct RehearsalParts {
   SpVoice* engine = nullptr;  // a real engine; nullptr: the scripted one
   // How the time of "wait" goes by; empty: at once.
   std::function<void(std::chrono::milliseconds)> pass;
+  Spectator* spectator = nullptr;
 };
 
 class Rehearsal {
@@ -41,6 +43,7 @@ class Rehearsal {
 
  private:
   void MakeProgram();
+  void DropProgram();
   void ResetWorld();
   void Run(const std::function<void()>& action);
   void CarryOut(const Step& step);
