@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """Plays a rehearsal and compares what the program did with what is expected of it.
 
-usage: rehearse.py BRENWICK-REHEARSE SCRIPT.jsonl [--update]
+usage: rehearse.py BRENWICK-REHEARSE SCRIPT.jsonl... [--update | --together]
 
 Beside SCRIPT.jsonl may stand:
   SCRIPT.transcript   the expected transcript; a line "..." stands for what comes before the first
@@ -13,6 +13,9 @@ Beside SCRIPT.jsonl may stand:
   SCRIPT.after/       files that the documents folder must hold afterwards, byte for byte
   SCRIPT.program/     files put over a copy of the program folder
 In transcript and log the folder of the run, which is another at each run, is called FOLDER.
+
+--together plays all scripts in one process, which must know that option (brenwick-rehearse-view
+does).
 
 --update writes the transcript anew, with "..." for what happens during "start" unless the script
 has a comment "# whole start".
@@ -41,28 +44,63 @@ def split_lines(text):
     return text.removesuffix("\n").split("\n") if text else []
 
 
-def play(tool, script, folder):
+def prepare(tool, script, folder):
+    """Puts the files of a rehearsal in place; the arguments with which it is played."""
+    folder.mkdir(exist_ok=True)
     documents = folder / "documents"
     if beside(script, ".documents").is_dir():
         shutil.copytree(beside(script, ".documents"), documents)
     if beside(script, ".store").is_file():
         shutil.copy(beside(script, ".store"), folder / "store.ini")
-    command = [tool, "--documents", str(documents), "--store", str(folder / "store.ini")]
+    arguments = ["--documents", str(documents), "--store", str(folder / "store.ini")]
     if beside(script, ".program").is_dir():
         program = folder / "program"
         shutil.copytree(pathlib.Path(tool).parent / "program", program)
         shutil.copytree(beside(script, ".program"), program, dirs_exist_ok=True)
-        command += ["--program", str(program)]
+        arguments += ["--program", str(program)]
+    return arguments + [str(script)]
+
+
+def run(command, name, text="", timeout=TIMEOUT):
     try:
-        done = subprocess.run(command + [str(script)], capture_output=True, check=False,
-                              timeout=TIMEOUT)
+        return subprocess.run(command, input=text.encode(), capture_output=True, check=False,
+                              timeout=timeout)
     except subprocess.TimeoutExpired:
-        sys.exit(f"{script.name}: not done after {TIMEOUT} seconds")
-    text = done.stdout.decode("utf-8").replace(str(folder), "FOLDER")
-    errors = done.stderr.decode("utf-8", "replace")
-    if done.returncode != 0 or errors:
-        sys.exit(f"{script.name}: exit status {done.returncode}\n{errors}\n{text[-3000:]}")
+        sys.exit(f"{name}: not done after {timeout} seconds")
+
+
+def transcript(script, status, text, errors):
+    """The lines of a rehearsal that went well."""
+    if status != 0 or errors:
+        sys.exit(f"{script.name}: exit status {status}\n{errors}\n{text[-3000:]}")
     return split_lines(text)
+
+
+def play(tool, script, folder):
+    done = run([tool, *prepare(tool, script, folder)], script.name, timeout=TIMEOUT)
+    text = done.stdout.decode("utf-8").replace(str(folder), "FOLDER")
+    return transcript(script, done.returncode, text, done.stderr.decode("utf-8", "replace"))
+
+
+def play_together(tool, scripts, folders):
+    """The transcript of each script."""
+    commands = "".join(json.dumps(prepare(tool, *pair)) + "\n" for pair in zip(scripts, folders))
+    done = run([tool, "--together"], "together", commands, TIMEOUT + len(scripts))
+    errors = done.stderr.decode("utf-8", "replace")
+    lines = split_lines(done.stdout.decode("utf-8"))
+    begin, transcripts = 0, []
+    for end, line in enumerate(lines):
+        if line.startswith('{"played":'):
+            script, folder = scripts[len(transcripts)], folders[len(transcripts)]
+            played = json.loads(line)
+            text = "".join(line + "\n" for line in lines[begin:end]).replace(str(folder), "FOLDER")
+            transcripts.append(transcript(script, played["played"], text, played["errors"]))
+            begin = end + 1
+    if len(transcripts) < len(scripts):
+        transcript(scripts[len(transcripts)], done.returncode or "?", "\n".join(lines[begin:]), errors)
+    if done.returncode != 0 or errors:
+        sys.exit(f"{tool}: exit status {done.returncode}\n{errors}")
+    return transcripts
 
 
 def mismatch(expected, got):
@@ -152,23 +190,34 @@ def check(script, lines, folder):
             compare_files(script, folder))
 
 
+def update(script, lines):
+    text = "\n".join(collapsed(script, lines)) + "\n"
+    beside(script, ".transcript").write_text(text, encoding="utf-8")
+
+
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("tool")
-    parser.add_argument("script", type=pathlib.Path)
+    parser.add_argument("scripts", type=pathlib.Path, nargs="+", metavar="script")
     parser.add_argument("--update", action="store_true")
+    parser.add_argument("--together", action="store_true")
     options = parser.parse_args()
     os.environ["TZ"] = "UTC"
     with tempfile.TemporaryDirectory() as name:
-        folder = pathlib.Path(name)
-        lines = play(options.tool, options.script, folder)
+        folders = [pathlib.Path(name) / str(number) for number in range(len(options.scripts))]
+        if options.together:
+            played = play_together(options.tool, options.scripts, folders)
+        else:
+            played = [play(options.tool, *pair) for pair in zip(options.scripts, folders)]
         if options.update:
-            text = "\n".join(collapsed(options.script, lines)) + "\n"
-            beside(options.script, ".transcript").write_text(text, encoding="utf-8")
+            for script, lines in zip(options.scripts, played):
+                update(script, lines)
             return
-        error = check(options.script, lines, folder)
-    if error:
-        sys.exit(f"{options.script.name}: {error}")
+        errors = [f"{script.name}: {error}" for script, lines, folder
+                  in zip(options.scripts, played, folders)
+                  if (error := check(script, lines, folder))]
+    if errors:
+        sys.exit("\n".join(errors))
 
 
 if __name__ == "__main__":

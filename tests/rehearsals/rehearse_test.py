@@ -213,5 +213,71 @@ class WholeRun(unittest.TestCase):
                          f"{STEP_1}\n{A}\n{STEP_2}\n{B}\n")
 
 
+# Stands in for brenwick-rehearse-view: plays the output that lies beside each script.
+TOGETHER = r'''#!/usr/bin/env python3
+import json, pathlib, sys
+assert sys.argv[1:] == ["--together"]
+for line in sys.stdin:
+    arguments = json.loads(line)
+    script = pathlib.Path(arguments[-1])
+    output = script.with_suffix(".output").read_text().replace("DOCUMENTS", arguments[1])
+    if output == "crash":
+        sys.exit("what it died of")
+    errors = script.with_suffix(".errors")
+    print(output, end="")
+    print(json.dumps({"played": 3 if errors.exists() else 0,
+                      "errors": errors.read_text() if errors.exists() else ""},
+                     separators=(",", ":")))
+'''
+
+
+class Together(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.folder = pathlib.Path(folder.name)
+        self.tool = self.folder / "tool"
+        self.tool.write_text(TOGETHER)
+        self.tool.chmod(0o755)
+        for name, effect in (("a", A), ("b", '{"box":"DOCUMENTS"}')):
+            self.write(name + ".jsonl", '{"wait":1}\n')
+            self.write(name + ".output", f"{STEP_1}\n{effect}\n")
+        self.write("a.transcript", f"{STEP_1}\n{A}\n")
+        self.write("b.transcript", f'{STEP_1}\n{{"box":"FOLDER/documents"}}\n')
+
+    def write(self, name, text):
+        (self.folder / name).write_text(text)
+
+    def run_it(self):
+        done = subprocess.run(
+            [sys.executable, rehearse.__file__, str(self.tool), str(self.folder / "a.jsonl"),
+             str(self.folder / "b.jsonl"), "--together"],
+            capture_output=True, text=True, check=False, timeout=60)
+        return done.returncode, done.stderr
+
+    def fails(self, *words):
+        status, error = self.run_it()
+        self.assertEqual(status, 1)
+        for word in words:
+            self.assertIn(word, error)
+
+    def test_all_is_well(self):
+        self.assertEqual(self.run_it(), (0, ""))
+
+    def test_each_is_compared_with_its_own_transcript(self):
+        self.write("b.transcript", f"{STEP_1}\n{A}\n")
+        self.fails("b.jsonl", "FOLDER/documents")
+        self.write("a.transcript", f"{STEP_1}\n{B}\n")
+        self.fails("a.jsonl", "b.jsonl")
+
+    def test_one_that_goes_wrong(self):
+        self.write("a.errors", "what is wrong")
+        self.fails("a.jsonl", "exit status 3", "what is wrong")
+
+    def test_one_that_ends_the_process(self):
+        self.write("b.output", "crash")
+        self.fails("b.jsonl", "what it died of")
+
+
 if __name__ == "__main__":
     unittest.main()
