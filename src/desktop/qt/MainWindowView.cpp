@@ -94,7 +94,7 @@ void MainWindowView::ShowOrHide() {
       asked_ = asked_ || !isVisible() || isMinimized();
       showNormal();
       Place();
-    } else if (minimized && (form_.Visible() || !HasTray || !HasTray())) {
+    } else if (minimized && (!HasTray || !HasTray())) {
       showMinimized();
     } else {
       hide();
