@@ -1,0 +1,88 @@
+"""The user's hands and eyes: real keys and mouse buttons, and what the window manager knows."""
+import collections
+import re
+import subprocess
+
+from servers import LIMIT, Failed, await_that
+
+# taskbar: whether the window has a button there; minimized: whether it is nothing but that button.
+Window = collections.namedtuple("Window", "id title pid taskbar minimized")
+Rectangle = collections.namedtuple("Rectangle", "x y width height")
+
+LEFT, RIGHT = "1", "3"
+
+
+class Screen:
+    def __init__(self, environment):
+        self.environment = environment
+
+    def run(self, *command):
+        done = subprocess.run(command, env=self.environment, capture_output=True, check=False,
+                              timeout=LIMIT)
+        if done.returncode != 0:
+            raise Failed(f"{' '.join(command)}: {done.stderr.decode()}")
+        return done.stdout.decode()
+
+    def keys(self, *keys):
+        """Presses keys, in xdotool's words: "Tab", "alt+m", "ctrl+shift+t"."""
+        self.run("/usr/bin/xdotool", "key", "--clearmodifiers", *keys)
+
+    def type(self, text):
+        self.run("/usr/bin/xdotool", "type", "--clearmodifiers", "--delay", "1", text)
+
+    def click(self, x, y, button=LEFT, times=1):
+        self.run("/usr/bin/xdotool", "mousemove", str(x), str(y), "click", "--repeat", str(times),
+                 "--delay", "20", button)
+
+    def screenshot(self, file):
+        self.run("/usr/bin/import", "-window", "root", str(file))
+
+    def windows(self):
+        """What the window manager manages: the windows on the screen and in the task bar."""
+        found = re.findall(r"0x[0-9a-f]+", self._property("-root", "_NET_CLIENT_LIST"))
+        windows = [self._window(int(number, 16)) for number in found]
+        return [window for window in windows if window is not None]
+
+    def active(self):
+        """The id of the window that has the keyboard, 0 for none."""
+        found = re.search(r"0x[0-9a-f]+", self._property("-root", "_NET_ACTIVE_WINDOW"))
+        return int(found[0], 16) if found else 0
+
+    def activate(self, window):
+        self.run("/usr/bin/xdotool", "windowactivate", str(window.id))
+        await_that(lambda: self.active() == window.id, f"the keyboard for {window.title}")
+
+    def minimize(self, window):
+        self.run("/usr/bin/xdotool", "windowminimize", str(window.id))
+
+    def ask_to_close(self, window):
+        """What the close box of the window's frame does."""
+        self.activate(window)
+        self.keys("alt+F4")
+
+    def move(self, window, x, y):
+        self.run("/usr/bin/xdotool", "windowmove", str(window.id), str(x), str(y))
+
+    def place(self, window):
+        """Where the window's frame stands."""
+        text = self.run("/usr/bin/xwininfo", "-id", str(window.id))
+        number = {name: int(value) for name, value in re.findall(
+            r"(Absolute upper-left [XY]|Relative upper-left [XY]|Width|Height): +(-?\d+)", text)}
+        return Rectangle(
+            number["Absolute upper-left X"] - number["Relative upper-left X"],
+            number["Absolute upper-left Y"] - number["Relative upper-left Y"],
+            number["Width"], number["Height"])
+
+    def _property(self, *arguments):
+        return self.run("/usr/bin/xprop", *arguments)
+
+    def _window(self, number):
+        try:
+            text = self._property("-id", str(number), "-notype", "_NET_WM_NAME", "_NET_WM_PID",
+                                  "_NET_WM_STATE")
+        except Failed:
+            return None  # It has gone since it was listed.
+        title = re.search(r'_NET_WM_NAME = "(.*)"', text)
+        pid = re.search(r"_NET_WM_PID = (\d+)", text)
+        return Window(number, title[1] if title else "", int(pid[1]) if pid else 0,
+                      "_NET_WM_STATE_SKIP_TASKBAR" not in text, "_NET_WM_STATE_HIDDEN" in text)

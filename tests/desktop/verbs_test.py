@@ -1,0 +1,89 @@
+#!/usr/bin/python3
+"""What another process asks of the running program: by its command line, and over D-Bus."""
+import case
+from accessible import call, connect
+from gi.repository import GLib
+from program import stored
+
+NAME = "org.brenwick.Brenwick"
+PATH = "/org/brenwick/Brenwick"
+
+
+class Verbs(case.DesktopTest):
+    def asked(self, *arguments):
+        done = self.ask(*arguments)
+        self.assertEqual((done.returncode, done.stdout, done.stderr), (0, "", ""))
+
+    def test_show(self):
+        self.start()
+        self.area.icon()
+        self.screen.minimize(self.await_window())
+        self.await_hidden()
+        self.asked("--show")
+        self.await_window()
+
+    def test_mute_switches(self):
+        self.start()
+        self.await_window()
+        self.go_to("Spoken")
+        box = self.controls.find("check box", "Mute")
+        self.asked("--mute")
+        self.await_ticked(box)
+        self.asked("--mute")
+        self.await_ticked(box, False)
+
+    def test_quit_ends_and_keeps_the_settings(self):
+        program = self.start()
+        self.asked("--mute")
+        self.asked("--quit")
+        self.assertEqual(program.await_end(), 0)
+        self.assertEqual(stored(self.desktop, "Mute"), '"1"')
+
+    def test_nobody_to_ask(self):
+        for verb in ("--show", "--stop", "--repeat", "--mute", "--quit"):
+            with self.subTest(verb):
+                done = self.ask(verb)
+                self.assertEqual((done.returncode, done.stdout), (1, ""))
+                self.assertEqual(done.stderr,
+                                 "brenwick: no Brenwick is running that could be asked\n")
+
+    def test_wrong_command_lines(self):
+        for arguments in (["--repeat", "5"], ["--wat"], ["--mute", "--quit"], ["message.txt"]):
+            with self.subTest(arguments):
+                done = self.ask(*arguments)
+                self.assertEqual((done.returncode, done.stdout), (2, ""))
+                self.assertRegex(done.stderr, "^brenwick: .*\ntry brenwick --help\n$")
+
+
+class OverTheBus(case.DesktopTest):
+    settings = {"General": {"ShowStartupScreen": "1"}}
+
+    def setUp(self):
+        super().setUp()
+        self.start()
+        self.connection = connect(self.desktop.session_bus)
+
+    def call(self, interface, method, arguments=None):
+        return call(self.connection, NAME, PATH, interface, method, arguments)
+
+    def test_activate_as_desktops_do(self):
+        self.await_hidden()
+        self.call("org.freedesktop.Application", "Activate", GLib.Variant("(a{sv})", ({},)))
+        self.await_window()
+
+    def test_tells_what_it_can_be_asked(self):
+        told = self.call("org.freedesktop.DBus.Introspectable", "Introspect")[0]
+        for method in ("Show", "Stop", "Repeat", "Mute", "Quit", "Activate"):
+            self.assertIn(f'<method name="{method}">', told)
+
+    def test_refuses_what_it_does_not_know(self):
+        for method, arguments in (("Repeat", GLib.Variant("(i)", (5,))), ("Repeat", None),
+                                  ("Show", GLib.Variant("(s)", ("now",))), ("Sing", None)):
+            with self.subTest(method=method, arguments=arguments):
+                with self.assertRaises(GLib.Error):
+                    self.call(NAME, method, arguments)
+        self.assertTrue(self.program.runs())
+
+
+if __name__ == "__main__":
+    case.main()
