@@ -82,6 +82,9 @@ bool Instance::Claim() {
 }
 
 bool Instance::Ask(Verb verb, int repeat) {
+  // The connection's thread works on until the end of the process. What is made before it, such as
+  // the register of types, outlives it.
+  qRegisterMetaType<QDBusVariant>();
   const QDBusConnection bus = QDBusConnection::sessionBus();
   if (!bus.isConnected()) return false;
   QDBusMessage call = CallFor(verb, repeat);
