@@ -88,6 +88,7 @@ void MainWindowView::ObserveWindow() {
 }
 
 void MainWindowView::ShowOrHide() {
+  if (restoring_) return;
   const bool minimized = form_.State() == WindowState::Minimized;
   views_.Follow([&] {
     if (form_.Visible() && !minimized) {
@@ -125,9 +126,18 @@ void MainWindowView::changeEvent(QEvent* event) {
     if (isMinimized()) {
       form_.UserMinimizes();
     } else {
-      form_.UserRestores();
+      RestoreFromTaskBar();
     }
   });
+}
+
+// Without a notification area it stood there although the program had hidden it.
+void MainWindowView::RestoreFromTaskBar() {
+  restoring_ = true;
+  form_.UserRestores();
+  form_.Show();
+  restoring_ = false;
+  ShowOrHide();
 }
 
 void MainWindowView::moveEvent(QMoveEvent* event) {

@@ -32,12 +32,14 @@ class MainWindowView : public QWidget {
   void ObserveWindow();
   void ShowOrHide();
   void ShowPage(int page);
+  void RestoreFromTaskBar();
   void Place();
 
   frmMain& form_;
   Views& views_;
   QStackedWidget* pages_;
   bool asked_ = false;  // for a place; the window system has not answered where it put the window
+  bool restoring_ = false;  // the window is on the screen already, and stays there
 };
 
 }  // namespace brenwick
