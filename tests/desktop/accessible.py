@@ -102,7 +102,14 @@ def bus_address(desktop):
     """Of the bus of its own that accessibility has."""
     bus = "org.a11y.Bus"
     connection = connect(desktop.session_bus)
+    await_that(lambda: has_owner(connection, bus), "accessibility")
     return call(connection, bus, "/org/a11y/bus", bus, "GetAddress")[0]
+
+
+def has_owner(connection, name):
+    bus = "org.freedesktop.DBus"
+    return call(connection, bus, "/org/freedesktop/DBus", bus, "NameHasOwner",
+                GLib.Variant("(s)", (name,)))[0]
 
 
 class Controls:

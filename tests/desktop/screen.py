@@ -61,7 +61,11 @@ class Screen:
         self.keys("alt+F4")
 
     def move(self, window, x, y):
+        """Moves the window near that place, and returns where it stands then."""
+        before = self.place(window)
         self.run("/usr/bin/xdotool", "windowmove", str(window.id), str(x), str(y))
+        await_that(lambda: self.place(window) != before, "another place of the window")
+        return self.place(window)
 
     def place(self, window):
         """Where the window's frame stands."""
@@ -78,11 +82,11 @@ class Screen:
 
     def _window(self, number):
         try:
-            text = self._property("-id", str(number), "-notype", "_NET_WM_NAME", "_NET_WM_PID",
+            text = self._property("-id", str(number), "-notype", "WM_NAME", "_NET_WM_PID",
                                   "_NET_WM_STATE")
         except Failed:
             return None  # It has gone since it was listed.
-        title = re.search(r'_NET_WM_NAME = "(.*)"', text)
+        title = re.search(r'WM_NAME = "(.*)"', text)
         pid = re.search(r"_NET_WM_PID = (\d+)", text)
         return Window(number, title[1] if title else "", int(pid[1]) if pid else 0,
                       "_NET_WM_STATE_SKIP_TASKBAR" not in text, "_NET_WM_STATE_HIDDEN" in text)

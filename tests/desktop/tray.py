@@ -3,7 +3,7 @@ import pathlib
 
 from gi.repository import GLib
 
-from accessible import call, connect
+from accessible import call, connect, has_owner
 from servers import await_that
 
 WATCHER = "org.kde.StatusNotifierWatcher"
@@ -20,7 +20,7 @@ class NotificationArea:
         self.connection = connect(desktop.session_bus)
         script = pathlib.Path(__file__).with_name("notification_area.py")
         self.server = desktop.start(["/usr/bin/python3", script])
-        await_that(self._is_there, "the notification area")
+        await_that(lambda: has_owner(self.connection, WATCHER), "the notification area")
 
     def go(self):
         self.desktop.stop(self.server)
@@ -33,10 +33,6 @@ class NotificationArea:
     def icon(self):
         """The one icon, which is waited for."""
         return await_that(self.icons, "an icon in the notification area")[0]
-
-    def _is_there(self):
-        return call(self.connection, "org.freedesktop.DBus", "/org/freedesktop/DBus",
-                    "org.freedesktop.DBus", "NameHasOwner", GLib.Variant("(s)", (WATCHER,)))[0]
 
 
 class Icon:
