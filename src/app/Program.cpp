@@ -18,6 +18,7 @@ Program::Program(MessengerClient& messenger, SpVoice& voice, RegistryStore& stor
       log_(state_, log_files_, report_),
       log_switches_(log_, log_files_, state_, form_),
       texts_(log_),
+      hot_key_notes_(form_, texts_),
       retention_(log_, log_files_, data_, folders, clock, screen, status_, form_,
                  [this](auto text, const auto& days) { return RetentionText(text, days); }),
       registry_(store, folders),

@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "app/HotKeyNotes.h"
 #include "app/MainWindow.h"
 #include "app/TypeAhead.h"
 #include "base/ProgramState.h"
@@ -123,6 +124,7 @@ class Program {
   Logs log_;
   LogSwitches log_switches_;
   TextTable texts_;
+  HotKeyNotes hot_key_notes_;
   LogRetention retention_;
   Registry registry_;
   Languages languages_;

@@ -17,6 +17,22 @@ struct HotKey {
   bool winkey = false;
 };
 
+// How the keys are written to the user, such as "Ctrl+Shift+1" or "Scroll Lock".
+std::string KeyName(const HotKey& key);
+
+// What keeps a key from its control.
+struct KeyObstacle {
+  enum class Kind {
+    None,
+    Taken,     // another program has the key
+    NotGiven,  // this desktop gives programs no keys
+  };
+  Kind kind = Kind::None;
+  std::string command = {};  // where keys are not given: the command that does what the key would
+
+  bool operator==(const KeyObstacle&) const = default;
+};
+
 class HotKeyControl : public Control {
  public:
   HotKeyControl(ControlList& window, std::string name, HotKey key, bool enabled, int index = -1)
@@ -30,10 +46,15 @@ class HotKeyControl : public Control {
     if (CanUse() && HotkeyPressed) HotkeyPressed();
   }
 
+  // The world tells what it met when it last asked for the key; KeyObstacle{} when it got it.
+  void SetObstacle(KeyObstacle obstacle) { Update(obstacle_, std::move(obstacle)); }
+  const KeyObstacle& Obstacle() const { return obstacle_; }
+
   std::function<void()> HotkeyPressed;
 
  private:
   HotKey key_;
+  KeyObstacle obstacle_;
 };
 
 }  // namespace brenwick

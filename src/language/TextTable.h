@@ -3,8 +3,10 @@
 
 #include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "controls/Signal.h"
 #include "logging/Logs.h"
 
 namespace brenwick {
@@ -29,7 +31,12 @@ class TextTable {
   std::string GetText(const std::string& text, const std::string& argument) const;
 
   // Puts another table in the place of this one: entry i is the text with id i.
-  void Replace(std::vector<std::string> entries) { entries_ = std::move(entries); }
+  void Replace(std::vector<std::string> entries) {
+    entries_ = std::move(entries);
+    Replaced();
+  }
+
+  Signal<> Replaced;  // the texts are those of another language now
 
  private:
   Logs& log_;
