@@ -62,6 +62,7 @@ Desktop::Desktop(Instance& instance, const std::string& commandLine, bool first)
       status_(program_.Status().Form(), views_),
       timers_(program_.Form(), views_),
       socket_(end_, program_.Form().wscHttp),
+      hot_keys_(HotKeySource::OfThisDesktop(program_.Form(), views_)),
       instance_(instance) {
   end_.WhenEnded = [] { QCoreApplication::exit(); };
   window_.HasTray = [this] { return tray_.Available(); };
@@ -75,6 +76,7 @@ void Desktop::Run() {
   try {
     program_.Start();
     timers_.Arm();
+    hot_keys_->Arm();
     QCoreApplication::exec();
     end_.GoOn();
   } catch (const ProgramEnd&) {

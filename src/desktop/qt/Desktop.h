@@ -15,6 +15,7 @@
 #include "desktop/qt/DesktopTray.h"
 #include "desktop/qt/EndOfProgram.h"
 #include "desktop/qt/EndSignals.h"
+#include "desktop/qt/HotKeySource.h"
 #include "desktop/qt/Instance.h"
 #include "desktop/qt/MainWindowView.h"
 #include "desktop/qt/QtEventLoop.h"
@@ -56,6 +57,7 @@ class Desktop {
   TimerDriver timers_;
   TcpSocket socket_;
   EndSignals signals_;
+  std::unique_ptr<HotKeySource> hot_keys_;
   Instance& instance_;
 };
 
