@@ -5,14 +5,13 @@
 #include <xcb/xtest.h>
 
 #include <cstdint>
-#include <cstdlib>
-#include <memory>
 #include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "desktop/Server.h"
+#include "desktop/qt/X11Reply.h"
 
 namespace brenwick {
 
@@ -62,8 +61,8 @@ class X11Client {
   // The modifiers that are down or on.
   int Modifiers() {
     const auto asked = xcb_query_pointer(connection_, Root());
-    const Reply<xcb_query_pointer_reply_t> reply(
-        xcb_query_pointer_reply(connection_, asked, nullptr), &std::free);
+    const X11Reply<xcb_query_pointer_reply_t> reply(
+        xcb_query_pointer_reply(connection_, asked, nullptr));
     return reply->mask & 0xff;
   }
 
@@ -85,8 +84,8 @@ class X11Client {
 
   bool MakeModifier(xcb_keycode_t code, int modifier) {
     const auto asked = xcb_get_modifier_mapping(connection_);
-    const Reply<xcb_get_modifier_mapping_reply_t> now(
-        xcb_get_modifier_mapping_reply(connection_, asked, nullptr), &std::free);
+    const X11Reply<xcb_get_modifier_mapping_reply_t> now(
+        xcb_get_modifier_mapping_reply(connection_, asked, nullptr));
     const int each = now->keycodes_per_modifier;
     const xcb_keycode_t* codes = xcb_get_modifier_mapping_keycodes(now.get());
     std::vector<xcb_keycode_t> changed(codes, codes + 8 * each);
@@ -95,21 +94,16 @@ class X11Client {
     }
     const auto set =
         xcb_set_modifier_mapping(connection_, now->keycodes_per_modifier, changed.data());
-    const Reply<xcb_set_modifier_mapping_reply_t> reply(
-        xcb_set_modifier_mapping_reply(connection_, set, nullptr), &std::free);
+    const X11Reply<xcb_set_modifier_mapping_reply_t> reply(
+        xcb_set_modifier_mapping_reply(connection_, set, nullptr));
     return reply && reply->status == XCB_MAPPING_STATUS_SUCCESS;
   }
 
  private:
-  template <typename Kind>
-  using Reply = std::unique_ptr<Kind, decltype(&std::free)>;
-
   xcb_window_t Root() { return xcb_setup_roots_iterator(xcb_get_setup(connection_)).data->root; }
   // The display has done it when this returns.
   bool Done(xcb_void_cookie_t asked) {
-    xcb_generic_error_t* error = xcb_request_check(connection_, asked);
-    std::free(error);
-    return error == nullptr;
+    return !X11Reply<xcb_generic_error_t>(xcb_request_check(connection_, asked));
   }
   void Fake(std::uint8_t type, xcb_keycode_t code) {
     if (!Done(xcb_test_fake_input_checked(connection_, type, code, XCB_CURRENT_TIME, XCB_NONE, 0, 0,

@@ -4,18 +4,12 @@
 
 #include <QCoreApplication>
 #include <QGuiApplication>
-#include <cstdlib>
-#include <memory>
 #include <string>
+
+#include "desktop/qt/X11Reply.h"
 
 namespace brenwick {
 namespace {
-
-struct Freed {
-  void operator()(void* reply) const { std::free(reply); }
-};
-template <typename Reply>
-using Owning = std::unique_ptr<Reply, Freed>;
 
 // Screen 0 is the only one that today's desktops have.
 const std::string kSelection = "_NET_SYSTEM_TRAY_S0";
@@ -24,7 +18,7 @@ constexpr std::uint8_t kSentByClient = 0x80;
 xcb_atom_t AtomOf(xcb_connection_t* connection, const std::string& name) {
   const auto cookie =
       xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.c_str());
-  const Owning<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(connection, cookie, nullptr));
+  const X11Reply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(connection, cookie, nullptr));
   return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
 }
 
@@ -47,7 +41,7 @@ TraySelection::~TraySelection() {
 void TraySelection::Watch() {
   const auto version =
       xcb_xfixes_query_version(connection_, XCB_XFIXES_MAJOR_VERSION, XCB_XFIXES_MINOR_VERSION);
-  const Owning<xcb_xfixes_query_version_reply_t> reply(
+  const X11Reply<xcb_xfixes_query_version_reply_t> reply(
       xcb_xfixes_query_version_reply(connection_, version, nullptr));
   const auto* extension = xcb_get_extension_data(connection_, &xcb_xfixes_id);
   if (!reply || extension == nullptr) return;
@@ -62,7 +56,7 @@ void TraySelection::Watch() {
 
 bool TraySelection::HasOwner() const {
   const auto cookie = xcb_get_selection_owner(connection_, selection_);
-  const Owning<xcb_get_selection_owner_reply_t> reply(
+  const X11Reply<xcb_get_selection_owner_reply_t> reply(
       xcb_get_selection_owner_reply(connection_, cookie, nullptr));
   return reply && reply->owner != XCB_WINDOW_NONE;
 }

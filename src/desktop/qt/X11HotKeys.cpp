@@ -3,9 +3,10 @@
 #include <QCoreApplication>
 #include <QGuiApplication>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <utility>
+
+#include "desktop/qt/X11Reply.h"
 
 namespace brenwick {
 namespace {
@@ -30,10 +31,9 @@ xcb_window_t Root(xcb_connection_t* display) {
 int KeyboardEvent(xcb_connection_t* display) {
   static const std::string kName = "XKEYBOARD";
   const auto asked = xcb_query_extension(display, std::uint16_t(kName.size()), kName.c_str());
-  xcb_query_extension_reply_t* reply = xcb_query_extension_reply(display, asked, nullptr);
-  const int event = reply != nullptr && reply->present != 0 ? reply->first_event : kNone;
-  std::free(reply);
-  return event;
+  const X11Reply<xcb_query_extension_reply_t> reply(
+      xcb_query_extension_reply(display, asked, nullptr));
+  return reply && reply->present != 0 ? reply->first_event : kNone;
 }
 
 KeyCombination With(KeyCombination combination, std::uint16_t locks) {
@@ -96,9 +96,8 @@ void X11HotKeys::Take(Key& key) {
                                                   XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC));
   }
   for (const auto& [each, cookie] : asked) {
-    xcb_generic_error_t* refused = xcb_request_check(display_, cookie);
-    if (refused == nullptr) key.grabbed.push_back(each);
-    std::free(refused);
+    const X11Reply<xcb_generic_error_t> refusal(xcb_request_check(display_, cookie));
+    if (!refusal) key.grabbed.push_back(each);
   }
   const bool taken = key.grabbed.size() < asked.size();
   if (taken) LetGo(key);

@@ -2,9 +2,9 @@
 
 #include <cctype>
 #include <cstddef>
-#include <cstdlib>
-#include <memory>
 #include <string_view>
+
+#include "desktop/qt/X11Reply.h"
 
 namespace brenwick {
 namespace {
@@ -12,12 +12,6 @@ namespace {
 constexpr xcb_keysym_t kScrollLock = 0xff14;
 constexpr xcb_keysym_t kNumLock = 0xff7f;
 constexpr int kScrollLockKey = 0x91;
-
-struct FreeReply {
-  void operator()(void* reply) const { std::free(reply); }
-};
-template <typename Reply>
-using Owned = std::unique_ptr<Reply, FreeReply>;
 
 xcb_keysym_t SymbolOf(const HotKey& key) {
   // Letters and digits have their character for a symbol.
@@ -61,7 +55,7 @@ void X11Keyboard::ReadSymbols(xcb_connection_t* display) {
   first_ = setup->min_keycode;
   const auto count = static_cast<std::uint8_t>(setup->max_keycode - setup->min_keycode + 1);
   const auto asked = xcb_get_keyboard_mapping(display, setup->min_keycode, count);
-  const Owned<xcb_get_keyboard_mapping_reply_t> reply(
+  const X11Reply<xcb_get_keyboard_mapping_reply_t> reply(
       xcb_get_keyboard_mapping_reply(display, asked, nullptr));
   if (!reply) return;
   columns_ = reply->keysyms_per_keycode;
@@ -72,7 +66,7 @@ void X11Keyboard::ReadSymbols(xcb_connection_t* display) {
 // Num Lock is on one of the modifiers that are free for use, and Scroll Lock may be on another.
 void X11Keyboard::ReadLocks(xcb_connection_t* display) {
   const auto asked = xcb_get_modifier_mapping(display);
-  const Owned<xcb_get_modifier_mapping_reply_t> reply(
+  const X11Reply<xcb_get_modifier_mapping_reply_t> reply(
       xcb_get_modifier_mapping_reply(display, asked, nullptr));
   if (!reply) return;
   const xcb_keycode_t* codes = xcb_get_modifier_mapping_keycodes(reply.get());

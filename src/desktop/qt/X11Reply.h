@@ -1,0 +1,15 @@
+// What an X11 display answers, freed when it is no longer needed.
+#pragma once
+
+#include <cstdlib>
+#include <memory>
+
+namespace brenwick {
+
+struct FreeReply {
+  void operator()(void* reply) const { std::free(reply); }
+};
+template <typename Reply>
+using X11Reply = std::unique_ptr<Reply, FreeReply>;
+
+}  // namespace brenwick
