@@ -29,7 +29,8 @@ class MockPortal : public QDBusVirtualObject {
   void Activate(const QString& id) { Activate(id, session); }
   void Activate(const QString& id, const QString& ofSession) {
     Signal(kDesktop, kShortcuts, "Activated",
-           {QVariant::fromValue(QDBusObjectPath(ofSession)), id, qulonglong{1}, QVariantMap()});
+           {QVariant::fromValue(QDBusObjectPath(ofSession)), id, qulonglong{1},
+            QVariantMap{{"activation_token", "token for " + id}}});
   }
   void ChangeShortcuts(const QStringList& bound) {
     Signal(kDesktop, kShortcuts, "ShortcutsChanged",

@@ -26,6 +26,12 @@ QString Trigger(const HotKey& key) {
   return trigger + (key.vkey == kScrollLock ? QString("Scroll_Lock") : QChar(key.vkey).toLower());
 }
 
+// By this the desktop allows the window to come to the front; Qt looks for it there.
+void TakeToken(const QVariantMap& options) {
+  const QString token = options.value("activation_token").toString();
+  if (!token.isEmpty()) qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
+}
+
 }  // namespace
 
 PortalHotKeys::PortalHotKeys(QDBusConnection bus, frmMain& form, Views& views)
@@ -138,6 +144,7 @@ void PortalHotKeys::Hear(const QDBusMessage& signal) {
     } else if (signal.member() == "Closed" && path == session_) {
       NoKeys();
     } else if (signal.member() == "Activated" && of_session()) {
+      TakeToken(qdbus_cast<QVariantMap>(values.value(3)));
       Activated(values.value(1).toString());
     } else if (signal.member() == "ShortcutsChanged" && of_session()) {
       Bound(qdbus_cast<PortalShortcuts>(values.value(1)));
