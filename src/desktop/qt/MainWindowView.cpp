@@ -3,7 +3,11 @@
 #include <QCloseEvent>
 #include <QScrollArea>
 #include <QVBoxLayout>
+<<<<<<< HEAD
 #include <utility>
+=======
+#include <QWindow>
+>>>>>>> 9198ed6 (desktop: bring the window back to its own place)
 
 #include "desktop/qt/ButtonViews.h"
 #include "desktop/qt/Mnemonics.h"
@@ -93,8 +97,8 @@ void MainWindowView::ShowOrHide() {
   views_.Follow([&] {
     if (form_.Visible() && !minimized) {
       asked_ = asked_ || !isVisible() || isMinimized();
+      if (!isVisible()) PlaceAnew();
       showNormal();
-      Place();
     } else if (minimized && (!HasTray || !HasTray())) {
       showMinimized();
     } else {
@@ -107,11 +111,24 @@ void MainWindowView::TrayChanged() {
   if (form_.State() == WindowState::Minimized) ShowOrHide();
 }
 
+QPoint MainWindowView::PlaceOfForm() const {
+  return {form_.Left() / kTwipsPerPixel, form_.Top() / kTwipsPerPixel};
+}
+
 void MainWindowView::Place() {
-  const QPoint place(form_.Left() / kTwipsPerPixel, form_.Top() / kTwipsPerPixel);
-  if (pos() == place) return;
+  if (pos() == PlaceOfForm()) return;
   asked_ = asked_ || isVisible();
-  views_.Follow([&] { move(place); });
+  views_.Follow([&] { move(PlaceOfForm()); });
+}
+
+// The window manager puts a window that comes back where it likes, unless it is told the place.
+// When the window comes for the first time and has no place yet, the window manager finds a better
+// one than the corner of the screen.
+void MainWindowView::PlaceAnew() {
+  const QPoint place = PlaceOfForm().isNull() ? pos() : PlaceOfForm();
+  if (place.isNull()) return;
+  move(place);
+  if (windowHandle() != nullptr) windowHandle()->setFramePosition(place);
 }
 
 void MainWindowView::closeEvent(QCloseEvent* event) {

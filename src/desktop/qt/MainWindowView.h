@@ -33,7 +33,9 @@ class MainWindowView : public QWidget {
   void ShowOrHide();
   void ShowPage(int page);
   void RestoreFromTaskBar();
+  QPoint PlaceOfForm() const;
   void Place();
+  void PlaceAnew();
 
   frmMain& form_;
   Views& views_;

@@ -1,0 +1,87 @@
+#!/usr/bin/python3
+"""Where the main window stands, and that it is there again after the next start."""
+import case
+from program import stored
+
+TWIPS = 15  # to a pixel
+
+
+class Place(case.DesktopTest):
+    def dword(self, pixels):
+        return f"dword:{pixels * TWIPS}"
+
+    def minimize_and_bring_back(self):
+        self.screen.minimize(self.main_window())
+        self.await_hidden()
+        self.area.icon().click()
+        return self.await_window()
+
+    def test_is_stored_and_kept_over_a_restart(self):
+        self.start()
+        self.area.icon()
+        place = self.screen.move(self.await_window(), 240, 170)
+        window = self.minimize_and_bring_back()
+        self.await_stored("Left", self.dword(place.x))
+        self.await_stored("Top", self.dword(place.y))
+        self.assertEqual(self.screen.place(window), place)
+        self.quit_and_start()
+        self.assertEqual(self.screen.place(self.await_window()), place)
+
+    def test_is_where_it_was_after_many_comings(self):
+        self.start()
+        self.area.icon()
+        place = self.screen.move(self.await_window(), 240, 170)
+        for _ in range(3):
+            self.assertEqual(self.screen.place(self.minimize_and_bring_back()), place)
+
+    def test_follows_the_hand_and_stays(self):
+        self.start()
+        window = self.await_window()
+        for x in range(200, 260, 20):
+            place = self.screen.move(window, x, x)
+        self.screen.activate(window)
+        self.go_to("About")
+        self.assertEqual(self.screen.place(window), place)
+
+    def test_left_of_the_screen_is_stored_as_its_edge(self):
+        self.start()
+        self.area.icon()
+        place = self.screen.move(self.await_window(), -50, 170)
+        self.assertLess(place.x, 0)
+        window = self.minimize_and_bring_back()
+        self.await_stored("Left", "dword:0")
+        self.await_stored("Top", self.dword(place.y))
+        self.assertEqual(self.screen.place(window).x, 0)
+
+    def test_of_a_hidden_window_is_kept_over_a_restart(self):
+        self.start()
+        self.area.icon()
+        place = self.screen.move(self.await_window(), 240, 170)
+        self.screen.minimize(self.main_window())
+        self.await_hidden()
+        self.quit_and_start()
+        self.assertEqual(self.screen.place(self.await_window()), place)
+
+
+class StoredPlace(case.DesktopTest):
+    settings = {"": {"Left": 1500, "Top": 3000}}
+
+    def test_is_taken_at_the_start(self):
+        self.start()
+        place = self.screen.place(self.await_window())
+        self.assertEqual((place.x, place.y), (100, 200))
+        self.assertEqual(stored(self.desktop, "Left"), "dword:1500")
+
+
+class OkButton(case.DesktopTest):
+    def test_puts_the_window_into_the_tray(self):
+        self.start()
+        self.area.icon()
+        self.await_window()
+        self.click(self.controls.find("push button", "OK"))
+        self.await_hidden()
+        self.assertTrue(self.program.runs())
+
+
+if __name__ == "__main__":
+    case.main()
