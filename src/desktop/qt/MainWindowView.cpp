@@ -3,11 +3,7 @@
 #include <QCloseEvent>
 #include <QScrollArea>
 #include <QVBoxLayout>
-<<<<<<< HEAD
-#include <utility>
-=======
 #include <QWindow>
->>>>>>> 9198ed6 (desktop: bring the window back to its own place)
 
 #include "desktop/qt/ButtonViews.h"
 #include "desktop/qt/Mnemonics.h"
@@ -138,7 +134,8 @@ void MainWindowView::closeEvent(QCloseEvent* event) {
 
 void MainWindowView::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
-  if (event->type() != QEvent::WindowStateChange) return;
+  // What befalls a hidden window is not the user's doing.
+  if (event->type() != QEvent::WindowStateChange || !isVisible()) return;
   views_.Knock([this] {
     if (isMinimized()) {
       form_.UserMinimizes();
