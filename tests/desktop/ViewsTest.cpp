@@ -114,9 +114,9 @@ TEST_F(ViewsTest, AComboBoxIsTypedIntoKeyByKey) {
   form.cmbLanguage.KeyPress = [&](int character) { keys += static_cast<char>(character); };
   auto& view = Find<QComboBox>("cmbLanguage");
   EXPECT_EQ(view.count(), 2);
-  view.lineEdit()->setFocus();
-  QTest::keyClicks(view.lineEdit(), "Eng");
-  QTest::keyClick(view.lineEdit(), Qt::Key_Backspace);
+  view.setFocus();
+  QTest::keyClicks(&view, "Eng");
+  QTest::keyClick(&view, Qt::Key_Backspace);
   EXPECT_EQ(keys, "Eng\b");
   EXPECT_EQ(form.cmbLanguage.Text(), "En");
   EXPECT_EQ(view.currentText(), "En");

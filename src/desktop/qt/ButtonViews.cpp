@@ -42,8 +42,6 @@ QCheckBox* MakeView(CheckBox& box, Views& views, QWidget& parent) {
 
 QRadioButton* MakeView(OptionButton& option, Views& views, QWidget& parent) {
   auto* view = new OptionView(&parent);
-  // The program's own groups decide, which need not lie side by side.
-  view->setAutoExclusive(false);
   views.Mirror(option, *view, [&option, view] {
     SetCaption(*view, ToQt(option.Caption()));
     view->setChecked(option.Chosen());

@@ -19,7 +19,6 @@ class ComboView : public QComboBox {
     setInsertPolicy(NoInsert);
     setCompleter(nullptr);
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
-    lineEdit()->installEventFilter(this);
     views_.Mirror(combo_, *this, [this] { Show(); });
     connect(this, &QComboBox::activated, this, [this](int entry) {
       views_.Knock([&] { combo_.UserSelect(entry); });
@@ -29,15 +28,16 @@ class ComboView : public QComboBox {
   }
 
  protected:
-  bool eventFilter(QObject* watched, QEvent* event) override {
-    if (event->type() == QEvent::KeyPress) return TakeKey(*static_cast<QKeyEvent*>(event));
-    if (event->type() == QEvent::FocusOut) {
-      const auto reason = static_cast<QFocusEvent*>(event)->reason();
-      if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason) {
-        views_.Knock([this] { combo_.UserLeaves(); });
-      }
-    }
-    return QComboBox::eventFilter(watched, event);
+  // The keyboard is this widget's, which passes keys on to its line of text.
+  void keyPressEvent(QKeyEvent* event) override {
+    if (!TakeKey(*event)) QComboBox::keyPressEvent(event);
+  }
+
+  void focusOutEvent(QFocusEvent* event) override {
+    QComboBox::focusOutEvent(event);
+    const auto reason = event->reason();
+    if (reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason) return;
+    views_.Knock([this] { combo_.UserLeaves(); });
   }
 
  private:
