@@ -39,6 +39,13 @@ class Verbs(case.DesktopTest):
         self.assertEqual(program.await_end(), 0)
         self.assertEqual(stored(self.desktop, "Mute"), '"1"')
 
+    def test_repeat(self):
+        self.start()
+        self.asked("--repeat", "4")
+        # Nothing has been said yet, and the program goes on.
+        self.asked("--show")
+        self.await_window()
+
     def test_nobody_to_ask(self):
         for verb in ("--show", "--stop", "--repeat", "--mute", "--quit"):
             with self.subTest(verb):
