@@ -26,8 +26,9 @@ xcb_atom_t AtomOf(xcb_connection_t* connection, const std::string& name) {
 
 TraySelection::TraySelection() {
   const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-  if (x11 == nullptr) return;
-  connection_ = x11->connection();
+  // A screen that is none may offer the interface and have no connection.
+  if (x11 != nullptr) connection_ = x11->connection();
+  if (connection_ == nullptr) return;
   selection_ = AtomOf(connection_, kSelection);
   Watch();
   owned_ = HasOwner();
