@@ -46,7 +46,7 @@ const char* const kRehearsalHelp =
 Runs the whole program in a scripted world and writes everything it does there.
 Script and transcript are JSON Lines; docs/rehearsal.md tells their words.
 
-  --program DIR          the program folder (default: the one of the build)
+  --program DIR          the program folder (default: the installed one, or the build's)
   --documents DIR        the documents folder (default: a temporary one)
   --store FILE           the file behind the settings (default: a temporary one)
   --voice espeak-ng      speak with the real engine (default: scripted)

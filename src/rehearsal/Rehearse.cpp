@@ -30,8 +30,16 @@ std::string Environment(const char* name) {
   return value != nullptr ? value : "";
 }
 
+// Of the installed program, or of the build.
+std::string OwnProgramFolder() {
+  std::error_code failed;
+  const fs::path own = fs::read_symlink("/proc/self/exe", failed);
+  const fs::path installed = own.parent_path().parent_path() / "share/brenwick";
+  return fs::is_directory(installed / "Languages") ? installed.string() : BRENWICK_PROGRAM_FOLDER;
+}
+
 std::string ProgramFolder(const RehearsalOptions& options) {
-  std::string folder = options.program.empty() ? BRENWICK_PROGRAM_FOLDER : options.program;
+  std::string folder = options.program.empty() ? OwnProgramFolder() : options.program;
   if (!fs::is_directory(folder)) throw std::runtime_error("there is no program folder " + folder);
   return folder;
 }
