@@ -93,11 +93,12 @@ def play_together(tool, scripts, folders):
         if line.startswith('{"played":'):
             script, folder = scripts[len(transcripts)], folders[len(transcripts)]
             played = json.loads(line)
-            text = "".join(line + "\n" for line in lines[begin:end]).replace(str(folder), "FOLDER")
+            text = "\n".join(lines[begin:end]).replace(str(folder), "FOLDER")
             transcripts.append(transcript(script, played["played"], text, played["errors"]))
             begin = end + 1
     if len(transcripts) < len(scripts):
-        transcript(scripts[len(transcripts)], done.returncode or "?", "\n".join(lines[begin:]), errors)
+        rest = "\n".join(lines[begin:])
+        transcript(scripts[len(transcripts)], done.returncode or "?", rest, errors)
     if done.returncode != 0 or errors:
         sys.exit(f"{tool}: exit status {done.returncode}\n{errors}")
     return transcripts
