@@ -42,6 +42,8 @@ class OptionButton : public CaptionedControl {
   OptionButton(Place place, OptionGroup& group, std::string name, std::string caption,
                bool chosen = false);
 
+  const OptionGroup& Group() const { return group_; }
+
   bool Chosen() const { return chosen_; }
   // Clears the others of the group and runs the click when the button was not chosen before.
   void Choose();
@@ -59,13 +61,22 @@ class OptionButton : public CaptionedControl {
 
 class Button : public CaptionedControl {
  public:
-  using CaptionedControl::CaptionedControl;
+  // The key that presses the button from anywhere on its page.
+  enum class Key { None, Enter, Escape };
+
+  Button(Place place, std::string name, std::string caption, int index = -1, Key key = Key::None)
+      : CaptionedControl(place, std::move(name), std::move(caption), index), key_(key) {}
+
+  Key PressedBy() const { return key_; }
 
   void UserClick() const {
     if (CanUse() && Click) Click();
   }
 
   std::function<void()> Click;
+
+ private:
+  Key key_;
 };
 
 }  // namespace brenwick

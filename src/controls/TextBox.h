@@ -23,6 +23,10 @@ class TextBox : public Control {
   bool Locked() const { return locked_; }
   void SetLocked(bool locked) { Update(locked_, locked); }
 
+  // How many characters a short box has room for; 0 for a box as wide as its page.
+  int Columns() const { return columns_; }
+  void SetColumns(int columns) { Update(columns_, columns); }
+
   // The selected part, in characters.
   std::size_t SelStart() const { return sel_start_; }
   std::size_t SelLength() const { return sel_length_; }
@@ -38,6 +42,7 @@ class TextBox : public Control {
  private:
   std::string text_;
   bool locked_ = false;
+  int columns_ = 0;
   std::size_t sel_start_ = 0;
   std::size_t sel_length_ = 0;
 };

@@ -7,6 +7,7 @@ namespace {
 
 // The volume boxes carry the tip of the speed boxes.
 constexpr const char* kNumberTip = ">= -10 AND <= 10";
+constexpr int kNumberColumns = 6;
 
 }  // namespace
 
@@ -15,12 +16,13 @@ frmMain::frmMain() {
   for (TextBox* box :
        {&txtTalkSpeedMale, &txtTalkVolumeMale, &txtTalkSpeedFemale, &txtTalkVolumeFemale}) {
     box->SetToolTip(kNumberTip);
+    box->SetColumns(kNumberColumns);
   }
   for (TextBox* box : {&txtDocumentsAndSettings, &txtWebVersion, &txtWinSockStatus}) {
     box->SetLocked(true);
   }
   for (TextBox& box : txtSpokenMessages) box.SetLocked(true);
-  for (Label* note : {&lblHotKeyActivateBW, &lblHotKeySilent, &lblHotKeyRepeat}) {
+  for (Label* note : {&lblMenu, &lblHotKeyActivateBW, &lblHotKeySilent, &lblHotKeyRepeat}) {
     note->SetVisible(false);
   }
   // Both logs are off at first, and with them what says how long they are kept.
@@ -32,6 +34,7 @@ frmMain::frmMain() {
   }
   for (TextBox* box : {&txtLogConversationsDaysToKeep, &txtLogDebugDaysToKeep}) {
     box->SetLocked(true);
+    box->SetColumns(kNumberColumns);
   }
 }
 

@@ -31,7 +31,11 @@ class frmMain : public Window {
  public:
   frmMain();
 
+  // Controls stand on their page in the order in which they are declared here. A label belongs to
+  // what follows it, the labels of an array to the boxes of the next.
+
   // The page list and the pages. A page's frame stands on itself.
+  Label lblMenu{On(kNoPage), "lblMenu", "Options"};
   ListBox lstMenu{On(kNoPage), "lstMenu"};
   std::array<Frame, kPageCount> fraPage{{
       {On(kGeneralPage), "fraPage", " General ", 0},
@@ -96,33 +100,37 @@ class frmMain : public Window {
   TextBox txtBusy{On(kTextPage), "txtBusy", "is busy."};
   Label lblSays{On(kTextPage), "lblSays", "Says :"};
   TextBox txtSays{On(kTextPage), "txtSays", "says"};
-  Button cmdEmoticons{On(kTextPage), "cmdEmoticons", "Emoticons"};
   Label lblAbbreviationsFile{On(kTextPage), "lblAbbreviationsFile", ""};
   Label lblAbbreviationsHint{On(kTextPage), "lblAbbreviationsHint", ""};
+  Button cmdEmoticons{On(kTextPage), "cmdEmoticons", "Emoticons"};
 
   // Voices
+  Label lblVoicesHint{On(kVoicesPage), "lblVoicesHint", "M is the male voice, F the female one."};
   Frame fraDefaultVoice{On(kVoicesPage), "fraDefaultVoice", "Defaults"};
   OptionButton optMale{On(kVoicesPage), default_voice_, "optMale", "M"};
   OptionButton optFemale{On(kVoicesPage), default_voice_, "optFemale", "F", true};
   Frame fraVoiceMale{On(kVoicesPage), "fraVoiceMale", "M"};
   Label lblVoiceMale{On(kVoicesPage), "lblVoiceMale", "M"};
   ComboBox cmbVoiceMale{On(kVoicesPage), "cmbVoiceMale"};
+  Button cmdSpeedTestMale{On(kVoicesPage), "cmdSpeedTestMale", "Test"};
   Label lblTalkSpeedMale{On(kVoicesPage), "lblTalkSpeedMale", "Speed :"};
   TextBox txtTalkSpeedMale{On(kVoicesPage), "txtTalkSpeedMale", "0"};
   Label lblTalkVolumeMale{On(kVoicesPage), "lblTalkVolumeMale", "Volume :"};
   TextBox txtTalkVolumeMale{On(kVoicesPage), "txtTalkVolumeMale", "100"};
-  Button cmdSpeedTestMale{On(kVoicesPage), "cmdSpeedTestMale", "Test"};
   Frame fraVoiceFemale{On(kVoicesPage), "fraVoiceFemale", "F"};
   Label lblVoiceFemale{On(kVoicesPage), "lblVoiceFemale", "F"};
   ComboBox cmbVoiceFemale{On(kVoicesPage), "cmbVoiceFemale"};
+  Button cmdSpeedTestFemale{On(kVoicesPage), "cmdSpeedTestFemale", "Test"};
   Label lblTalkSpeedFemale{On(kVoicesPage), "lblTalkSpeedFemale", "Speed :"};
   TextBox txtTalkSpeedFemale{On(kVoicesPage), "txtTalkSpeedFemale", "0"};
   Label lblTalkVolumeFemale{On(kVoicesPage), "lblTalkVolumeFemale", "Volume :"};
   TextBox txtTalkVolumeFemale{On(kVoicesPage), "txtTalkVolumeFemale", "100"};
-  Button cmdSpeedTestFemale{On(kVoicesPage), "cmdSpeedTestFemale", "Test"};
 
   // Buddynames
+  Label lblBuddyNamesHint{On(kBuddyNamesPage), "lblBuddyNamesHint",
+                          "Double-click a contact, or press Space, to edit it."};
   ListBox lstBuddyNames{On(kBuddyNamesPage), "lstBuddyNames", ListBox::Order::Sorted};
+  Label lblBuddyNamesSort{On(kBuddyNamesPage), "lblBuddyNamesSort", "Sort by :"};
   OptionButton optBuddyNamesSortContact{On(kBuddyNamesPage), buddy_names_sort_,
                                         "optBuddyNamesSortContact", "Contact", true};
   OptionButton optBuddyNamesSortEmail{On(kBuddyNamesPage), buddy_names_sort_,
@@ -131,7 +139,10 @@ class frmMain : public Window {
                                      "optBuddyNamesSortName", "Name"};
 
   // Ignore
+  Label lblIgnoreHint{On(kIgnorePage), "lblIgnoreHint",
+                      "Double-click a contact, or press Space, to ignore it or not."};
   ListBox lstIgnore{On(kIgnorePage), "lstIgnore", ListBox::Order::Sorted};
+  Label lblIgnoreSort{On(kIgnorePage), "lblIgnoreSort", "Sort by :"};
   OptionButton optIgnoreSortContact{On(kIgnorePage), ignore_sort_, "optIgnoreSortContact",
                                     "Contact", true};
   OptionButton optIgnoreSortEmail{On(kIgnorePage), ignore_sort_, "optIgnoreSortEmail", "Email"};
@@ -140,7 +151,10 @@ class frmMain : public Window {
   Button cmdClearAll{On(kIgnorePage), "cmdClearAll", "Clear all"};
 
   // Gender
+  Label lblGenderHint{On(kGenderPage), "lblGenderHint",
+                      "Double-click a contact, or press Space, to give it the other voice."};
   ListBox lstGender{On(kGenderPage), "lstGender", ListBox::Order::Sorted};
+  Label lblGenderSort{On(kGenderPage), "lblGenderSort", "Sort by :"};
   OptionButton optGenderSortContact{On(kGenderPage), gender_sort_, "optGenderSortContact",
                                     "Contact", true};
   OptionButton optGenderSortName{On(kGenderPage), gender_sort_, "optGenderSortName", "Name"};
@@ -166,9 +180,9 @@ class frmMain : public Window {
                                   "Check for newer Windows Messenger"};
   Label lblWebVersion{On(kWebsitePage), "lblWebVersion", "Newest version :"};
   TextBox txtWebVersion{On(kWebsitePage), "txtWebVersion"};
+  Button cmdUpdate{On(kWebsitePage), "cmdUpdate", "Check now"};
   Label lblWinSockStatus{On(kWebsitePage), "lblWinSockStatus", "Connection :"};
   TextBox txtWinSockStatus{On(kWebsitePage), "txtWinSockStatus"};
-  Button cmdUpdate{On(kWebsitePage), "cmdUpdate", "Check now"};
 
   // Log options
   CheckBox chkSaveConversations{On(kLogOptionsPage), "chkSaveConversations", "Log conversations"};
@@ -186,6 +200,12 @@ class frmMain : public Window {
   // Repeat
   CheckBox chkUseRepeat{On(kRepeatPage), "chkUseRepeat", "Use repeat hotkeys", true};
   Label lblHotKeyRepeat{On(kRepeatPage), "lblHotKeyRepeat", ""};
+  std::array<Label, 4> lblSpokenMessages{{
+      {On(kRepeatPage), "lblSpokenMessages", "Ctrl+Shift+1", 0},
+      {On(kRepeatPage), "lblSpokenMessages", "Ctrl+Shift+2", 1},
+      {On(kRepeatPage), "lblSpokenMessages", "Ctrl+Shift+3", 2},
+      {On(kRepeatPage), "lblSpokenMessages", "Ctrl+Shift+4", 3},
+  }};
   std::array<TextBox, 4> txtSpokenMessages{{
       {On(kRepeatPage), "txtSpokenMessages", "", 0},
       {On(kRepeatPage), "txtSpokenMessages", "", 1},
@@ -206,12 +226,14 @@ class frmMain : public Window {
   Label lblBuddyNamesStatus{On(kContactInfoPage), "lblBuddyNamesStatus", "Status"};
   TextBox txtBuddyNamesStatus{On(kContactInfoPage), "txtBuddyNamesStatus"};
   CheckBox chkBuddyNamesIgnore{On(kContactInfoPage), "chkBuddyNamesIgnore", "Ignore"};
+  Label lblBuddyNamesGender{On(kContactInfoPage), "lblBuddyNamesGender", "Gender"};
   OptionButton optBuddyNamesMale{On(kContactInfoPage), contact_gender_, "optBuddyNamesMale",
                                  "Male"};
   OptionButton optBuddyNamesFemale{On(kContactInfoPage), contact_gender_, "optBuddyNamesFemale",
                                    "Female"};
-  Button cmdBuddyNamesOK{On(kContactInfoPage), "cmdBuddyNamesOK", "OK"};
-  Button cmdBuddyNamesCancel{On(kContactInfoPage), "cmdBuddyNamesCancel", "Cancel"};
+  Button cmdBuddyNamesOK{On(kContactInfoPage), "cmdBuddyNamesOK", "OK", -1, Button::Key::Enter};
+  Button cmdBuddyNamesCancel{On(kContactInfoPage), "cmdBuddyNamesCancel", "Cancel", -1,
+                             Button::Key::Escape};
   Button cmdBuddyNamesDelete{On(kContactInfoPage), "cmdBuddyNamesDelete", "Delete"};
 
   // Back to the defaults: on General, Text and Spoken, numbered by what they reset.

@@ -2,6 +2,8 @@
 
 #include <cstddef>
 
+#include "language/GetText.h"
+
 namespace brenwick {
 namespace {
 
@@ -22,6 +24,11 @@ void Element(F& form, const std::string& text) {
   (form.*Member)[Index].SetCaption(text);
 }
 
+template <std::size_t Index>
+void RepeatKey(F& form, const std::string& text) {
+  form.lblSpokenMessages[Index].SetCaption(GetText(text, std::to_string(Index + 1)));
+}
+
 void Introduction(F& form, const std::string& text) { form.txtIntroductionText.SetText(text); }
 
 constexpr FormText kTexts[] = {
@@ -40,6 +47,7 @@ constexpr FormText kTexts[] = {
     {151, Element<&F::fraPage, kRepeatPage>},
     {6, Element<&F::fraPage, kAboutPage>},
     {41, Element<&F::fraPage, kContactInfoPage>},
+    {8, Caption<&F::lblMenu>},
     {157, Caption<&F::cmdOK>},
 
     // General
@@ -74,6 +82,7 @@ constexpr FormText kTexts[] = {
     {15, Element<&F::cmdDefaults, 1>},
 
     // Voices
+    {181, Caption<&F::lblVoicesHint>},
     {15, Caption<&F::fraDefaultVoice>},
     {116, Caption<&F::optMale>},
     {117, Caption<&F::optFemale>},
@@ -93,6 +102,12 @@ constexpr FormText kTexts[] = {
     {65, Caption<&F::cmdSpeedTestFemale>},
 
     // The contact lists
+    {184, Caption<&F::lblBuddyNamesHint>},
+    {183, Caption<&F::lblIgnoreHint>},
+    {182, Caption<&F::lblGenderHint>},
+    {37, Caption<&F::lblBuddyNamesSort>},
+    {37, Caption<&F::lblIgnoreSort>},
+    {37, Caption<&F::lblGenderSort>},
     {155, Caption<&F::optBuddyNamesSortContact>},
     {166, Caption<&F::optBuddyNamesSortEmail>},
     {169, Caption<&F::optBuddyNamesSortName>},
@@ -111,6 +126,7 @@ constexpr FormText kTexts[] = {
     {169, Caption<&F::lblBuddyNamesFriendlyName>},
     {164, Caption<&F::lblBuddyNamesStatus>},
     {173, Caption<&F::chkBuddyNamesIgnore>},
+    {120, Caption<&F::lblBuddyNamesGender>},
     {116, Caption<&F::optBuddyNamesMale>},
     {117, Caption<&F::optBuddyNamesFemale>},
     {157, Caption<&F::cmdBuddyNamesOK>},
@@ -137,6 +153,10 @@ constexpr FormText kTexts[] = {
     {161, Caption<&F::chkLogDebugCleanUp>},
     {147, Caption<&F::lblLogDebugDaysToKeep>},
     {162, Caption<&F::chkUseRepeat>},
+    {185, RepeatKey<0>},
+    {185, RepeatKey<1>},
+    {185, RepeatKey<2>},
+    {185, RepeatKey<3>},
 
     // The tray menu
     {13, Caption<&F::mnuMute>},

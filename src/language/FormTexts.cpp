@@ -68,7 +68,7 @@ std::string FormTexts::AboutText() const {
       {135, VersionText()},
       {136, form_.cmbLanguage.Text()},
       {137, "eSpeak NG"},
-      {138, kPublisher},
+      {138, std::string("http://") + kPublisher + "/"},
   };
   for (const AboutLine& line : lines) {
     about += texts_.LoadText(line.heading) + kLineEnd + "\t" + line.data + kLineEnd;

@@ -115,6 +115,19 @@ TEST_F(FormTest, OptionsStartAsDesigned) {
   EXPECT_EQ(found, chosen);
 }
 
+TEST_F(FormTest, OnlyContactInfoHasKeysForItsButtons) {
+  std::vector<std::string> pressed;
+  for (Control* control : form.Controls()) {
+    const auto* button = dynamic_cast<Button*>(control);
+    if (button == nullptr || button->PressedBy() == Button::Key::None) continue;
+    EXPECT_EQ(button->Page(), kContactInfoPage);
+    pressed.push_back(button->Name());
+  }
+  EXPECT_EQ(pressed, (std::vector<std::string>{"cmdBuddyNamesOK", "cmdBuddyNamesCancel"}));
+  EXPECT_EQ(form.cmdBuddyNamesOK.PressedBy(), Button::Key::Enter);
+  EXPECT_EQ(form.cmdBuddyNamesCancel.PressedBy(), Button::Key::Escape);
+}
+
 TEST_F(FormTest, OptionsStandInFiveGroups) {
   const std::vector<std::vector<std::string>> groups = {
       {"optMale", "optFemale"},

@@ -55,10 +55,10 @@ class FormTextsTest : public testing::Test {
 TEST_F(FormTextsTest, SetEveryTextThatBelongsToTheWindow) {
   const std::set<int> elsewhere = {67, 88, 100, 125, 126, 127, 134, 135, 136, 137, 138};
   std::set<int> wanted;
-  const int ranges[][2] = {{6, 7},     {11, 13},   {15, 28},   {34, 36},   {41, 42},   {45, 46},
+  const int ranges[][2] = {{6, 8},     {11, 13},   {15, 28},   {34, 37},   {41, 42},   {45, 46},
                            {65, 67},   {76, 77},   {88, 88},   {98, 101},  {103, 105}, {115, 120},
                            {122, 127}, {134, 139}, {141, 147}, {150, 155}, {157, 162}, {164, 164},
-                           {166, 166}, {169, 169}, {173, 173}, {177, 180}};
+                           {166, 166}, {169, 169}, {173, 173}, {177, 185}};
   for (const auto& range : ranges) {
     for (int id = range[0]; id <= range[1]; ++id) {
       if (!elsewhere.contains(id)) wanted.insert(id);
@@ -113,6 +113,16 @@ TEST_F(FormTextsTest, TakeALaterTextWhereTheLanguageHasIt) {
   form_texts.SetAlltext(true);
   EXPECT_EQ(form.lblWebVersion.Caption(), "text 177");
   EXPECT_EQ(form.lblWinSockStatus.Caption(), "Connection :");
+}
+
+TEST_F(FormTextsTest, NameTheKeyOfEachSpokenMessage) {
+  std::string source;
+  for (int id = 1; id <= 185; ++id) source += id == 185 ? "Strg+%a\n" : "x\n";
+  world.folders.files["/program/Languages/English.TML"] = CodeLanguage(source);
+  form_texts.SetAlltext(true);
+  std::string captions;
+  for (const Label& label : form.lblSpokenMessages) captions += label.Caption() + " ";
+  EXPECT_EQ(captions, "Strg+1 Strg+2 Strg+3 Strg+4 ");
 }
 
 TEST_F(FormTextsTest, ShowWhereTheAbbreviationsAre) {

@@ -85,8 +85,8 @@ const std::map<std::string, std::set<std::string>> kShared = {
     {"Italiano", {" (online) ", " (offline) ", "No", "OK"}},
     {"Nederlands",
      {" (online) ", " (offline) ", "is online.", "is offline.", "Emoticons", "Website", "Contact",
-      "OK", "Status"}},
-    {"Português", {"Emoticons", "OK"}}};
+      "OK", "Status", "Ctrl+Shift+%a"}},
+    {"Português", {"Emoticons", "OK", "Ctrl+Shift+%a"}}};
 
 // Composed characters, as Languages() compares bytes: "Español" has to lower-case to "español".
 TEST(Languages, AreSeven) {
