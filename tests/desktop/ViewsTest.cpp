@@ -1,7 +1,6 @@
 // The window's views: each shows what its control holds, and the user's hand reaches the control.
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
@@ -14,43 +13,12 @@
 #include <string>
 
 #include "base/Failure.h"
-#include "desktop/qt/MainWindowView.h"
-#include "desktop/qt/Mnemonics.h"
-#include "forms/frmMain.h"
+#include "desktop/WindowFixture.h"
 
 namespace brenwick {
 namespace {
 
-class ViewsTest : public testing::Test {
- protected:
-  ViewsTest() {
-    window.HasTray = [] { return true; };
-    form.Show();
-  }
-
-  template <typename Widget>
-  Widget& Find(const char* name) {
-    auto* widget = window.findChild<Widget*>(name);
-    if (widget == nullptr) throw std::runtime_error(std::string("there is no ") + name);
-    return *widget;
-  }
-
-  void ShowPage(int shown) {
-    for (Frame& page : form.fraPage) page.SetVisible(page.Index() == shown);
-  }
-
-  // Without a screen, wherever the tests run.
-  bool offscreen = qputenv("QT_QPA_PLATFORM", "offscreen");
-  int argc = 1;
-  char program[8] = "desktop";
-  char* argv[2] = {program, nullptr};
-  QApplication application{argc, argv};
-
-  frmMain form;
-  EndOfProgram end;
-  Views views{end};
-  MainWindowView window{form, views};
-};
+using ViewsTest = WindowFixture;
 
 TEST_F(ViewsTest, EveryControlOfAPageHasAView) {
   for (const Control* control : form.Controls()) {
@@ -133,7 +101,10 @@ TEST_F(ViewsTest, AListShowsItsCellsAndFollowsTheSelection) {
   EXPECT_EQ(view.model()->index(0, 0).data().toString(), "Ann");
   EXPECT_EQ(view.model()->index(1, 3).data().toString(), "(bob@x)");
   form.lstGender.SetListIndex(1);
+  QApplication::processEvents();
   EXPECT_EQ(view.currentIndex().row(), 1);
+  form.lstGender.SetListIndex(0);
+  EXPECT_EQ(view.currentIndex().row(), 0);
   view.setCurrentIndex(view.model()->index(0, 0));
   EXPECT_EQ(form.lstGender.ListIndex(), 0);
   std::string typed;
@@ -146,7 +117,9 @@ TEST_F(ViewsTest, NoNeighbourIsChosenForALineThatGoes) {
   form.lstGender.AddItem("Ann");
   form.lstGender.AddItem("Bob");
   form.lstGender.SetListIndex(0);
+  QApplication::processEvents();
   form.lstGender.RemoveItem(0);
+  QApplication::processEvents();
   EXPECT_EQ(form.lstGender.ListIndex(), -1);
   EXPECT_FALSE(Find<QTreeView>("lstGender").currentIndex().isValid());
 }

@@ -2,6 +2,7 @@
 
 #include <QMouseEvent>
 
+#include "desktop/qt/LabelText.h"
 #include "desktop/qt/Mnemonics.h"
 #include "desktop/qt/Strings.h"
 
@@ -23,6 +24,15 @@ class OptionView : public QRadioButton {
 
  private:
   bool by_mouse_ = false;
+};
+
+// Some styles leave no room beside the words.
+class ButtonView : public QPushButton {
+ public:
+  using QPushButton::QPushButton;
+  QSize sizeHint() const override {
+    return QPushButton::sizeHint().grownBy({0, 0, fontMetrics().height(), 0});
+  }
 };
 
 }  // namespace
@@ -54,8 +64,10 @@ QRadioButton* MakeView(OptionButton& option, Views& views, QWidget& parent) {
 }
 
 QPushButton* MakeView(Button& button, Views& views, QWidget& parent) {
-  auto* view = new QPushButton(&parent);
-  view->setAutoDefault(false);
+  auto* view = new ButtonView(&parent);
+  // Enter presses the button that has the keyboard, or else the page's own.
+  view->setAutoDefault(true);
+  view->setDefault(button.PressedBy() == Button::Key::Enter);
   views.Mirror(button, *view, [&button, view] { SetCaption(*view, ToQt(button.Caption())); });
   QObject::connect(view, &QPushButton::clicked, view,
                    [&button, &views] { views.Knock([&button] { button.UserClick(); }); });
@@ -64,8 +76,14 @@ QPushButton* MakeView(Button& button, Views& views, QWidget& parent) {
 
 QLabel* MakeView(Label& label, Views& views, QWidget& parent) {
   auto* view = new QLabel(&parent);
-  view->setTextFormat(Qt::PlainText);
-  views.Mirror(label, *view, [&label, view] { SetCaption(*view, ToQt(label.Caption())); });
+  views.Mirror(label, *view, [&label, view] {
+    const QString caption = ToQt(label.Caption());
+    const bool rich = IsRich(caption);
+    view->setTextFormat(rich ? Qt::RichText : Qt::PlainText);
+    view->setTextInteractionFlags(rich ? Qt::TextBrowserInteraction : Qt::NoTextInteraction);
+    view->setOpenExternalLinks(rich);
+    rich ? view->setText(ToHtml(caption)) : SetCaption(*view, caption);
+  });
   return view;
 }
 

@@ -2,8 +2,11 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QTimer>
+#include <algorithm>
 
 #include "desktop/qt/ListModel.h"
+#include "desktop/qt/RoomyLines.h"
 
 namespace brenwick {
 namespace {
@@ -21,8 +24,13 @@ class ListView : public QTreeView {
     setHeaderHidden(true);
     setAllColumnsShowFocus(true);
     header()->setResizeContentsPrecision(kLinesThatCount);
-    header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    // Lines that are too long for the window are reached by scrolling.
+    header()->setStretchLastSection(false);
+    header()->setMinimumSectionSize(0);
+    setHorizontalScrollMode(ScrollPerPixel);
+    setItemDelegate(new RoomyLines(this));
     setSizeAdjustPolicy(AdjustIgnored);
+    ObserveLines();
     views_.Mirror(list_, *this, [this] { Show(); });
     connect(this, &QTreeView::doubleClicked, this,
             [this] { views_.Knock([this] { list_.UserDoubleClick(); }); });
@@ -42,6 +50,11 @@ class ListView : public QTreeView {
     showing_ = false;
   }
 
+  void resizeEvent(QResizeEvent* event) override {
+    QTreeView::resizeEvent(event);
+    FitColumns();
+  }
+
   void keyPressEvent(QKeyEvent* event) override {
     const std::u32string typed = event->text().toStdU32String();
     if (!typed.empty()) views_.Knock([&] { list_.UserKey(static_cast<int>(typed[0])); });
@@ -50,7 +63,39 @@ class ListView : public QTreeView {
   }
 
  private:
+  // Qt lays out all lines before it measures or selects one: once for all that come at a time.
+  void ObserveLines() {
+    new_lines_.setSingleShot(true);
+    connect(&new_lines_, &QTimer::timeout, this, [this] {
+      FitColumns();
+      ShowSelection();
+    });
+    const auto wait = [this] {
+      if (!new_lines_.isActive()) new_lines_.start();
+    };
+    connect(model(), &QAbstractItemModel::rowsInserted, this, wait);
+    connect(model(), &QAbstractItemModel::rowsRemoved, this, wait);
+    connect(model(), &QAbstractItemModel::dataChanged, this, wait);
+    connect(model(), &QAbstractItemModel::modelReset, this, wait);
+  }
+
+  // As wide as their cells; the last reaches to the end of the view, and so does the colour of a
+  // selected line.
+  void FitColumns() {
+    const int last = model()->columnCount() - 1;
+    int room = viewport()->width();
+    for (int column = 0; column <= last; ++column) {
+      const int width = sizeHintForColumn(column);
+      header()->resizeSection(column, column == last ? std::max(width, room) : width);
+      room -= width;
+    }
+  }
+
   void Show() {
+    if (!new_lines_.isActive()) ShowSelection();
+  }
+
+  void ShowSelection() {
     if (currentIndex().row() == list_.ListIndex()) return;
     showing_ = true;
     if (list_.ListIndex() < 0) {
@@ -63,6 +108,7 @@ class ListView : public QTreeView {
 
   ListBox& list_;
   Views& views_;
+  QTimer new_lines_;
   bool showing_ = false;  // the selection follows the program's, not the user's hand
 };
 

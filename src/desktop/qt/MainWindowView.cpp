@@ -1,9 +1,14 @@
 #include "desktop/qt/MainWindowView.h"
 
 #include <QCloseEvent>
+#include <QKeyEvent>
+#include <QScreen>
 #include <QScrollArea>
+#include <QShortcut>
 #include <QVBoxLayout>
 #include <QWindow>
+#include <utility>
+#include <vector>
 
 #include "desktop/qt/ButtonViews.h"
 #include "desktop/qt/Mnemonics.h"
@@ -15,8 +20,9 @@ namespace brenwick {
 namespace {
 
 constexpr int kTwipsPerPixel = 15;
-// Pixels: room for the longest page in most languages.
-constexpr QSize kFirstSize{680, 480};
+// In characters and lines of the desktop's font.
+constexpr int kFirstColumns = 114;
+constexpr int kFirstRows = 33;
 
 }  // namespace
 
@@ -29,15 +35,54 @@ MainWindowView::MainWindowView(frmMain& form, Views& views)
   buttons->addStretch(1);
   buttons->addWidget(MakeView(form_.cmdOK, views_, *this));
   rows->addLayout(buttons);
-  resize(kFirstSize);
+  resize(FirstSize());
   ObserveWindow();
+  ObserveKeys();
+}
+
+// Most languages have room for every page in it, in whatever font the desktop has.
+QSize MainWindowView::FirstSize() const {
+  const QFontMetrics metrics = fontMetrics();
+  const QSize wanted(metrics.averageCharWidth() * kFirstColumns,
+                     metrics.lineSpacing() * kFirstRows);
+  return wanted.boundedTo(screen()->availableSize());
+}
+
+// From page to page from wherever the keyboard is, and the keys that press a page's own buttons.
+void MainWindowView::ObserveKeys() {
+  const auto observe = [this](const QKeySequence& key, int step) {
+    connect(new QShortcut(key, this), &QShortcut::activated, this, [this, step] {
+      const int entry = form_.lstMenu.ListIndex() + step;
+      if (entry < 0 || entry >= form_.lstMenu.ListCount()) return;
+      views_.Knock([&] { form_.lstMenu.UserSelect(entry); });
+    });
+  };
+  observe(Qt::CTRL | Qt::Key_PageUp, -1);
+  observe(Qt::CTRL | Qt::Key_PageDown, 1);
+}
+
+void MainWindowView::keyPressEvent(QKeyEvent* event) {
+  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  const bool escape = event->key() == Qt::Key_Escape;
+  if (!enter && !escape) return QWidget::keyPressEvent(event);
+  const Button::Key pressed = enter ? Button::Key::Enter : Button::Key::Escape;
+  for (Control* control : form_.Controls()) {
+    auto* button = dynamic_cast<Button*>(control);
+    if (button == nullptr || button->PressedBy() != pressed) continue;
+    if (button->Page() != pages_->currentIndex()) continue;
+    views_.Knock([button] { button->UserClick(); });
+  }
 }
 
 QWidget* MainWindowView::MakeContent() {
   auto* content = new QWidget(this);
   auto* columns = new QHBoxLayout(content);
   columns->setContentsMargins(0, 0, 0, 0);
-  columns->addWidget(MakePageList(form_.lstMenu, views_, *content));
+  QListWidget* list = MakePageList(form_.lstMenu, views_, *content);
+  const auto name = [this, list] { list->setAccessibleName(ToQt(form_.lblMenu.Caption())); };
+  name();
+  views_.Keep(form_.lblMenu.Changed.Observe(name));
+  columns->addWidget(list);
   for (int page = 0; page < kPageCount; ++page) pages_->addWidget(MakePage(page));
   columns->addWidget(pages_, 1);
   return content;
@@ -48,22 +93,20 @@ QWidget* MainWindowView::MakePage(int page) {
   auto* scroller = new QScrollArea(pages_);
   auto* content = new QWidget(scroller);
   content->setObjectName("page" + QString::number(page));
-  PageBuilder builder(*content, views_);
+  Frame& frame = form_.fraPage[static_cast<std::size_t>(page)];
+  std::vector<Control*> controls;
   for (Control* control : form_.Controls()) {
-    if (control->Page() == page && control != &form_.fraPage[static_cast<std::size_t>(page)]) {
-      builder.Add(*control);
-    }
+    if (control->Page() == page && control != &frame) controls.push_back(control);
   }
-  builder.Finish();
-  for (Control* control : form_.Controls()) {
-    if (control->Page() == page) {
-      views_.Keep(control->Changed.Observe([content] { AssignMnemonics(*content); }));
-    }
+  PageBuilder(*content, frame, views_).Build(controls);
+  for (Control* control : controls) {
+    if (dynamic_cast<CaptionedControl*>(control) == nullptr) continue;
+    views_.Keep(control->Changed.Observe([content] { AssignMnemonics(*content); }));
   }
   scroller->setWidget(content);
   scroller->setWidgetResizable(true);
   scroller->setFrameShape(QFrame::NoFrame);
-  Frame& frame = form_.fraPage[static_cast<std::size_t>(page)];
+  scroller->setFocusPolicy(Qt::NoFocus);
   views_.Keep(frame.Changed.Observe([this, &frame, content, page] {
     content->setEnabled(frame.Enabled());
     if (frame.Visible()) ShowPage(page);

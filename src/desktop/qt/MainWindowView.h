@@ -24,12 +24,15 @@ class MainWindowView : public QWidget {
  protected:
   void closeEvent(QCloseEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
   void moveEvent(QMoveEvent* event) override;
 
  private:
   QWidget* MakeContent();
   QWidget* MakePage(int page);
+  QSize FirstSize() const;
   void ObserveWindow();
+  void ObserveKeys();
   void ShowOrHide();
   void ShowPage(int page);
   void RestoreFromTaskBar();

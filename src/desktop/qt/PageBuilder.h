@@ -7,6 +7,8 @@
 #include <QLabel>
 #include <QVBoxLayout>
 #include <QWidget>
+#include <deque>
+#include <map>
 #include <vector>
 
 #include "controls/Buttons.h"
@@ -18,39 +20,50 @@
 
 namespace brenwick {
 
-// The rules: a label in front of a box stands beside it, and a button behind a combo box, or behind
-// any box in a frame, at its other side; option buttons that follow each other share a row, and so
-// do buttons; a frame gathers what follows it; lists take what room is left; everything else has a
-// row of its own.
+// The rules: the page's title is above all. A label stands in front of the box, the option buttons
+// or the button that follows it, and names them for those who cannot see; any other label is a
+// text of its own. Option buttons that follow each other share a row, and so do buttons, but one
+// alone behind a box stands beside it. A frame gathers what follows it. Lists take what room is
+// left. The buttons of an array, which stand on several pages, are at the foot of each.
 class PageBuilder {
  public:
-  PageBuilder(QWidget& page, Views& views);
+  PageBuilder(QWidget& page, Frame& frame, Views& views);
 
-  void Add(Control& control);
-  // After the last control.
-  void Finish();
+  void Build(const std::vector<Control*>& controls);
 
  private:
-  enum class Kind { Nothing, Label, Box, Option, Button, Other };
+  struct WaitingLabel {
+    Label& control;
+    QLabel& view;
+  };
+  enum class Kind { Nothing, Box, Option, Button, Other };
 
+  void Add(Control& control, const Control* next);
   void AddLabel(Label& label);
-  void AddBox(Control& box, QWidget& view);
+  void AddBox(QWidget& view, bool wide);
+  void AddList(ListBox& list);
   void AddOption(OptionButton& option);
-  void AddButton(Button& button);
+  void AddButton(Button& button, bool alone);
+  void AddToFoot(QWidget& view);
   void AddFrame(Frame& frame);
-  void AddRow(QWidget& view, int stretch = 0);
-  void PlaceLabel();
-  void EndGroup();
+  int AddRow(QWidget& view);
+  void AddSharedRow(int column);
+  void PlaceLabels();
+  void Finish();
+  void KeepTabForChosen();
   QWidget& Parent() const;
 
   QWidget& page_;
+  Frame& frame_;
   Views& views_;
   QVBoxLayout* rows_;
   QWidget* group_ = nullptr;       // the frame that gathers, or none
   QGridLayout* grid_ = nullptr;    // where rows go
   QHBoxLayout* shared_ = nullptr;  // the row that option buttons or buttons share
-  QLabel* waiting_label_ = nullptr;
-  Control* waiting_label_control_ = nullptr;
+  QHBoxLayout* foot_ = nullptr;
+  QWidget* last_box_ = nullptr;
+  std::deque<WaitingLabel> waiting_;
+  std::map<const OptionGroup*, QButtonGroup*> options_;
   Kind last_ = Kind::Nothing;
   bool stretched_ = false;
 };

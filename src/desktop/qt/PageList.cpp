@@ -1,25 +1,19 @@
 #include "desktop/qt/PageList.h"
 
-#include <algorithm>
+#include <QScrollBar>
 
+#include "desktop/qt/PageIcons.h"
+#include "desktop/qt/RoomyLines.h"
 #include "desktop/qt/Strings.h"
 #include "forms/Pages.h"
 
 namespace brenwick {
 namespace {
 
-constexpr int kIconSize = 22;
-
-// By the numbers of the pages; the free ones have none.
-constexpr const char* kIcons[kPageCount] = {
-    "general", "spoken",       "text",    "voices", "buddynames", "ignore", "gender", "",
-    "words",   "savesettings", "website", "log",    "repeat",     "",       "about",  "",
-};
+constexpr int kIconSize = 22;  // pixels
 
 QIcon IconOf(std::size_t entry) {
-  if (entry >= kPageTitles.size()) return {};
-  const int page = kPageTitles[entry].page;
-  return QIcon(QString(":/icons/pages/%1.svg").arg(kIcons[page]));
+  return entry < kPageTitles.size() ? PageIcon(kPageTitles[entry].page) : QIcon();
 }
 
 class PageList : public QListWidget {
@@ -29,6 +23,8 @@ class PageList : public QListWidget {
     setIconSize({kIconSize, kIconSize});
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setUniformItemSizes(true);
+    setItemDelegate(new RoomyLines(this));
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
     views_.Mirror(list_, *this, [this] { Show(); });
     connect(this, &QListWidget::currentRowChanged, this, [this](int row) {
       if (!showing_ && row >= 0) views_.Knock([&] { list_.UserSelect(row); });
@@ -36,29 +32,22 @@ class PageList : public QListWidget {
   }
 
   QSize sizeHint() const override {
-    return {sizeHintForColumn(0) + 2 * frameWidth() + kIconSize, QListWidget::sizeHint().height()};
+    // With the scroll bar that a low window has.
+    const int bar = verticalScrollBar()->sizeHint().width();
+    return {sizeHintForColumn(0) + 2 * frameWidth() + bar, QListWidget::sizeHint().height()};
   }
 
  private:
   void Show() {
     showing_ = true;
-    if (!IsShown()) {
-      clear();
-      for (std::size_t i = 0; i < list_.Items().size(); ++i) {
-        addItem(new QListWidgetItem(IconOf(i), ToQt(list_.Items()[i])));
-      }
-      setFixedWidth(sizeHint().width());
+    while (count() > list_.ListCount()) delete takeItem(count() - 1);
+    for (int i = 0; i < list_.ListCount(); ++i) {
+      if (i == count()) addItem(new QListWidgetItem(IconOf(static_cast<std::size_t>(i)), {}));
+      if (item(i)->text() != ToQt(list_.List(i))) item(i)->setText(ToQt(list_.List(i)));
     }
     setCurrentRow(list_.ListIndex());
+    updateGeometry();
     showing_ = false;
-  }
-
-  bool IsShown() const {
-    if (count() != list_.ListCount()) return false;
-    for (int i = 0; i < count(); ++i) {
-      if (item(i)->text() != ToQt(list_.List(i))) return false;
-    }
-    return true;
   }
 
   ListBox& list_;

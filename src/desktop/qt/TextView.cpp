@@ -1,5 +1,6 @@
 #include "desktop/qt/TextView.h"
 
+#include <QApplication>
 #include <QFocusEvent>
 
 #include "desktop/qt/Strings.h"
@@ -17,7 +18,18 @@ class TextView : public QLineEdit {
     });
   }
 
+  QSize sizeHint() const override {
+    QSize size = QLineEdit::sizeHint();
+    if (box_.Columns() > 0) size.setWidth(fontMetrics().horizontalAdvance('0') * box_.Columns());
+    return size;
+  }
+
  protected:
+  void changeEvent(QEvent* event) override {
+    QLineEdit::changeEvent(event);
+    if (event->type() == QEvent::ApplicationPaletteChange) Colour();
+  }
+
   void focusOutEvent(QFocusEvent* event) override {
     QLineEdit::focusOutEvent(event);
     // The window's own menu, or another program in front, is no leaving.
@@ -35,9 +47,18 @@ class TextView : public QLineEdit {
       if (!hasFocus()) setCursorPosition(0);
     }
     setReadOnly(box_.Locked());
+    Colour();
+    if (box_.Columns() > 0) setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     if (box_.SelLength() == 0) return;
     const int start = PlaceInQt(box_.Text(), box_.SelStart());
     setSelection(start, PlaceInQt(box_.Text(), box_.SelStart() + box_.SelLength()) - start);
+  }
+
+  // What cannot be written into does not look as if it could.
+  void Colour() {
+    QPalette colours;
+    if (box_.Locked()) colours.setBrush(QPalette::Base, QApplication::palette().window());
+    if (colours.resolveMask() != palette().resolveMask() || box_.Locked()) setPalette(colours);
   }
 
   TextBox& box_;

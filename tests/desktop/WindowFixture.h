@@ -1,0 +1,46 @@
+// The main window over a form without a program, where no screen is needed.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <stdexcept>
+#include <string>
+
+#include "desktop/qt/MainWindowView.h"
+#include "forms/frmMain.h"
+
+namespace brenwick {
+
+class WindowFixture : public testing::Test {
+ protected:
+  WindowFixture() {
+    window.HasTray = [] { return true; };
+    form.Show();
+  }
+
+  template <typename Widget>
+  Widget& Find(const std::string& name) {
+    auto* widget = window.findChild<Widget*>(QString::fromStdString(name));
+    if (widget == nullptr) throw std::runtime_error("there is no " + name);
+    return *widget;
+  }
+
+  void ShowPage(int shown) {
+    for (Frame& page : form.fraPage) page.SetVisible(page.Index() == shown);
+  }
+
+  // Without a screen, wherever the tests run.
+  bool offscreen = qputenv("QT_QPA_PLATFORM", "offscreen");
+  int argc = 1;
+  char program[8] = "desktop";
+  char* argv[2] = {program, nullptr};
+  QApplication application{argc, argv};
+
+  frmMain form;
+  EndOfProgram end;
+  Views views{end};
+  MainWindowView window{form, views};
+};
+
+}  // namespace brenwick
