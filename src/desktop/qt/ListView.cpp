@@ -11,8 +11,9 @@
 namespace brenwick {
 namespace {
 
-// So many of the first lines decide how wide the columns are: looking at all would take too long.
-constexpr int kLinesThatCount = 200;
+// So many of the lines that come at a time decide how wide the columns are: looking at all would
+// take too long.
+constexpr int kLinesThatCount = 1000;
 
 class ListView : public QTreeView {
  public:
@@ -23,7 +24,6 @@ class ListView : public QTreeView {
     setUniformRowHeights(true);
     setHeaderHidden(true);
     setAllColumnsShowFocus(true);
-    header()->setResizeContentsPrecision(kLinesThatCount);
     // Lines that are too long for the window are reached by scrolling.
     header()->setStretchLastSection(false);
     header()->setMinimumSectionSize(0);
@@ -50,6 +50,11 @@ class ListView : public QTreeView {
     showing_ = false;
   }
 
+  void changeEvent(QEvent* event) override {
+    QTreeView::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) MeasureAnew();
+  }
+
   void resizeEvent(QResizeEvent* event) override {
     QTreeView::resizeEvent(event);
     FitColumns();
@@ -67,27 +72,51 @@ class ListView : public QTreeView {
   void ObserveLines() {
     new_lines_.setSingleShot(true);
     connect(&new_lines_, &QTimer::timeout, this, [this] {
+      measured_ = 0;
       FitColumns();
       ShowSelection();
     });
-    const auto wait = [this] {
-      if (!new_lines_.isActive()) new_lines_.start();
-    };
-    connect(model(), &QAbstractItemModel::rowsInserted, this, wait);
-    connect(model(), &QAbstractItemModel::rowsRemoved, this, wait);
-    connect(model(), &QAbstractItemModel::dataChanged, this, wait);
-    connect(model(), &QAbstractItemModel::modelReset, this, wait);
+    using Model = QAbstractItemModel;
+    connect(model(), &Model::rowsInserted, this,
+            [this](const QModelIndex&, int first, int last) { Measure(first, last); });
+    connect(
+        model(), &Model::dataChanged, this,
+        [this](const QModelIndex& from, const QModelIndex& to) { Measure(from.row(), to.row()); });
+    connect(model(), &Model::rowsRemoved, this, [this] { Wait(); });
+    connect(model(), &Model::modelReset, this, [this] { MeasureAnew(); });
+    MeasureAnew();
+  }
+
+  void Wait() {
+    if (!new_lines_.isActive()) new_lines_.start();
+  }
+
+  // A column never becomes narrower by new lines, so that those that are there need no second look.
+  void Measure(int first, int last) {
+    widths_.resize(model()->columnCount());
+    for (int line = first; line <= last && measured_ < kLinesThatCount; ++line, ++measured_) {
+      for (int column = 0; column < widths_.size(); ++column) {
+        const int width = sizeHintForIndex(model()->index(line, column)).width();
+        widths_[column] = std::max(widths_[column], width);
+      }
+    }
+    Wait();
+  }
+
+  void MeasureAnew() {
+    widths_.clear();
+    measured_ = 0;
+    Measure(0, model()->rowCount() - 1);
   }
 
   // As wide as their cells; the last reaches to the end of the view, and so does the colour of a
   // selected line.
   void FitColumns() {
-    const int last = model()->columnCount() - 1;
     int room = viewport()->width();
-    for (int column = 0; column <= last; ++column) {
-      const int width = sizeHintForColumn(column);
-      header()->resizeSection(column, column == last ? std::max(width, room) : width);
-      room -= width;
+    for (int column = 0; column < widths_.size(); ++column) {
+      const bool last = column + 1 == widths_.size();
+      header()->resizeSection(column, last ? std::max(widths_[column], room) : widths_[column]);
+      room -= widths_[column];
     }
   }
 
@@ -109,6 +138,8 @@ class ListView : public QTreeView {
   ListBox& list_;
   Views& views_;
   QTimer new_lines_;
+  QList<int> widths_;  // of the columns
+  int measured_ = 0;
   bool showing_ = false;  // the selection follows the program's, not the user's hand
 };
 
