@@ -1,6 +1,7 @@
 #include "desktop/qt/PageList.h"
 
 #include <QScrollBar>
+#include <algorithm>
 
 #include "desktop/qt/PageIcons.h"
 #include "desktop/qt/RoomyLines.h"
@@ -10,7 +11,7 @@
 namespace brenwick {
 namespace {
 
-constexpr int kIconSize = 22;  // pixels
+constexpr int kLeastIcon = 22;  // pixels
 
 QIcon IconOf(std::size_t entry) {
   return entry < kPageTitles.size() ? PageIcon(kPageTitles[entry].page) : QIcon();
@@ -20,7 +21,8 @@ class PageList : public QListWidget {
  public:
   PageList(ListBox& list, Views& views, QWidget& parent)
       : QListWidget(&parent), list_(list), views_(views) {
-    setIconSize({kIconSize, kIconSize});
+    const int icon = std::max(kLeastIcon, fontMetrics().height() * 7 / 5);
+    setIconSize({icon, icon});
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setUniformItemSizes(true);
     setItemDelegate(new RoomyLines(this));
