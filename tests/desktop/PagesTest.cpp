@@ -60,6 +60,13 @@ class PagesTest : public WindowFixture {
     for (const FormText& row : FormTextTable()) {
       row.set(form, texts.at(static_cast<std::size_t>(row.id)));
     }
+    std::string about;
+    for (std::size_t id = 125; id <= 138; ++id) about += texts.at(id) + "\r\n";
+    form.lblAbout.SetCaption(about);
+    for (Label* note : {&form.lblHotKeyActivateBW, &form.lblHotKeySilent, &form.lblHotKeyRepeat}) {
+      note->SetCaption(texts.at(176));
+      note->SetVisible(true);
+    }
     form.lblAbbreviationsFile.SetCaption("/home/somebody/Documents/Brenwick/Abbreviations.Txt");
   }
 
