@@ -29,7 +29,8 @@ StatusView::StatusView(frmStatus& form, Views& views) : form_(form) {
 void StatusView::ShowOrHide() {
   if (!form_.Visible()) {
     hide();
-    // A window that is wanted again before the X server has told of its hiding comes with a warning.
+    // A window that is wanted again before the X server has told of its hiding comes with a
+    // warning.
     destroy();
     return;
   }
