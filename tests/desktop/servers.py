@@ -98,7 +98,9 @@ class PrivateDesktop:
             # Without a bus of its own a program would start one, or find the user's.
             "DBUS_SESSION_BUS_ADDRESS": "unix:path=/nowhere", "TMPDIR": str(self.folder),
         }
-        for name in ("ASAN_OPTIONS", "UBSAN_OPTIONS", "LSAN_OPTIONS"):
+        leaks = pathlib.Path(__file__).with_name("leaks.supp")
+        self.environment["LSAN_OPTIONS"] = f"suppressions={leaks}:print_suppressions=0"
+        for name in ("ASAN_OPTIONS", "UBSAN_OPTIONS"):
             if name in os.environ:
                 self.environment[name] = os.environ[name]
         try:
