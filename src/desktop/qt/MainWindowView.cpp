@@ -29,15 +29,27 @@ constexpr int kFirstRows = 33;
 MainWindowView::MainWindowView(frmMain& form, Views& views)
     : form_(form), views_(views), pages_(new QStackedWidget(this)) {
   setObjectName("frmMain");
+  resize(FirstSize());
+  ObserveWindow();
+  ObserveKeys();
+}
+
+void MainWindowView::setVisible(bool visible) {
+  if (visible) Build();
+  QWidget::setVisible(visible);
+}
+
+void MainWindowView::Build() {
+  if (std::exchange(built_, true)) return;
   auto* rows = new QVBoxLayout(this);
   rows->addWidget(MakeContent(), 1);
   auto* buttons = new QHBoxLayout;
   buttons->addStretch(1);
   buttons->addWidget(MakeView(form_.cmdOK, views_, *this));
   rows->addLayout(buttons);
-  resize(FirstSize());
-  ObserveWindow();
-  ObserveKeys();
+  for (int page = kPageCount - 1; page >= 0; --page) {
+    if (form_.fraPage[static_cast<std::size_t>(page)].Visible()) ShowPage(page);
+  }
 }
 
 // Most languages have room for every page in it, in whatever font the desktop has.

@@ -15,11 +15,17 @@ class MainWindowView : public QWidget {
  public:
   MainWindowView(frmMain& form, Views& views);
 
+  // Makes the pages. Else they are made when the window is shown for the first time: who leaves it
+  // in the notification area waits for none and gives no memory for them.
+  void Build();
+
   // True while there is a notification area that a hidden window can be called back from. Without
   // one the window stays in the task bar.
   std::function<bool()> HasTray;
   // To be called when a notification area has appeared or gone.
   void TrayChanged();
+
+  void setVisible(bool visible) override;
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -43,6 +49,7 @@ class MainWindowView : public QWidget {
   frmMain& form_;
   Views& views_;
   QStackedWidget* pages_;
+  bool built_ = false;
   bool asked_ = false;  // for a place; the window system has not answered where it put the window
   bool restoring_ = false;  // the window is on the screen already, and stays there
 };

@@ -34,11 +34,17 @@ struct Windows {
       : views(end),
         main(program.Form(), views),
         status(program.Status().Form(), views),
-        likeness(program.Form(), main, program.Status().Form(), status) {
+        likeness(program.Form(), Built(main), program.Status().Form(), status) {
     main.HasTray = [] { return true; };
     frmMain& form = program.Form();
     FillMenu(menu, form, views);
     views.Keep(form.PopupMenuWanted.Observe([this, &form] { FillMenu(menu, form, views); }));
+  }
+
+  // Most scripts never open it, and are to be seen in it all the same.
+  static const MainWindowView& Built(MainWindowView& window) {
+    window.Build();
+    return window;
   }
 
   EndOfProgram end;
