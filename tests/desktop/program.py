@@ -7,7 +7,7 @@ from servers import LIMIT, Failed, await_that
 
 STORE = "brenwick/store.ini"
 CONTACTS = "Brenwick/Brenwick.Lst"
-AUTOSTART = "autostart/org.brenwick.Brenwick.desktop"
+AUTOSTART = "autostart/brenwick.desktop"
 STARTED = "Startup - Completed"
 
 

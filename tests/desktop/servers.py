@@ -3,6 +3,7 @@
 Nothing of the user's own desktop is seen or touched, and everything that is started is ended again,
 each process by its own id.
 """
+import ctypes
 import os
 import pathlib
 import select
@@ -48,6 +49,15 @@ def await_that(condition, what, seen=lambda: ""):
         time.sleep(0.02)
 
 
+PR_SET_PDEATHSIG = 1
+LIBC = ctypes.CDLL(None)
+
+
+def end_with_the_test():
+    """A test that is killed leaves nothing running."""
+    LIBC.prctl(PR_SET_PDEATHSIG, signal.SIGTERM)
+
+
 class Server:
     """A process with all that it starts itself, which is its process group."""
 
@@ -58,7 +68,7 @@ class Server:
             self.process = subprocess.Popen(
                 [str(part) for part in command], env=environment, stdin=subprocess.DEVNULL,
                 stdout=options.pop("stdout", output), stderr=output, start_new_session=True,
-                **options)
+                preexec_fn=end_with_the_test, **options)
 
     def end(self):
         for number in (signal.SIGTERM, signal.SIGKILL):
