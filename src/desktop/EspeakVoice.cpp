@@ -26,16 +26,14 @@ std::unique_ptr<SoundOutput> MakeOutput(const EspeakOptions& options, int sample
 }  // namespace
 
 EspeakVoice::EspeakVoice(const EspeakOptions& options)
-    : output_(MakeOutput(options, engine_.SampleRate())),
-      to_file_(!options.wav_file.empty()),
-      has_sound_(output_->Ready()) {
+    : output_(MakeOutput(options, engine_.SampleRate())), to_file_(!options.wav_file.empty()) {
   std::vector<EspeakVoiceEntry> voices = engine_.Voices(options.locale);
   preferred_ = PreferredVoices(voices);
   for (EspeakVoiceEntry& voice : voices) {
     descriptions_.push_back(std::move(voice.description));
     identifiers_.push_back(std::move(voice.identifier));
   }
-  thread_ = std::thread([this] { Work(); });
+  thread_ = std::thread([this, no_sound = options.no_sound] { Work(no_sound); });
 }
 
 EspeakVoice::~EspeakVoice() {
@@ -86,8 +84,19 @@ bool EspeakVoice::WaitUntilSilent(std::chrono::milliseconds timeout) {
   return silence_.wait_for(lock, timeout, [this] { return silent_; });
 }
 
-void EspeakVoice::Work() {
+bool EspeakVoice::HasSound() {
   std::unique_lock lock(mutex_);
+  silence_.wait(lock, [this] { return looked_; });
+  return has_sound_;
+}
+
+// The device is looked for here since that takes a while, in which the program can start.
+void EspeakVoice::Work(const std::function<void()>& no_sound) {
+  has_sound_ = output_->Ready();
+  if (!has_sound_ && no_sound) no_sound();
+  std::unique_lock lock(mutex_);
+  looked_ = true;
+  silence_.notify_all();
   while (!closing_) WorkOnce(lock);
 }
 

@@ -40,6 +40,8 @@ struct EspeakOptions {
   // The file is written only as fast as it would be heard, so that a purge cuts what would not
   // have been heard.
   bool as_heard = false;
+  // Called once, on the thread that speaks, where there is no sound device at the start.
+  std::function<void()> no_sound = {};
   // Makes another output than these two, for samples at the given rate.
   std::function<std::unique_ptr<SoundOutput>(int sample_rate)> output = {};
 };
@@ -70,8 +72,8 @@ class EspeakVoice : public SpVoice {
   void Speak(const std::string& text, int flags) override;
 
   // False while there is no sound device: what is spoken then is not heard. The device is looked
-  // for at the start and again at every sentence.
-  bool HasSound() const { return has_sound_; }
+  // for at the start, for which this waits, and again at every sentence.
+  bool HasSound();
 
   // The voices to begin with.
   const VoicePair& Preferred() const { return preferred_; }
@@ -90,7 +92,7 @@ class EspeakVoice : public SpVoice {
   };
 
   bool HasWork() const { return closing_ || cut_ || !queue_.empty(); }
-  void Work();
+  void Work(const std::function<void()>& no_sound);
   void WorkOnce(std::unique_lock<std::mutex>& lock);
   void FallSilent(std::unique_lock<std::mutex>& lock);
   void Say(const Sentence& sentence);
@@ -106,7 +108,7 @@ class EspeakVoice : public SpVoice {
   std::size_t voice_ = 0;
   int rate_ = 0;
   int volume_ = 100;
-  std::atomic<bool> has_sound_;
+  std::atomic<bool> has_sound_ = true;
 
   // These are shared with the thread that speaks; engine_ and output_ are its own from its start
   // to its end.
@@ -117,6 +119,7 @@ class EspeakVoice : public SpVoice {
   bool cut_ = false;      // a purge was asked for and has not taken effect yet
   bool closing_ = false;  // the thread is to end
   bool silent_ = true;
+  bool looked_ = false;  // for a sound device
   std::thread thread_;
 };
 

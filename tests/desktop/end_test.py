@@ -48,6 +48,14 @@ class End(case.DesktopTest):
         exit_line.choose()
         self.assert_ended()
 
+    def test_by_a_display_that_dies(self):
+        self.desktop.stop(self.desktop.display)
+        self.assertNotEqual(self.program.await_end(), 0)
+        self.assertEqual(stored(self.desktop, "UseRepeatHotkeys"), '"1"')
+        self.assertIn("Unloading forms", debug_log(self.desktop))
+        # What the libraries say to it is not ours.
+        self.expected_words = self.program.errors().splitlines()
+
     def test_while_hidden(self):
         self.screen.minimize(self.window)
         self.await_hidden()

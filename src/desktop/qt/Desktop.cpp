@@ -9,6 +9,7 @@
 #include "desktop/EspeakVoice.h"
 #include "desktop/FirstVoices.h"
 #include "desktop/XdgFolders.h"
+#include "desktop/qt/LostDisplay.h"
 #include "desktop/qt/TellUser.h"
 
 namespace brenwick {
@@ -38,9 +39,9 @@ FolderPaths Paths() {
 // A second start ends before it speaks; the engine would be loaded for nothing.
 std::unique_ptr<SpVoice> MakeVoice(bool first, RegistryStore& store) {
   if (!first) return std::make_unique<AbsentVoice>();
-  auto voice = std::make_unique<EspeakVoice>(EspeakOptions{Locale()});
+  auto voice = std::make_unique<EspeakVoice>(
+      EspeakOptions{.locale = Locale(), .no_sound = [] { qWarning("%s", EspeakVoice::kNoSound); }});
   StoreFirstVoices(store, voice->Preferred());
-  if (!voice->HasSound()) qWarning("%s", EspeakVoice::kNoSound);
   return voice;
 }
 
@@ -73,14 +74,28 @@ Desktop::Desktop(Instance& instance, const std::string& commandLine, bool first)
 }
 
 void Desktop::Run() {
+  const LostDisplay lost([this] { SaveWithoutDisplay(); });
   try {
     program_.Start();
     timers_.Arm();
     hot_keys_->Arm();
     QCoreApplication::exec();
     end_.GoOn();
+    // The end of a login may end Qt's loop without asking any window.
+    program_.Close();
   } catch (const ProgramEnd&) {
     // Everything is saved and let go.
+  }
+}
+
+void Desktop::SaveWithoutDisplay() {
+  if (program_.State().ClosingDown || end_.Ended()) return;
+  end_.LoseDisplay();
+  views_.Forget();
+  try {
+    program_.Close();
+  } catch (const std::exception&) {
+    // That is how the program ends.
   }
 }
 

@@ -38,6 +38,7 @@ class Desktop {
 
  private:
   void Do(Verb verb, int repeat);
+  void SaveWithoutDisplay();
 
   EndOfProgram end_;
   SystemClock clock_;

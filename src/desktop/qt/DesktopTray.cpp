@@ -50,6 +50,7 @@ void DesktopTray::Observe(frmMain& form, const ProgramState& state, Views& views
 
 // An icon that was made while nobody showed it would stay unseen for ever.
 void DesktopTray::MakeIcon() {
+  if (!end_.HasDisplay()) return;
   if (!wanted_ || !host_.Present()) {
     icon_.reset();
     return;
@@ -73,7 +74,7 @@ void DesktopTray::Activated(QSystemTrayIcon::ActivationReason reason) {
 }
 
 void DesktopTray::ShowIcon() {
-  if (!icon_) return;
+  if (!icon_ || !end_.HasDisplay()) return;
   const bool muted = mute_ != nullptr && mute_->Ticked();
   const bool online = state_ == nullptr || state_->MessengerOnline;
   const char* name = muted ? "muted" : online ? "brenwick" : "offline";

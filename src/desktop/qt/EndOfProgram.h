@@ -27,6 +27,10 @@ class EndOfProgram {
 
   bool Ended() const { return ended_ != nullptr; }
 
+  // From now on the program goes on without a display, to save what it has to.
+  void LoseDisplay() { has_display_ = false; }
+  bool HasDisplay() const { return has_display_; }
+
   // Throws what ended the program. Without an end it does nothing.
   void GoOn() const {
     if (ended_) std::rethrow_exception(ended_);
@@ -37,6 +41,7 @@ class EndOfProgram {
 
  private:
   std::exception_ptr ended_;
+  bool has_display_ = true;
 };
 
 }  // namespace brenwick

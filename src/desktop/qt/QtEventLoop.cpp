@@ -6,6 +6,7 @@
 namespace brenwick {
 
 void QtEventLoop::DoEvents() {
+  if (!end_.HasDisplay()) return;
   QCoreApplication::processEvents();
   end_.GoOn();
 }

@@ -32,13 +32,17 @@ QMessageBox::Icon IconOf(BoxIcon icon) {
 
 BoxAnswer QtScreen::MessageBox(const std::string& text, const std::string& title, BoxIcon icon,
                                BoxButtons buttons) {
+  const bool asks = buttons == BoxButtons::YesNo;
+  if (!end_.HasDisplay()) {
+    qWarning("%s", text.c_str());
+    return asks ? BoxAnswer::No : BoxAnswer::Ok;
+  }
   QMessageBox box(QApplication::activeWindow());
   box.setObjectName("messageBox");
   box.setIcon(IconOf(icon));
   box.setWindowTitle(ToQt(title));
   box.setTextFormat(Qt::PlainText);
   box.setText(ToQt(text));
-  const bool asks = buttons == BoxButtons::YesNo;
   box.setStandardButtons(asks ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok);
   if (asks) box.setEscapeButton(QMessageBox::No);
   const int answer = box.exec();
@@ -50,7 +54,7 @@ BoxAnswer QtScreen::MessageBox(const std::string& text, const std::string& title
 void QtScreen::Beep() { QApplication::beep(); }
 
 void QtScreen::SetPointer(Pointer pointer) {
-  if (pointer == pointer_) return;
+  if (pointer == pointer_ || !end_.HasDisplay()) return;
   pointer_ = pointer;
   if (pointer == Pointer::Hourglass) {
     QApplication::setOverrideCursor(Qt::WaitCursor);

@@ -35,6 +35,9 @@ class Views {
   }
   bool Following() const { return following_ > 0; }
 
+  // Nothing is mirrored any more.
+  void Forget() { subscriptions_.clear(); }
+
   void Keep(Subscription subscription) { subscriptions_.push_back(std::move(subscription)); }
 
  private:
