@@ -1,11 +1,27 @@
 #include "desktop/qt/ListModel.h"
 
+#include <QStringList>
+#include <algorithm>
+
 #include "desktop/qt/Strings.h"
 
 namespace brenwick {
+namespace {
+
+constexpr char kEnd = '\t';  // of a cell; a line without one is a cell
+
+int CellsIn(const std::string& line) {
+  const bool ended = !line.empty() && line.back() == kEnd;
+  const auto ends = static_cast<int>(std::count(line.begin(), line.end(), kEnd));
+  return std::max(1, ended ? ends : ends + 1);
+}
+
+}  // namespace
 
 ListModel::ListModel(ListBox& list, QObject* parent) : QAbstractTableModel(parent), list_(list) {
-  for (int position = 0; position < list_.ListCount(); ++position) Add(position);
+  filling_.setSingleShot(true);
+  connect(&filling_, &QTimer::timeout, this, [this] { Fill(); });
+  Fill();
   subscriptions_.push_back(list.LineAdded.Observe([this](int position) { Add(position); }));
   subscriptions_.push_back(list.LineChanged.Observe([this](int position) { Change(position); }));
   subscriptions_.push_back(list.LineRemoved.Observe([this](int position) { Remove(position); }));
@@ -22,32 +38,29 @@ int ListModel::columnCount(const QModelIndex& parent) const {
 
 QVariant ListModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::AccessibleTextRole)) return {};
-  return lines_.at(static_cast<std::size_t>(index.row())).value(index.column());
-}
-
-// A line's cells end with tabs; a line without one is a cell.
-QStringList ListModel::Cells(int position) const {
-  QStringList cells = ToQt(list_.List(position)).split('\t');
-  if (cells.size() > 1 && cells.last().isEmpty()) cells.removeLast();
-  return cells;
+  const std::string& line = lines_.at(static_cast<std::size_t>(index.row()));
+  return ToQt(line).split(kEnd).value(index.column());
 }
 
 void ListModel::Add(int position) {
-  QStringList cells = Cells(position);
-  MakeColumns(cells.size());
+  if (filling_.isActive()) return;
+  const std::string& line = list_.List(position);
+  MakeColumns(CellsIn(line));
   beginInsertRows({}, position, position);
-  lines_.insert(lines_.begin() + position, std::move(cells));
+  lines_.insert(lines_.begin() + position, line);
   endInsertRows();
 }
 
 void ListModel::Change(int position) {
-  QStringList cells = Cells(position);
-  MakeColumns(cells.size());
-  lines_.at(static_cast<std::size_t>(position)) = std::move(cells);
+  if (filling_.isActive()) return;
+  const std::string& line = list_.List(position);
+  MakeColumns(CellsIn(line));
+  lines_.at(static_cast<std::size_t>(position)) = line;
   emit dataChanged(index(position, 0), index(position, columns_ - 1));
 }
 
 void ListModel::Remove(int position) {
+  if (filling_.isActive()) return;
   beginRemoveRows({}, position, position);
   lines_.erase(lines_.begin() + position);
   endRemoveRows();
@@ -58,12 +71,21 @@ void ListModel::Clear() {
   lines_.clear();
   columns_ = 1;
   endResetModel();
+  filling_.start();
 }
 
-void ListModel::MakeColumns(qsizetype wanted) {
+void ListModel::Fill() {
+  beginResetModel();
+  lines_ = list_.Items();
+  columns_ = 1;
+  for (const std::string& line : lines_) columns_ = std::max(columns_, CellsIn(line));
+  endResetModel();
+}
+
+void ListModel::MakeColumns(int wanted) {
   if (wanted <= columns_) return;
-  beginInsertColumns({}, columns_, static_cast<int>(wanted) - 1);
-  columns_ = static_cast<int>(wanted);
+  beginInsertColumns({}, columns_, wanted - 1);
+  columns_ = wanted;
   endInsertColumns();
 }
 

@@ -2,7 +2,8 @@
 #pragma once
 
 #include <QAbstractTableModel>
-#include <QStringList>
+#include <QTimer>
+#include <string>
 #include <vector>
 
 #include "controls/ListBox.h"
@@ -10,6 +11,8 @@
 
 namespace brenwick {
 
+// A list that is emptied stays empty here until events run: then it is shown as it has been filled,
+// at once, for a view that follows line by line needs far longer for some thousands.
 class ListModel : public QAbstractTableModel {
  public:
   ListModel(ListBox& list, QObject* parent);
@@ -19,16 +22,17 @@ class ListModel : public QAbstractTableModel {
   QVariant data(const QModelIndex& index, int role) const override;
 
  private:
-  QStringList Cells(int position) const;
   void Add(int position);
   void Change(int position);
   void Remove(int position);
   void Clear();
-  void MakeColumns(qsizetype wanted);
+  void Fill();
+  void MakeColumns(int wanted);
 
   const ListBox& list_;
-  std::vector<QStringList> lines_;
+  std::vector<std::string> lines_;
   int columns_ = 1;
+  QTimer filling_;  // while it runs, the lines are still to come
   std::vector<Subscription> subscriptions_;
 };
 

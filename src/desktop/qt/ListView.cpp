@@ -13,7 +13,7 @@ namespace {
 
 // So many of the lines that come at a time decide how wide the columns are: looking at all would
 // take too long.
-constexpr int kLinesThatCount = 1000;
+constexpr int kLinesThatCount = 200;
 
 class ListView : public QTreeView {
  public:
