@@ -93,6 +93,15 @@ TEST_F(ViewsTest, AComboBoxIsTypedIntoKeyByKey) {
   EXPECT_EQ(view.currentText(), "English");
 }
 
+TEST_F(ViewsTest, ALabelShowsItsWordsAgainAfterATextOfSeveralLines) {
+  auto& label = Find<QLabel>("lblWebSite");
+  form.lblWebSite.SetCaption("News");
+  form.lblWebSite.SetCaption("News\r\nand help");
+  EXPECT_TRUE(label.text().contains("<p")) << label.text().toStdString();
+  form.lblWebSite.SetCaption("News");
+  EXPECT_EQ(label.text().remove('&'), "News");
+}
+
 TEST_F(ViewsTest, AListShowsItsCellsAndFollowsTheSelection) {
   form.lstGender.AddItem("Bob\tM\t\t(bob@x)\t");
   form.lstGender.AddItem("Ann\tF\t\t(ann@x)\t");

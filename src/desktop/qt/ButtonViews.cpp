@@ -82,7 +82,7 @@ QLabel* MakeView(Label& label, Views& views, QWidget& parent) {
     view->setTextFormat(rich ? Qt::RichText : Qt::PlainText);
     view->setTextInteractionFlags(rich ? Qt::TextBrowserInteraction : Qt::NoTextInteraction);
     view->setOpenExternalLinks(rich);
-    rich ? view->setText(ToHtml(caption)) : SetCaption(*view, caption);
+    rich ? SetHtml(*view, ToHtml(caption)) : SetCaption(*view, caption);
   });
   return view;
 }

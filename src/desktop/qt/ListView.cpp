@@ -71,11 +71,7 @@ class ListView : public QTreeView {
   // Qt lays out all lines before it measures or selects one: once for all that come at a time.
   void ObserveLines() {
     new_lines_.setSingleShot(true);
-    connect(&new_lines_, &QTimer::timeout, this, [this] {
-      measured_ = 0;
-      FitColumns();
-      ShowSelection();
-    });
+    connect(&new_lines_, &QTimer::timeout, this, [this] { TakeNewLines(); });
     using Model = QAbstractItemModel;
     connect(model(), &Model::rowsInserted, this,
             [this](const QModelIndex&, int first, int last) { Measure(first, last); });
@@ -83,8 +79,18 @@ class ListView : public QTreeView {
         model(), &Model::dataChanged, this,
         [this](const QModelIndex& from, const QModelIndex& to) { Measure(from.row(), to.row()); });
     connect(model(), &Model::rowsRemoved, this, [this] { Wait(); });
-    connect(model(), &Model::modelReset, this, [this] { MeasureAnew(); });
+    connect(model(), &Model::modelReset, this, [this] {
+      MeasureAnew();
+      TakeNewLines();
+    });
     MeasureAnew();
+  }
+
+  void TakeNewLines() {
+    new_lines_.stop();
+    measured_ = 0;
+    FitColumns();
+    ShowSelection();
   }
 
   void Wait() {

@@ -48,6 +48,11 @@ void SetCaption(QWidget& widget, const QString& caption) {
   SetText(widget, plain ? caption : Escaped(caption));
 }
 
+void SetHtml(QLabel& label, const QString& html) {
+  label.setProperty(kCaption, {});
+  label.setText(html);
+}
+
 void AssignMnemonics(QWidget& page) {
   QSet<QChar> taken;
   for (QWidget* widget : page.findChildren<QWidget*>()) {

@@ -5,6 +5,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QTextDocumentFragment>
 
 #include "controls/Buttons.h"
 #include "controls/ComboBox.h"
@@ -88,7 +89,14 @@ QString DifferenceOf(const Button& button, const QAbstractButton& view) {
   return Compare("the caption", ToQt(button.Caption()), CaptionOf(view));
 }
 
+// A text of several lines is set with its own spaces.
+QString Words(const QString& text) { return QString(text).replace(QChar::Nbsp, ' ').simplified(); }
+
 QString DifferenceOf(const Label& label, const QLabel& view) {
+  if (view.textFormat() == Qt::RichText) {
+    const QString shown = QTextDocumentFragment::fromHtml(view.text()).toPlainText();
+    return Compare("the caption", Words(ToQt(label.Caption())), Words(shown));
+  }
   return Compare("the caption", ToQt(label.Caption()), CaptionOf(view));
 }
 
