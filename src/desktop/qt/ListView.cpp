@@ -50,6 +50,14 @@ class ListView : public QTreeView {
     showing_ = false;
   }
 
+  // Qt moves to the first line where none is chosen; that is the user's business.
+  void focusInEvent(QFocusEvent* event) override {
+    showing_ = true;
+    QTreeView::focusInEvent(event);
+    showing_ = false;
+    ShowSelection();
+  }
+
   void changeEvent(QEvent* event) override {
     QTreeView::changeEvent(event);
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) MeasureAnew();
