@@ -3,6 +3,7 @@ notes when an icon comes."""
 import os
 import pathlib
 import subprocess
+import sys
 import tempfile
 import time
 
@@ -11,19 +12,23 @@ import gi
 gi.require_version("Gio", "2.0")
 from gi.repository import Gio, GLib  # noqa: E402
 
-WATCHER = "org.kde.StatusNotifierWatcher"
-INTERFACE = f"""<node><interface name="{WATCHER}">
-<method name="RegisterStatusNotifierItem"><arg name="service" type="s" direction="in"/></method>
-<method name="RegisterStatusNotifierHost"><arg name="service" type="s" direction="in"/></method>
-<property name="RegisteredStatusNotifierItems" type="as" access="read"/>
-<property name="IsStatusNotifierHostRegistered" type="b" access="read"/>
-<property name="ProtocolVersion" type="i" access="read"/>
-<signal name="StatusNotifierItemRegistered"><arg type="s"/></signal>
-<signal name="StatusNotifierItemUnregistered"><arg type="s"/></signal>
-<signal name="StatusNotifierHostRegistered"/>
-</interface></node>"""
+# The tests of the desktop program have such an area, too.
+sys.path.insert(0, str(pathlib.Path(__file__).parents[2] / "tests" / "desktop"))
+from notification_area import NAME, NotificationArea  # noqa: E402
+
 # Seconds until something that must come is given up.
 PATIENCE = 60
+
+
+class NotingArea(NotificationArea):
+    """An area that notes when the newest icon came."""
+
+    icon_at = None
+
+    def called(self, connection, sender, path, interface, method, arguments, invocation):
+        if method == "RegisterStatusNotifierItem":
+            self.icon_at = time.monotonic()
+        super().called(connection, sender, path, interface, method, arguments, invocation)
 
 
 class World:
@@ -32,7 +37,6 @@ class World:
     def __enter__(self):
         self.folder = tempfile.TemporaryDirectory(prefix="brenwick-bench-")
         self.started = []
-        self.icon_at = None  # when the newest icon came
         home = pathlib.Path(self.folder.name)
         (home / "run").mkdir(mode=0o700)
         self.environment = {
@@ -63,10 +67,8 @@ class World:
             self.environment["DBUS_SESSION_BUS_ADDRESS"],
             Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT |
             Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION, None, None)
-        bus.register_object("/StatusNotifierWatcher",
-                            Gio.DBusNodeInfo.new_for_xml(INTERFACE).interfaces[0],
-                            self.called, self.asked, None)
-        Gio.bus_own_name_on_connection(bus, WATCHER, Gio.BusNameOwnerFlags.NONE, None, None)
+        self.area = NotingArea(bus)
+        Gio.bus_own_name_on_connection(bus, NAME, Gio.BusNameOwnerFlags.NONE, None, None)
         self.bus = bus
         self.wait_for(lambda: self.owner() != "")
 
@@ -74,20 +76,9 @@ class World:
         try:
             return self.bus.call_sync(
                 "org.freedesktop.DBus", "/", "org.freedesktop.DBus", "GetNameOwner",
-                GLib.Variant("(s)", (WATCHER,)), None, Gio.DBusCallFlags.NONE, -1, None)[0]
+                GLib.Variant("(s)", (NAME,)), None, Gio.DBusCallFlags.NONE, -1, None)[0]
         except GLib.Error:
             return ""
-
-    def called(self, _bus, _sender, _path, _interface, method, _arguments, call):
-        if method == "RegisterStatusNotifierItem":
-            self.icon_at = time.monotonic()
-        call.return_value(None)
-
-    @staticmethod
-    def asked(_bus, _sender, _path, _interface, name):
-        return {"IsStatusNotifierHostRegistered": GLib.Variant("b", True),
-                "RegisteredStatusNotifierItems": GLib.Variant("as", []),
-                "ProtocolVersion": GLib.Variant("i", 0)}[name]
 
     @staticmethod
     def wait_for(condition, seconds=PATIENCE):
@@ -104,15 +95,15 @@ class World:
         """Starts a program; the process, and the seconds until its tray icon came."""
         folder = pathlib.Path(self.folder.name) / home
         folder.mkdir(exist_ok=True)
-        self.icon_at = None
+        self.area.icon_at = None
         begin = time.monotonic()
         process = subprocess.Popen(command, env={**self.environment, "HOME": str(folder)},
                                    stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
                                    stderr=subprocess.DEVNULL)
-        self.wait_for(lambda: self.icon_at is not None or process.poll() is not None)
-        if self.icon_at is None:
+        self.wait_for(lambda: self.area.icon_at is not None or process.poll() is not None)
+        if self.area.icon_at is None:
             raise RuntimeError(f"{command[0]} ended without an icon")
-        return process, self.icon_at - begin
+        return process, self.area.icon_at - begin
 
 
 def status_of(process, name):
