@@ -13,6 +13,7 @@ namespace brenwick {
 namespace {
 
 constexpr float kTwipsPerPixel = 15;
+constexpr std::size_t kMostWidths = 20'000;  // of texts that are kept
 
 QMessageBox::Icon IconOf(BoxIcon icon) {
   switch (icon) {
@@ -76,10 +77,16 @@ void QtScreen::Open(const std::string& address) {
   QDesktopServices::openUrl(QUrl(ToQt(address), QUrl::TolerantMode));
 }
 
-// The lists are drawn in the desktop's font, whatever the form's says.
+// The lists are drawn in the desktop's font, whatever the form's says. A list that is built anew
+// asks for the same texts again, and each takes Qt a while.
 float QtScreen::TextWidth(const std::string& text, const Font& /*font*/) {
   static const QFontMetricsF metrics{QApplication::font()};
-  return static_cast<float>(metrics.horizontalAdvance(ToQt(text))) * kTwipsPerPixel;
+  if (widths_.size() >= kMostWidths) widths_.clear();
+  const auto [known, is_new] = widths_.try_emplace(text);
+  if (is_new) {
+    known->second = static_cast<float>(metrics.horizontalAdvance(ToQt(text))) * kTwipsPerPixel;
+  }
+  return known->second;
 }
 
 float QtScreen::TwipsPerPixelX() { return kTwipsPerPixel; }

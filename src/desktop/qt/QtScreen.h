@@ -1,6 +1,9 @@
 // What the program does to the screen beyond its own windows.
 #pragma once
 
+#include <string>
+#include <unordered_map>
+
 #include "desktop/qt/EndOfProgram.h"
 #include "platform/Screen.h"
 
@@ -22,6 +25,7 @@ class QtScreen : public Screen {
  private:
   const EndOfProgram& end_;
   Pointer pointer_ = Pointer::Default;
+  std::unordered_map<std::string, float> widths_;  // of texts, in twips
 };
 
 }  // namespace brenwick
