@@ -2,6 +2,7 @@
 """Where the main window stands, and that it is there again after the next start."""
 import case
 from program import stored
+from servers import await_that
 
 TWIPS = 15  # to a pixel
 
@@ -9,6 +10,11 @@ TWIPS = 15  # to a pixel
 class Place(case.DesktopTest):
     def dword(self, pixels):
         return f"dword:{pixels * TWIPS}"
+
+    def await_place(self, window, place):
+        """A window is on the screen before its frame is where it belongs."""
+        await_that(lambda: self.screen.place(window) == place, f"the window at {place}",
+                   lambda: repr(self.screen.place(window)))
 
     def minimize_and_bring_back(self):
         self.screen.minimize(self.main_window())
@@ -23,16 +29,16 @@ class Place(case.DesktopTest):
         window = self.minimize_and_bring_back()
         self.await_stored("Left", self.dword(place.x))
         self.await_stored("Top", self.dword(place.y))
-        self.assertEqual(self.screen.place(window), place)
+        self.await_place(window, place)
         self.quit_and_start()
-        self.assertEqual(self.screen.place(self.await_window()), place)
+        self.await_place(self.await_window(), place)
 
     def test_is_where_it_was_after_many_comings(self):
         self.start()
         self.area.icon()
         place = self.screen.move(self.await_window(), 240, 170)
         for _ in range(3):
-            self.assertEqual(self.screen.place(self.minimize_and_bring_back()), place)
+            self.await_place(self.minimize_and_bring_back(), place)
 
     def test_follows_the_hand_and_stays(self):
         self.start()
@@ -41,7 +47,7 @@ class Place(case.DesktopTest):
             place = self.screen.move(window, x, x)
         self.screen.activate(window)
         self.go_to("About")
-        self.assertEqual(self.screen.place(window), place)
+        self.await_place(window, place)
 
     def test_left_of_the_screen_is_stored_as_its_edge(self):
         self.start()
@@ -51,7 +57,7 @@ class Place(case.DesktopTest):
         window = self.minimize_and_bring_back()
         self.await_stored("Left", "dword:0")
         self.await_stored("Top", self.dword(place.y))
-        self.assertEqual(self.screen.place(window).x, 0)
+        await_that(lambda: self.screen.place(window).x == 0, "the window at the edge")
 
     def test_of_a_hidden_window_is_kept_over_a_restart(self):
         self.start()
@@ -60,7 +66,7 @@ class Place(case.DesktopTest):
         self.screen.minimize(self.main_window())
         self.await_hidden()
         self.quit_and_start()
-        self.assertEqual(self.screen.place(self.await_window()), place)
+        self.await_place(self.await_window(), place)
 
 
 class StoredPlace(case.DesktopTest):
