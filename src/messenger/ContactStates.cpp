@@ -2,7 +2,6 @@
 
 #include "base/Numbers.h"
 #include "base/Text.h"
-#include "messenger/StateTable.h"
 
 namespace brenwick {
 namespace {
@@ -31,8 +30,7 @@ void ContactStates::oMessenger_OnUserStateChanged(const MessengerContact& user,
   log_.Trap(kModule, "oMessenger_OnUserStateChanged", [&] {
     log_.DebugWrite("MessengerObject", "UserStateChanged");
     const StateRow& row = FindState(state);
-    log_.DebugWrite("UserStateChanged",
-                    user.FriendlyName + " (" + user.SigninName + ") " + row.name);
+    LogState(user, row);
     const std::string phrase = row.phrase(texts_, form_);
     contacts_.ListAdd(user.SigninName, user.FriendlyName, row.code);
     if (!row.announced) return;
@@ -43,6 +41,19 @@ void ContactStates::oMessenger_OnUserStateChanged(const MessengerContact& user,
       log_.DebugWrite("UserStateChanged", "Userstate changes are NOT spoken");
     }
   });
+}
+
+void ContactStates::oMessenger_OnUserStateFound(const MessengerContact& user, std::int32_t state) {
+  log_.Trap(kModule, "oMessenger_OnUserStateFound", [&] {
+    log_.DebugWrite("MessengerObject", "UserStateFound");
+    const StateRow& row = FindState(state);
+    LogState(user, row);
+    contacts_.ListAdd(user.SigninName, user.FriendlyName, row.code);
+  });
+}
+
+void ContactStates::LogState(const MessengerContact& user, const StateRow& row) {
+  log_.DebugWrite("UserStateChanged", user.FriendlyName + " (" + user.SigninName + ") " + row.name);
 }
 
 void ContactStates::Announce(const MessengerContact& user, const std::string& phrase) {

@@ -11,6 +11,7 @@
 #include "language/TextTable.h"
 #include "logging/Logs.h"
 #include "messenger/SpokenName.h"
+#include "messenger/StateTable.h"
 #include "platform/MessengerClient.h"
 #include "speech/Abbreviations.h"
 #include "speech/Speech.h"
@@ -25,6 +26,9 @@ class ContactStates {
 
   // Records a contact's new state and, where the user wants it, says it in the default voice.
   void oMessenger_OnUserStateChanged(const MessengerContact& user, std::int32_t state);
+
+  // Records a contact's state and says nothing.
+  void oMessenger_OnUserStateFound(const MessengerContact& user, std::int32_t state);
 
   // Keeps ProgramState::MessengerOnline, shows the state in the title, and announces it once, even
   // while mute is on.
@@ -41,6 +45,7 @@ class ContactStates {
   std::function<void()> AfterOwnState;
 
  private:
+  void LogState(const MessengerContact& user, const StateRow& row);
   void Announce(const MessengerContact& user, const std::string& phrase);
   std::string DescribeOwnState(std::int32_t state);
   void AnnounceOwnState(std::string announcement);

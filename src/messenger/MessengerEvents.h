@@ -23,6 +23,9 @@ class MessengerEvents : public MessengerListener {
   void OnUserStateChanged(const MessengerContact& user, std::int32_t state) override {
     states_.oMessenger_OnUserStateChanged(user, state);
   }
+  void OnUserStateFound(const MessengerContact& user, std::int32_t state) override {
+    states_.oMessenger_OnUserStateFound(user, state);
+  }
   void OnLocalStateChangeResult(std::int32_t state) override {
     states_.oMessenger_OnLocalStateChangeResult(state);
   }

@@ -40,6 +40,9 @@ class MessengerListener {
   virtual void OnTextReceived(const MessengerContact& sender, const std::string& header,
                               const std::string& text) = 0;
   virtual void OnUserStateChanged(const MessengerContact& user, std::int32_t state) = 0;
+  // Not a change but how things stand: the state of each contact when the client is met or the user
+  // signs on, and offline when the user signs off. It is recorded and never announced.
+  virtual void OnUserStateFound(const MessengerContact& user, std::int32_t state) = 0;
   // The user's own state change was carried out.
   virtual void OnLocalStateChangeResult(std::int32_t state) = 0;
   virtual void OnAppInviteReceived(const MessengerContact& contact, const std::string& appName) = 0;

@@ -27,6 +27,11 @@ Event UserStateChanged(const nlohmann::json& step) {
              MessengerListener& listener) { listener.OnUserStateChanged(contact, state); };
 }
 
+Event UserStateFound(const nlohmann::json& step) {
+  return [contact = ContactOf(step), state = NumberOf(step, "state", 0)](
+             MessengerListener& listener) { listener.OnUserStateFound(contact, state); };
+}
+
 Event LocalStateChangeResult(const nlohmann::json& step) {
   return [state = NumberOf(step, "state", 0)](MessengerListener& listener) {
     listener.OnLocalStateChangeResult(state);
@@ -91,6 +96,7 @@ const std::map<std::string, EventWithArguments>& EventsWithArguments() {
   static const std::map<std::string, EventWithArguments> events = {
       {"OnTextReceived", {{"email", "name", "header", "text"}, TextReceived}},
       {"OnUserStateChanged", {{"email", "name", "state"}, UserStateChanged}},
+      {"OnUserStateFound", {{"email", "name", "state"}, UserStateFound}},
       {"OnLocalStateChangeResult", {{"state"}, LocalStateChangeResult}},
       {"OnAppInviteReceived", {{"email", "name", "appName"}, AppInviteReceived}},
       {"OnFileTransferInviteReceived", {{"email", "name", "fileName"}, FileTransferInviteReceived}},

@@ -1,0 +1,60 @@
+// What the program listens to and speaks with, as the page that shows it needs to know it.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace brenwick {
+
+enum class ConnectionState {
+  Off,       // the user does not want it
+  Waiting,   // there is nothing yet to be connected to
+  Attached,  // it works
+  Failed,    // it should work and does not; the detail says why
+};
+
+struct Connection {
+  std::string Name;  // as people call it: "Pidgin", "espeak-ng"
+  ConnectionState State = ConnectionState::Waiting;
+  std::string Detail;  // the account it is attached as, or why it failed; often empty
+};
+
+// An application that has shown a notification.
+struct SeenApplication {
+  std::string Name;
+  bool On = false;  // its notifications are read aloud
+};
+
+class Connections {
+ public:
+  Connections() = default;
+  Connections(const Connections&) = delete;
+  Connections& operator=(const Connections&) = delete;
+  virtual ~Connections() = default;
+
+  // The same ones in the same order while the program runs. None of either: the program has no page
+  // of connections.
+  virtual std::vector<Connection> Sources() = 0;
+  virtual std::vector<Connection> Engines() = 0;
+
+  // Sends the sentence the way that a message of this source goes; it arrives as an event of the
+  // messenger client.
+  virtual void TestSource(std::size_t index, const std::string& sentence) = 0;
+  // Speaks the sentence with this engine, behind what is being said.
+  virtual void TestEngine(std::size_t index, const std::string& sentence) = 0;
+
+  // In the order of their names.
+  virtual std::vector<SeenApplication> Applications() = 0;
+  virtual void SwitchApplication(const std::string& name, bool on) = 0;
+
+  // Whether the messages of group chats are read aloud.
+  virtual bool GroupChats() = 0;
+  virtual void SetGroupChats(bool on) = 0;
+
+  // Called on the program's thread when any of the answers above may be another.
+  std::function<void()> Changed;
+};
+
+}  // namespace brenwick
