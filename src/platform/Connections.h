@@ -18,7 +18,7 @@ enum class ConnectionState {
 struct Connection {
   std::string Name;  // as people call it: "Pidgin", "espeak-ng"
   ConnectionState State = ConnectionState::Waiting;
-  std::string Detail;  // the account it is attached as, or why it failed; often empty
+  std::string Detail = {};  // the account it is attached as, or why it failed; often empty
 };
 
 // An application that has shown a notification.

@@ -1,0 +1,150 @@
+#include "desktop/MessengerSources.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "messenger/StateTable.h"
+
+namespace brenwick {
+namespace {
+
+using L = MessengerListener;
+
+}  // namespace
+
+// What one source raises. It is copied, because it may have to wait.
+class MessengerSources::Relay : public MessengerListener {
+ public:
+  Relay(MessengerSources& all, MessengerSource& source) : all_(all), source_(source) {}
+
+  void OnTextReceived(const MessengerContact& sender, const std::string& header,
+                      const std::string& text) override {
+    HeardOf(sender);
+    all_.Raise([=](L& listener) { listener.OnTextReceived(sender, header, text); });
+  }
+  void OnUserStateChanged(const MessengerContact& user, std::int32_t state) override {
+    HeardOf(user);
+    all_.Raise([=](L& listener) { listener.OnUserStateChanged(user, state); });
+  }
+  void OnUserStateFound(const MessengerContact& user, std::int32_t state) override {
+    HeardOf(user);
+    all_.Raise([=](L& listener) { listener.OnUserStateFound(user, state); });
+  }
+  void OnLocalStateChangeResult(std::int32_t /*state*/) override { all_.OwnStateChanged(); }
+  void OnAppInviteReceived(const MessengerContact& contact, const std::string& appName) override {
+    HeardOf(contact);
+    all_.Raise([=](L& listener) { listener.OnAppInviteReceived(contact, appName); });
+  }
+  void OnFileTransferInviteReceived(const MessengerContact& contact,
+                                    const std::string& fileName) override {
+    HeardOf(contact);
+    all_.Raise([=](L& listener) { listener.OnFileTransferInviteReceived(contact, fileName); });
+  }
+  void OnNewerClientAvailable(const std::string& downloadAddress) override {
+    all_.Raise([=](L& listener) { listener.OnNewerClientAvailable(downloadAddress); });
+  }
+
+  void OnAppInviteAccepted() override { all_.Raise(&L::OnAppInviteAccepted); }
+  void OnAppShutdown() override { all_.Raise(&L::OnAppShutdown); }
+  void OnBuddyPropertyChangeResult() override { all_.Raise(&L::OnBuddyPropertyChangeResult); }
+  void OnFindResult() override { all_.Raise(&L::OnFindResult); }
+  void OnListAddResult() override { all_.Raise(&L::OnListAddResult); }
+  void OnLogoff() override { all_.Raise(&L::OnLogoff); }
+  void OnLogonResult() override { all_.Raise(&L::OnLogonResult); }
+  void OnMessagePrivacyChangeResult() override { all_.Raise(&L::OnMessagePrivacyChangeResult); }
+  void OnTrustChanged() override { all_.Raise(&L::OnTrustChanged); }
+  void OnUnreadEmailChanged() override { all_.Raise(&L::OnUnreadEmailChanged); }
+  void OnUserDropped() override { all_.Raise(&L::OnUserDropped); }
+  void OnUserFriendlyNameChangeResult() override { all_.Raise(&L::OnUserFriendlyNameChangeResult); }
+  void OnUserJoin() override { all_.Raise(&L::OnUserJoin); }
+  void OnUserLeave() override { all_.Raise(&L::OnUserLeave); }
+  void OnNewSessionRequest() override { all_.Raise(&L::OnNewSessionRequest); }
+  void OnNotificationReceived() override { all_.Raise(&L::OnNotificationReceived); }
+  void OnPrimaryServiceChanged() override { all_.Raise(&L::OnPrimaryServiceChanged); }
+  void OnPromptChangeResult() override { all_.Raise(&L::OnPromptChangeResult); }
+  void OnRequestURLPostResult() override { all_.Raise(&L::OnRequestURLPostResult); }
+  void OnRequestURLResult() override { all_.Raise(&L::OnRequestURLResult); }
+  void OnSendResult() override { all_.Raise(&L::OnSendResult); }
+  void OnServiceLogoff() override { all_.Raise(&L::OnServiceLogoff); }
+  void OnSessionStateChange() override { all_.Raise(&L::OnSessionStateChange); }
+  void OnSPMessageReceived() override { all_.Raise(&L::OnSPMessageReceived); }
+
+ private:
+  void HeardOf(const MessengerContact& contact) { all_.heard_at_[contact.SigninName] = &source_; }
+
+  MessengerSources& all_;
+  MessengerSource& source_;
+};
+
+MessengerSources::MessengerSources(std::vector<MessengerSource*> sources)
+    : sources_(std::move(sources)) {
+  for (MessengerSource* source : sources_) {
+    relays_.push_back(std::make_unique<Relay>(*this, *source));
+  }
+}
+
+MessengerSources::~MessengerSources() { MessengerSources::Detach(); }
+
+void MessengerSources::Attach(MessengerListener& listener) {
+  listener_ = &listener;
+  for (std::size_t i = 0; i < sources_.size(); ++i) sources_[i]->Attach(*relays_[i]);
+  told_ = MyStatus();
+}
+
+void MessengerSources::Detach() {
+  listener_ = nullptr;
+  waiting_.clear();
+  for (MessengerSource* source : sources_) source->Detach();
+}
+
+std::int32_t MessengerSources::MyStatus() {
+  std::int32_t first = MSTATE_OFFLINE;
+  for (auto source = sources_.rbegin(); source != sources_.rend(); ++source) {
+    const std::int32_t state = (*source)->MyStatus();
+    if (FindState(state).signed_in || !FindState(first).signed_in) first = state;
+  }
+  return first;
+}
+
+std::string MessengerSources::MyName() {
+  for (MessengerSource* source : sources_) {
+    if (std::string name = source->MyName(); !name.empty()) return name;
+  }
+  return {};
+}
+
+void MessengerSources::InstantMessage(const std::string& contact) {
+  const auto heard = heard_at_.find(contact);
+  if (heard != heard_at_.end() && heard->second->Knows(contact)) {
+    return heard->second->InstantMessage(contact);
+  }
+  const auto knows = std::find_if(sources_.begin(), sources_.end(),
+                                  [&](MessengerSource* source) { return source->Knows(contact); });
+  if (knows != sources_.end()) {
+    (*knows)->InstantMessage(contact);
+  } else if (NobodyKnows) {
+    NobodyKnows(contact);
+  }
+}
+
+// What the user is depends on all sources.
+void MessengerSources::OwnStateChanged() {
+  const std::int32_t state = MyStatus();
+  if (std::exchange(told_, state) == state) return;
+  Raise([state](L& listener) { listener.OnLocalStateChangeResult(state); });
+}
+
+void MessengerSources::Raise(Event event) {
+  if (listener_ == nullptr) return;
+  waiting_.push_back(std::move(event));
+  if (std::exchange(handling_, true)) return;
+  // A handler may end the program.
+  const std::shared_ptr<void> done(nullptr, [this](void*) { handling_ = false; });
+  while (!waiting_.empty() && listener_ != nullptr) {
+    const Event next = std::move(waiting_.front());
+    waiting_.pop_front();
+    next(*listener_);
+  }
+}
+
+}  // namespace brenwick
