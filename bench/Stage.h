@@ -12,6 +12,7 @@
 #include "contacts/ContactFile.h"
 #include "desktop/IniStore.h"
 #include "desktop/PosixFolders.h"
+#include "rehearsal/ScriptedConnections.h"
 #include "rehearsal/ScriptedWorld.h"
 #include "rehearsal/Transcript.h"
 
@@ -66,7 +67,8 @@ class Stage {
 
   // As on the next day: what was shown and remembered is gone, what was stored is there.
   void Start() {
-    program_.emplace(messenger_, voice_, store_, screen_, tray_, loop_, clock_, folders_, system_);
+    program_.emplace(messenger_, voice_, connections_, store_, screen_, tray_, loop_, clock_,
+                     folders_, system_);
     program_->Start();
   }
 
@@ -87,6 +89,7 @@ class Stage {
   std::filesystem::path folder_;
   SilentTranscript transcript_;
   ScriptedMessenger messenger_{transcript_};
+  ScriptedConnections connections_{transcript_};
   ScriptedScreen screen_{transcript_};
   ScriptedTray tray_{transcript_};
   ScriptedLoop loop_;

@@ -1,7 +1,5 @@
 #include "app/HotKeyNotes.h"
 
-#include <cstdint>
-
 namespace brenwick {
 namespace {
 
@@ -9,14 +7,13 @@ namespace {
 // out in English: a key that does nothing and says nothing looks broken.
 struct Telling {
   KeyObstacle::Kind kind;
-  std::int16_t text;
-  const char* english;
+  LaterText text;
 };
 
 constexpr Telling kTellings[] = {
-    {KeyObstacle::Kind::Taken, 175, "Taken by another program, so without effect here: %a"},
-    {KeyObstacle::Kind::NotGiven, 176,
-     "This desktop gives programs no keys of their own. Let its keyboard settings call: %a"},
+    {KeyObstacle::Kind::Taken, {175, "Taken by another program, so without effect here: %a"}},
+    {KeyObstacle::Kind::NotGiven,
+     {176, "This desktop gives programs no keys of their own. Let its keyboard settings call: %a"}},
 };
 
 // The names of the keys, or the commands in their place.
@@ -58,8 +55,7 @@ std::string HotKeyNotes::Text(const Note& note) const {
   for (const Telling& telling : kTellings) {
     const std::string list = Concerned(note.keys, telling.kind);
     if (list.empty()) continue;
-    const bool told = texts_.Has(telling.text);
-    return texts_.GetText(told ? texts_.LoadText(telling.text) : telling.english, list);
+    return texts_.GetText(texts_.LoadText(telling.text), list);
   }
   return {};
 }

@@ -50,10 +50,13 @@ std::string MainWindow::CaptionText() const {
   return VersionText() + texts_.LoadText(state_.MessengerOnline ? 1 : 2);
 }
 
-void MainWindow::BuildMenu() {
+void MainWindow::BuildMenu(bool connections) {
   log_.Trap(kModule, "BuildMenu", [&] {
     form_.lstMenu.Clear();
-    for (const PageTitle& title : kPageTitles) form_.lstMenu.AddItem(texts_.LoadText(title.text));
+    for (const PageTitle& title : kPageTitles) {
+      if (title.page == kConnectionsPage && !connections) continue;
+      form_.lstMenu.AddItem(texts_.LoadText(LaterText{title.text, title.english}));
+    }
   });
 }
 

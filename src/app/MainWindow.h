@@ -30,8 +30,9 @@ class MainWindow {
   // The window's place as it was stored; what lies beyond the left or upper edge is brought back.
   void RestorePlace();
 
-  // Lists the page titles, and shows the page of the selected title.
-  void BuildMenu();
+  // Lists the page titles, that of the connections where there are any, and shows the page of the
+  // selected title.
+  void BuildMenu(bool connections);
   void SelectPage(Page page);
   // All pages in the same place of the window.
   void PlacePages();

@@ -2,8 +2,9 @@
 
 namespace brenwick {
 
-Program::Program(MessengerClient& messenger, SpVoice& voice, RegistryStore& store, Screen& screen,
-                 TrayIcon& tray, EventLoop& loop, Clock& clock, Folders& folders, System& system)
+Program::Program(MessengerClient& messenger, SpVoice& voice, Connections& connections,
+                 RegistryStore& store, Screen& screen, TrayIcon& tray, EventLoop& loop,
+                 Clock& clock, Folders& folders, System& system)
     : messenger_(messenger),
       screen_(screen),
       tray_(tray),
@@ -42,12 +43,15 @@ Program::Program(MessengerClient& messenger, SpVoice& voice, RegistryStore& stor
       settings_buttons_(log_, form_, texts_, screen, folders, registry_, settings_),
       form_texts_(log_, form_, texts_, languages_, status_, screen, FormTextsSteps()),
       name_(form_, contacts_, clean_up_),
-      incoming_(log_, form_, texts_, contacts_, name_, clean_up_, abbreviations_, speech_),
+      journal_(form_, texts_),
+      incoming_(log_, form_, texts_, contacts_, name_, clean_up_, abbreviations_, speech_,
+                journal_),
       states_(log_, state_, form_, texts_, contacts_, name_, abbreviations_, speech_),
       invitations_(log_, form_, texts_, contacts_, name_, abbreviations_, speech_, status_, screen),
       events_(log_, incoming_, states_, invitations_),
       version_check_(log_, state_, form_, texts_, pointer_, registry_, loop, screen, speech_),
       window_(log_, state_, form_, texts_, tray, registry_, contact_pages_, buddies_, states_),
+      connections_page_(log_, form_, texts_, connections, speech_),
       type_ahead_(
           log_, screen,
           {&form_.cmbVoiceMale, &form_.cmbVoiceFemale, &form_.cmbLanguage, &form_.cmbOrgLanguage}) {

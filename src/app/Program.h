@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "app/ConnectionsPage.h"
 #include "app/HotKeyNotes.h"
 #include "app/MainWindow.h"
 #include "app/TypeAhead.h"
@@ -29,9 +30,11 @@
 #include "messenger/Conversations.h"
 #include "messenger/IncomingText.h"
 #include "messenger/Invitations.h"
+#include "messenger/MessageJournal.h"
 #include "messenger/MessengerEvents.h"
 #include "messenger/SpokenName.h"
 #include "platform/Clock.h"
+#include "platform/Connections.h"
 #include "platform/EventLoop.h"
 #include "platform/Folders.h"
 #include "platform/MessengerClient.h"
@@ -57,8 +60,9 @@ class Program {
  public:
   // A world hands in its implementations; they outlive the program. Nothing happens yet: the world
   // attaches its views to Form() and Status(), then calls Start.
-  Program(MessengerClient& messenger, SpVoice& voice, RegistryStore& store, Screen& screen,
-          TrayIcon& tray, EventLoop& loop, Clock& clock, Folders& folders, System& system);
+  Program(MessengerClient& messenger, SpVoice& voice, Connections& connections,
+          RegistryStore& store, Screen& screen, TrayIcon& tray, EventLoop& loop, Clock& clock,
+          Folders& folders, System& system);
   Program(const Program&) = delete;
   Program& operator=(const Program&) = delete;
   ~Program();
@@ -145,12 +149,14 @@ class Program {
   SettingsButtons settings_buttons_;
   FormTexts form_texts_;
   SpokenName name_;
+  MessageJournal journal_;
   IncomingText incoming_;
   ContactStates states_;
   Invitations invitations_;
   MessengerEvents events_;
   VersionCheck version_check_;
   MainWindow window_;
+  ConnectionsPage connections_page_;
   TypeAhead type_ahead_;
 };
 

@@ -143,7 +143,8 @@ void Program::CheckMessengerState() {
 
 void Program::PreparePages() {
   Startup("Startup - Form : activate menu");
-  window_.BuildMenu();
+  connections_page_.Show();
+  window_.BuildMenu(connections_page_.Offered());
   Startup("Startup - Reading abbreviations");
   abbreviations_.EmoticonRead(true);
   Startup("Startup - Form : cleanup");

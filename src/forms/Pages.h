@@ -1,4 +1,4 @@
-// The option pages, by the number of their frame. Frames 7 and 13 are free.
+// The option pages, by the number of their frame. Frame 13 is free.
 #pragma once
 
 #include <array>
@@ -14,6 +14,7 @@ enum Page : int {
   kBuddyNamesPage = 4,
   kIgnorePage = 5,
   kGenderPage = 6,
+  kConnectionsPage = 7,
   kSpokenWordsPage = 8,
   kSaveSettingsPage = 9,
   kWebsitePage = 10,
@@ -34,9 +35,10 @@ inline constexpr int kPageTop = 120;
 struct PageTitle {
   Page page;
   std::int16_t text;
+  const char* english = "";  // of a title that not every language has
 };
 
-inline constexpr std::array<PageTitle, 13> kPageTitles{{
+inline constexpr std::array<PageTitle, 14> kPageTitles{{
     {kGeneralPage, 3},
     {kSpokenPage, 4},
     {kTextPage, 5},
@@ -50,6 +52,7 @@ inline constexpr std::array<PageTitle, 13> kPageTitles{{
     {kLogOptionsPage, 146},
     {kRepeatPage, 151},
     {kAboutPage, 6},
+    {kConnectionsPage, 186, "Connections"},
 }};
 
 }  // namespace brenwick

@@ -13,6 +13,7 @@
 #include "controls/TextBox.h"
 #include "controls/Timer.h"
 #include "controls/Winsock.h"
+#include "forms/ConnectionControls.h"
 #include "forms/Pages.h"
 #include "forms/Window.h"
 
@@ -45,7 +46,7 @@ class frmMain : public Window {
       {On(kBuddyNamesPage), "fraPage", " Buddynames ", 4},
       {On(kIgnorePage), "fraPage", "  Ignore ", 5},
       {On(kGenderPage), "fraPage", " Gender", 6},
-      {On(7), "fraPage", "", 7},
+      {On(kConnectionsPage), "fraPage", " Connections ", 7},
       {On(kSpokenWordsPage), "fraPage", " Spoken words ", 8},
       {On(kSaveSettingsPage), "fraPage", " Save settings ", 9},
       {On(kWebsitePage), "fraPage", " Website", 10},
@@ -235,6 +236,24 @@ class frmMain : public Window {
   Button cmdBuddyNamesCancel{On(kContactInfoPage), "cmdBuddyNamesCancel", "Cancel", -1,
                              Button::Key::Escape};
   Button cmdBuddyNamesDelete{On(kContactInfoPage), "cmdBuddyNamesDelete", "Delete"};
+
+  // Connections: where messages come from and what speaks, each with its state and its trial
+  std::array<ConnectionControls, 3> Sources{{
+      {On(kConnectionsPage), "Source", 0},
+      {On(kConnectionsPage), "Source", 1},
+      {On(kConnectionsPage), "Source", 2},
+  }};
+  CheckBox chkGroupChats{On(kConnectionsPage), "chkGroupChats", "Read group chats aloud"};
+  std::array<ConnectionControls, 2> Engines{{
+      {On(kConnectionsPage), "Engine", 0},
+      {On(kConnectionsPage), "Engine", 1},
+  }};
+  Label lblApplications{On(kConnectionsPage), "lblApplications",
+                        "Applications that showed notifications. Double-click one, or press "
+                        "Space, to hear it or not."};
+  ListBox lstApplications{On(kConnectionsPage), "lstApplications"};
+  Label lblJournal{On(kConnectionsPage), "lblJournal", "What became of the last messages :"};
+  ListBox lstJournal{On(kConnectionsPage), "lstJournal"};
 
   // Back to the defaults: on General, Text and Spoken, numbered by what they reset.
   std::array<Button, 3> cmdDefaults{{

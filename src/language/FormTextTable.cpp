@@ -29,6 +29,11 @@ void RepeatKey(F& form, const std::string& text) {
   form.lblSpokenMessages[Index].SetCaption(GetText(text, std::to_string(Index + 1)));
 }
 
+template <auto Member, std::size_t Index>
+void Trial(F& form, const std::string& text) {
+  (form.*Member)[Index].cmdTest.SetCaption(text);
+}
+
 void Introduction(F& form, const std::string& text) { form.txtIntroductionText.SetText(text); }
 
 constexpr FormText kTexts[] = {
@@ -40,6 +45,7 @@ constexpr FormText kTexts[] = {
     {154, Element<&F::fraPage, kBuddyNamesPage>},
     {42, Element<&F::fraPage, kIgnorePage>},
     {120, Element<&F::fraPage, kGenderPage>},
+    {186, Element<&F::fraPage, kConnectionsPage>},
     {7, Element<&F::fraPage, kSpokenWordsPage>},
     {153, Element<&F::fraPage, kSaveSettingsPage>},
     {142, Element<&F::fraPage, kWebsitePage>},
@@ -157,6 +163,16 @@ constexpr FormText kTexts[] = {
     {185, RepeatKey<1>},
     {185, RepeatKey<2>},
     {185, RepeatKey<3>},
+
+    // Connections
+    {187, Caption<&F::chkGroupChats>},
+    {188, Caption<&F::lblApplications>},
+    {189, Caption<&F::lblJournal>},
+    {65, Trial<&F::Sources, 0>},
+    {65, Trial<&F::Sources, 1>},
+    {65, Trial<&F::Sources, 2>},
+    {65, Trial<&F::Engines, 0>},
+    {65, Trial<&F::Engines, 1>},
 
     // The tray menu
     {13, Caption<&F::mnuMute>},

@@ -56,7 +56,8 @@ void FormTexts::SetCaptions() {
 // The list is filled later in the start; a language chosen afterwards changes its entries.
 void FormTexts::SetPageTitles() {
   for (int i = 0; i < form_.lstMenu.ListCount(); ++i) {
-    form_.lstMenu.SetList(i, texts_.LoadText(kPageTitles[static_cast<std::size_t>(i)].text));
+    const PageTitle& title = kPageTitles[static_cast<std::size_t>(i)];
+    form_.lstMenu.SetList(i, texts_.LoadText(LaterText{title.text, title.english}));
   }
 }
 

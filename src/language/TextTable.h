@@ -14,6 +14,12 @@ namespace brenwick {
 // Every language has the texts below this one.
 inline constexpr std::int16_t kFirstLaterText = 175;
 
+// A text that came later, with its words in English.
+struct LaterText {
+  std::int16_t id;
+  const char* english;
+};
+
 class TextTable {
  public:
   explicit TextTable(Logs& log) : log_(log) {}
@@ -25,6 +31,11 @@ class TextTable {
   // Whether the table has a text with that id that says anything. A language that a user wrote may
   // lack those from kFirstLaterText on.
   bool Has(std::int16_t id) const;
+
+  // The text of a language that has it, else the English one.
+  std::string LoadText(const LaterText& text) const {
+    return Has(text.id) ? LoadText(text.id) : text.english;
+  }
 
   // The template with its first "%a" replaced by the argument (language/GetText.h); a failure ends
   // in the error report.

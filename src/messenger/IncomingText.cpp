@@ -40,33 +40,32 @@ bool BeginsWith(const std::string& text, std::string_view prefix) {
 
 void IncomingText::oMessenger_OnTextReceived(const MessengerContact& sender,
                                              const std::string& header, const std::string& text) {
-  log_.Trap("frmMain", "oMessenger_OnTextReceived", [&] { Handle(sender, header, text); });
+  log_.Trap("frmMain", "oMessenger_OnTextReceived",
+            [&] { journal_.Add(sender.FriendlyName, text, Handle(sender, header, text)); });
 }
 
-void IncomingText::Handle(const MessengerContact& sender, const std::string& header,
-                          const std::string& text) {
+Outcome IncomingText::Handle(const MessengerContact& sender, const std::string& header,
+                             const std::string& text) {
   Log("Header:" + header);
   Log("Text  :" + text);
   Log("From  :" + sender.FriendlyName);
-  const bool speak = MayBeSpoken(sender, text);
+  const Outcome outcome = WhetherSpoken(sender, text);
   const std::string voice = contacts_.GetContactValue(sender.SigninName, "G");
-  if (IsMailNotice(sender, text)) {
-    AnnounceMail(text);
-  } else if (speak) {
-    SpeakMessage(sender, text, voice);
-  }
+  if (IsMailNotice(sender, text)) return AnnounceMail(text);
+  return outcome == Outcome::Spoken ? SpeakMessage(sender, text, voice) : outcome;
 }
 
-bool IncomingText::MayBeSpoken(const MessengerContact& sender, const std::string& text) {
+Outcome IncomingText::WhetherSpoken(const MessengerContact& sender, const std::string& text) {
   if (text.empty()) {
     Log("Text empty, not speaking");
-    return false;
+    return Outcome::Empty;
   }
   if (text.front() == '\r') {
     Log("Text is only CR, not speaking");
-    return false;
+    return Outcome::Empty;
   }
-  return contacts_.GetContactValue(sender.SigninName, "I") != "True";
+  const bool ignored = contacts_.GetContactValue(sender.SigninName, "I") == "True";
+  return ignored ? Outcome::Ignored : Outcome::Spoken;
 }
 
 bool IncomingText::IsMailNotice(const MessengerContact& sender, const std::string& text) {
@@ -82,12 +81,9 @@ bool IncomingText::IsMailNotice(const MessengerContact& sender, const std::strin
   return true;
 }
 
-void IncomingText::AnnounceMail(const std::string& text) {
-  if (UpperCase(text).find("INBOX-UNREAD:") != std::string::npos) {
-    AnnounceInbox(text);
-  } else {
-    AnnounceNewMail(text);
-  }
+Outcome IncomingText::AnnounceMail(const std::string& text) {
+  const bool inbox = UpperCase(text).find("INBOX-UNREAD:") != std::string::npos;
+  return inbox ? AnnounceInbox(text) : AnnounceNewMail(text);
 }
 
 bool IncomingText::MailIsAnnounced() {
@@ -96,42 +92,39 @@ bool IncomingText::MailIsAnnounced() {
   return false;
 }
 
-void IncomingText::AnnounceInbox(const std::string& text) {
+Outcome IncomingText::AnnounceInbox(const std::string& text) {
   Log("From Hotmail inbox, number of unread messages");
-  if (!MailIsAnnounced()) return;
+  if (!MailIsAnnounced()) return Outcome::MailOff;
   const std::string count = UnreadCount(text);
   Log("Speaking number of Hotmail messages " + count);
-  if (count == "0") return;
-  if (count == "1") {
-    speech_.Speak(texts_.LoadText(60), false, kDefaultVoice, false);
-    return;
-  }
+  if (count == "0") return Outcome::NothingToSay;
+  if (count == "1") return speech_.Speak(texts_.LoadText(60), false, kDefaultVoice, false);
   std::string sentence = texts_.GetText(texts_.LoadText(59), count);
   abbreviations_.ReplaceEmoticons(sentence);
-  speech_.Speak(sentence, false, kDefaultVoice, false);
+  return speech_.Speak(sentence, false, kDefaultVoice, false);
 }
 
-void IncomingText::AnnounceNewMail(const std::string& text) {
+Outcome IncomingText::AnnounceNewMail(const std::string& text) {
   Log("From Hotmail, but not from the inbox");
-  if (!MailIsAnnounced()) return;
+  if (!MailIsAnnounced()) return Outcome::MailOff;
   if (!BeginsWith(text, "FROM:")) {
     Log("Cannot determine from whom, not speaking");
-    return;
+    return Outcome::NothingToSay;
   }
   Log("Speaking new mail arrived from");
   std::string sentence = texts_.LoadText(61) + clean_up_.ConvertUserCapitals(MailSender(text));
   abbreviations_.ReplaceEmoticons(sentence);
-  speech_.Speak(sentence, false, kDefaultVoice, false);
+  return speech_.Speak(sentence, false, kDefaultVoice, false);
 }
 
-void IncomingText::SpeakMessage(const MessengerContact& sender, const std::string& text,
-                                const std::string& voice) {
+Outcome IncomingText::SpeakMessage(const MessengerContact& sender, const std::string& text,
+                                   const std::string& voice) {
   Log("Message, not from Hotmail");
   const bool forced = BeginsWith(text, "/TALK");
   if (forced) Log("Overruled by /talk parameter");
   if (form_.chkDoNotSpeakMessage.Ticked() && !forced) {
     Log("DoNotSpeakMessage is checked: not spoken");
-    return;
+    return Outcome::OnlyStates;
   }
   Log("DoNotSpeakMessage is not checked, we speak");
   std::string sentence;
@@ -145,7 +138,7 @@ void IncomingText::SpeakMessage(const MessengerContact& sender, const std::strin
   Log("Replace abbreviations from TXT file");
   abbreviations_.ReplaceEmoticons(sentence);
   Log("Speaking " + sentence);
-  speech_.Speak(sentence, forced, voice, false);
+  return speech_.Speak(sentence, forced, voice, false);
 }
 
 std::string IncomingText::NamePart(const MessengerContact& sender) {

@@ -7,9 +7,11 @@
 #include "forms/frmMain.h"
 #include "language/TextTable.h"
 #include "logging/Logs.h"
+#include "messenger/MessageJournal.h"
 #include "messenger/SpokenName.h"
 #include "platform/MessengerClient.h"
 #include "speech/Abbreviations.h"
+#include "speech/Outcome.h"
 #include "speech/Speech.h"
 #include "speech/TextCleanUp.h"
 
@@ -19,7 +21,7 @@ class IncomingText {
  public:
   IncomingText(Logs& log, const frmMain& form, const TextTable& texts, ContactList& contacts,
                const SpokenName& name, const TextCleanUp& cleanUp,
-               const Abbreviations& abbreviations, Speech& speech)
+               const Abbreviations& abbreviations, Speech& speech, MessageJournal& journal)
       : log_(log),
         form_(form),
         texts_(texts),
@@ -27,24 +29,26 @@ class IncomingText {
         name_(name),
         clean_up_(cleanUp),
         abbreviations_(abbreviations),
-        speech_(speech) {}
+        speech_(speech),
+        journal_(journal) {}
 
   // Speaks at most once. Empty texts and those that begin with a carriage return are logged only;
   // ignored contacts are never spoken; a message that begins with "/talk" is spoken even through
-  // mute and only-state mode.
+  // mute and only-state mode. The journal tells what became of each.
   void oMessenger_OnTextReceived(const MessengerContact& sender, const std::string& header,
                                  const std::string& text);
 
  private:
-  void Handle(const MessengerContact& sender, const std::string& header, const std::string& text);
-  bool MayBeSpoken(const MessengerContact& sender, const std::string& text);
+  Outcome Handle(const MessengerContact& sender, const std::string& header,
+                 const std::string& text);
+  Outcome WhetherSpoken(const MessengerContact& sender, const std::string& text);
   bool IsMailNotice(const MessengerContact& sender, const std::string& text);
-  void AnnounceMail(const std::string& text);
-  void AnnounceInbox(const std::string& text);
-  void AnnounceNewMail(const std::string& text);
+  Outcome AnnounceMail(const std::string& text);
+  Outcome AnnounceInbox(const std::string& text);
+  Outcome AnnounceNewMail(const std::string& text);
   bool MailIsAnnounced();
-  void SpeakMessage(const MessengerContact& sender, const std::string& text,
-                    const std::string& voice);
+  Outcome SpeakMessage(const MessengerContact& sender, const std::string& text,
+                       const std::string& voice);
   std::string NamePart(const MessengerContact& sender);
   void Log(const std::string& text) { log_.DebugWrite("TextReceived", text); }
 
@@ -56,6 +60,7 @@ class IncomingText {
   const TextCleanUp& clean_up_;
   const Abbreviations& abbreviations_;
   Speech& speech_;
+  MessageJournal& journal_;
 };
 
 }  // namespace brenwick

@@ -130,6 +130,7 @@ Told TellEvent(const nlohmann::json& step) {
   const std::string state = StateInWords(Number(step, "state", 0));
   if (event == "OnTextReceived") return {who, "writes: " + Text(step, "text")};
   if (event == "OnUserStateChanged") return {who, "is " + state};
+  if (event == "OnUserStateFound") return {who, "is found " + state};
   if (event == "OnLocalStateChangeResult") return {kYou, "are " + state};
   if (event == "OnAppInviteReceived") return {who, "invites you to " + Text(step, "appName")};
   if (event == "OnFileTransferInviteReceived") return {who, "offers " + Text(step, "fileName")};
@@ -218,6 +219,11 @@ Told TellEffect(const Effect& effect) {
   }
   if (effect.contains("connect")) {
     return {kProgram, "connects to " + Text(effect["connect"], "host")};
+  }
+  if (effect.contains("test")) return {kProgram, "tries a " + Text(effect, "test")};
+  if (effect.contains("application")) {
+    return {kProgram, std::string("switches ") + Text(effect, "application") +
+                          (effect.value("on", false) ? " on" : " off")};
   }
   if (effect.contains("ended")) return {kProgram, "has ended"};
   if (effect.contains("show")) {

@@ -9,6 +9,7 @@ namespace brenwick {
 Rehearsal::Rehearsal(RehearsalParts parts)
     : parts_(std::move(parts)),
       messenger_(parts_.transcript),
+      connections_(parts_.transcript),
       voice_(parts_.engine != nullptr ? *parts_.engine : scripted_voice_, parts_.transcript),
       screen_(parts_.transcript),
       tray_(parts_.transcript),
@@ -30,8 +31,8 @@ void Rehearsal::MakeProgram() {
   // Before its successor is there: on its way out it lets go of the tray and of the messenger.
   DropProgram();
   ResetWorld();
-  program_ = std::make_unique<Program>(messenger_, voice_, parts_.store, screen_, tray_, loop_,
-                                       parts_.clock, parts_.folders, system_);
+  program_ = std::make_unique<Program>(messenger_, voice_, connections_, parts_.store, screen_,
+                                       tray_, loop_, parts_.clock, parts_.folders, system_);
   observer_ =
       std::make_unique<FormObserver>(program_->Form(), program_->Status(), parts_.transcript);
   timers_.Drive(program_->Form());

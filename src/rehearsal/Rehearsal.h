@@ -11,6 +11,7 @@
 #include "rehearsal/FormObserver.h"
 #include "rehearsal/MessengerScript.h"
 #include "rehearsal/Script.h"
+#include "rehearsal/ScriptedConnections.h"
 #include "rehearsal/ScriptedSocket.h"
 #include "rehearsal/ScriptedVoice.h"
 #include "rehearsal/ScriptedWorld.h"
@@ -50,6 +51,7 @@ class Rehearsal {
 
   void SetWorld(const Step& step);
   void SetWorldMember(const nlohmann::json& world, const char* member);
+  bool SetConnections(const nlohmann::json& world, const std::string& member);
   void SetWeb(const nlohmann::json& world);
   void Start(const Step& step);
   void Close(const Step& step);
@@ -75,6 +77,7 @@ class Rehearsal {
 
   RehearsalParts parts_;
   ScriptedMessenger messenger_;
+  ScriptedConnections connections_;
   ScriptedVoice scripted_voice_;
   VoiceRecorder voice_;
   ScriptedScreen screen_;

@@ -1,4 +1,7 @@
 // The verb "world": what the program meets outside.
+#include <algorithm>
+#include <map>
+
 #include "rehearsal/Rehearsal.h"
 
 namespace brenwick {
@@ -30,7 +33,62 @@ std::deque<std::string> Answers(const nlohmann::json& world) {
   return {answers.begin(), answers.end()};
 }
 
+ConnectionState StateCalled(const std::string& name) {
+  static const std::map<std::string, ConnectionState> states = {
+      {"off", ConnectionState::Off},
+      {"waiting", ConnectionState::Waiting},
+      {"attached", ConnectionState::Attached},
+      {"failed", ConnectionState::Failed},
+  };
+  const auto found = states.find(name);
+  if (found == states.end()) throw ScriptFailure("unknown state \"" + name + "\"");
+  return found->second;
+}
+
+const nlohmann::json& EntriesOf(const nlohmann::json& world, const char* member) {
+  const nlohmann::json& list = world.at(member);
+  const bool objects = list.is_array() && std::all_of(list.begin(), list.end(),
+                                                      [](const auto& e) { return e.is_object(); });
+  if (objects) return list;
+  throw ScriptFailure("\"" + std::string(member) + "\" must be a list of objects");
+}
+
+std::vector<Connection> ConnectionsOf(const nlohmann::json& world, const char* member) {
+  std::vector<Connection> connections;
+  for (const nlohmann::json& entry : EntriesOf(world, member)) {
+    CheckMembers(entry, member, {"name", "state", "detail"});
+    connections.push_back({.Name = TextOf(entry, "name"),
+                           .State = StateCalled(TextOf(entry, "state")),
+                           .Detail = TextOf(entry, "detail", "")});
+  }
+  return connections;
+}
+
+std::vector<SeenApplication> ApplicationsOf(const nlohmann::json& world) {
+  std::vector<SeenApplication> applications;
+  for (const nlohmann::json& entry : EntriesOf(world, "applications")) {
+    CheckMembers(entry, "applications", {"name", "on"});
+    applications.push_back({.Name = TextOf(entry, "name"), .On = FlagOf(entry, "on")});
+  }
+  return applications;
+}
+
 }  // namespace
+
+// What the program is connected to; it is told of the change.
+bool Rehearsal::SetConnections(const nlohmann::json& world, const std::string& member) {
+  if (member == "sources") {
+    connections_.SetSources(ConnectionsOf(world, "sources"));
+  } else if (member == "engines") {
+    connections_.SetEngines(ConnectionsOf(world, "engines"));
+  } else if (member == "applications") {
+    connections_.SetApplications(ApplicationsOf(world));
+  } else {
+    return false;
+  }
+  Run([&] { connections_.Changed(); });
+  return true;
+}
 
 void Rehearsal::SetWorld(const Step& step) {
   const nlohmann::json& world = step.object.at("world");
@@ -62,7 +120,7 @@ void Rehearsal::SetWorldMember(const nlohmann::json& world, const char* member) 
     scripted_voice_.Refuse(RefusedCalls(world));
   } else if (name == "web") {
     SetWeb(world);
-  } else {
+  } else if (!SetConnections(world, name)) {
     throw ScriptFailure("\"world\" does not have \"" + name + "\"");
   }
 }

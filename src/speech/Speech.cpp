@@ -65,9 +65,9 @@ void Speech::WireControls() {
   };
 }
 
-void Speech::Speak(std::string p_sSpokenText, bool p_bMustSpeakThis, std::string p_strVoice,
-                   bool p_bAgain) {
-  log_.Trap(kModule, "Speak", [&] {
+Outcome Speech::Speak(std::string p_sSpokenText, bool p_bMustSpeakThis, std::string p_strVoice,
+                      bool p_bAgain) {
+  return log_.Trap(kModule, "Speak", [&] {
     pointer_.SetHourglass(true);
     log_.DebugWrite("Speak", "Text to speak :" + p_sSpokenText);
     const bool muted = form_.chkMute.Ticked();
@@ -79,10 +79,13 @@ void Speech::Speak(std::string p_sSpokenText, bool p_bMustSpeakThis, std::string
       log_.DebugWrite("Speak", "Mute is on, nothing is spoken");
       note = texts_.LoadText(13) + ": ";
     }
+    Outcome outcome = Outcome::Muted;
     if (!muted || p_bMustSpeakThis) {
       if (state_.MessengerOnline || p_bMustSpeakThis) {
         SayNow(p_sSpokenText, p_strVoice, p_bAgain);
+        outcome = Outcome::Spoken;
       } else {
+        outcome = Outcome::SignedOut;
         log_.DebugWrite("Speak", "Not online, nothing spoken");
       }
     }
@@ -90,6 +93,7 @@ void Speech::Speak(std::string p_sSpokenText, bool p_bMustSpeakThis, std::string
     form_.lstMessages.SetListIndex(form_.lstMessages.ListCount() - 1);
     if (state_.SaveConversations && state_.MessengerOnline) log_.ConversationWrite(p_sSpokenText);
     pointer_.SetHourglass(false);
+    return outcome;
   });
 }
 

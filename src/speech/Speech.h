@@ -11,6 +11,7 @@
 #include "logging/Logs.h"
 #include "platform/Screen.h"
 #include "platform/SpVoice.h"
+#include "speech/Outcome.h"
 #include "speech/SpokenHistory.h"
 #include "speech/TextCleanUp.h"
 
@@ -31,9 +32,10 @@ class Speech {
 
   // Says a sentence, unless mute is on or the user is signed out; p_bMustSpeakThis speaks it all
   // the same. p_strVoice is a voice code. p_bAgain marks a repeat, which is not put into the
-  // history once more. Whatever happens, the sentence is listed on the "Spoken words" page.
-  void Speak(std::string p_sSpokenText, bool p_bMustSpeakThis, std::string p_strVoice,
-             bool p_bAgain);
+  // history once more. Whatever happens, the sentence is listed on the "Spoken words" page. Tells
+  // whether it was Spoken, Muted or SignedOut.
+  Outcome Speak(std::string p_sSpokenText, bool p_bMustSpeakThis, std::string p_strVoice,
+                bool p_bAgain);
 
   // The flags that Speak hands to the engine: 9 to queue behind what is being said, 11 to cut it
   // off. They follow the "Finish sentence" box from its next click on.

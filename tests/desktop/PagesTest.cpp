@@ -67,6 +67,8 @@ class PagesTest : public WindowFixture {
       note->SetCaption(texts.at(176));
       note->SetVisible(true);
     }
+    for (ConnectionControls& row : form.Sources) row.lblName.SetCaption("Pidgin or Finch");
+    for (ConnectionControls& row : form.Engines) row.lblName.SetCaption("Speech Dispatcher");
     form.lblAbbreviationsFile.SetCaption("/home/somebody/Documents/Brenwick/Abbreviations.Txt");
   }
 
@@ -182,6 +184,13 @@ TEST_F(PagesTest, TabGoesThroughAPageInTheOrderOfTheForm) {
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     EXPECT_EQ(QApplication::focusWidget()->objectName(), "cmdOK") << page.Caption();
   }
+}
+
+TEST_F(PagesTest, AScreenReaderTellsWhatAButtonBesideABoxBelongsTo) {
+  form.Sources[1].lblName.SetCaption("Notifications");
+  EXPECT_EQ(Find<QPushButton>("cmdTestSource1").accessibleDescription(), "Notifications");
+  form.Sources[1].lblName.SetCaption("D-Bus");
+  EXPECT_EQ(Find<QPushButton>("cmdTestSource1").accessibleDescription(), "D-Bus");
 }
 
 TEST_F(PagesTest, AScreenReaderHasANameForEverything) {

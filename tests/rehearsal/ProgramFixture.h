@@ -17,6 +17,7 @@
 #include "rehearsal/FormObserver.h"
 #include "rehearsal/RehearsalFolders.h"
 #include "rehearsal/ScratchFolder.h"
+#include "rehearsal/ScriptedConnections.h"
 #include "rehearsal/ScriptedVoice.h"
 #include "rehearsal/ScriptedWorld.h"
 
@@ -29,8 +30,8 @@ class ProgramFixture : public testing::Test {
   // A process of its own each time, with the files that are there by then.
   void Start() {
     EndProcess();
-    program_ = std::make_unique<Program>(*messenger_, *voice_, *store_, *screen_, *tray_, loop_,
-                                         clock_, *program_folders_, *system_);
+    program_ = std::make_unique<Program>(*messenger_, *voice_, connections_, *store_, *screen_,
+                                         *tray_, loop_, clock_, *program_folders_, *system_);
     observer_ = std::make_unique<FormObserver>(program_->Form(), program_->Status(), transcript_);
     program_->Start();
   }
@@ -92,6 +93,7 @@ class ProgramFixture : public testing::Test {
   ScriptedClock clock_;
   ScriptedLoop loop_;
   ScriptedMessenger scripted_messenger_{transcript_};
+  ScriptedConnections connections_{transcript_};
   ScriptedVoice scripted_voice_;
   ScriptedScreen scripted_screen_{transcript_};
   ScriptedTray scripted_tray_{transcript_};

@@ -311,7 +311,8 @@ class Types(ToolTest):
 
     WORLD = {"now": "text", "voices": "list", "myStatus": "number", "myName": "text",
              "development": "flag", "previousInstance": "flag", "answers": "list", "os": "list",
-             "refuse": "list", "web": ""}
+             "refuse": "list", "web": "", "sources": "list", "engines": "list",
+             "applications": "list"}
 
     def test_every_argument_of_every_verb(self):
         for step, member, wanted in self.ARGUMENTS:
@@ -342,7 +343,12 @@ class Types(ToolTest):
 
     def test_values_of_the_world(self):
         for world in [{"voices": [1]}, {"answers": ["Maybe"]}, {"answers": [True]},
-                      {"os": ["one"]}, {"os": ["1", "2", "3"]}, {"os": [1, 2]},
+                      {"sources": [1]}, {"sources": [{"name": "x"}]},
+                      {"sources": [{"name": "x", "state": "well"}]},
+                      {"engines": [{"name": "x", "state": "off", "more": 1}]},
+                      {"engines": [{"name": 1, "state": "off"}]},
+                      {"applications": ["x"]}, {"applications": [{"name": "x"}]},
+                      {"applications": [{"name": "x", "on": 1}]}, {"os": ["one"]}, {"os": ["1", "2", "3"]}, {"os": [1, 2]},
                       {"refuse": ["everything"]}, {"refuse": [1]}, {"web": "slow"},
                       {"web": {"reply": 1}}, {"web": {"reply": "", "afterSteps": "1"}},
                       {"web": {"reply": "", "afterSteps": 0}}, {"web": {"afterSteps": 1}}]:

@@ -81,10 +81,14 @@ TEST_F(FormTest, ShowsOnePageAlone) {
 }
 
 TEST_F(FormTest, PagesCarryTheirCaptions) {
-  const std::vector<std::string> captions = {
-      " General ", " Spoken ", " Text ",         " Voices  ",       " Buddynames ", "  Ignore ",
-      " Gender",   "",         " Spoken words ", " Save settings ", " Website",     " Log options",
-      " Repeat ",  "",         " About ",        " Contact info "};
+  const std::vector<std::string> captions = {" General ",      " Spoken ",
+                                             " Text ",         " Voices  ",
+                                             " Buddynames ",   "  Ignore ",
+                                             " Gender",        " Connections ",
+                                             " Spoken words ", " Save settings ",
+                                             " Website",       " Log options",
+                                             " Repeat ",       "",
+                                             " About ",        " Contact info "};
   std::vector<std::string> found;
   for (const Frame& page : form.fraPage) found.push_back(page.Caption());
   EXPECT_EQ(found, captions);
@@ -172,10 +176,11 @@ TEST_F(FormTest, BoxesThatOnlyShowAreLocked) {
     if (box != nullptr && box->Locked()) locked.insert(box->Name());
   }
   EXPECT_EQ(locked,
-            (std::multiset<std::string>{"txtDocumentsAndSettings", "txtLogConversationsDaysToKeep",
-                                        "txtLogDebugDaysToKeep", "txtSpokenMessages",
-                                        "txtSpokenMessages", "txtSpokenMessages",
-                                        "txtSpokenMessages", "txtWebVersion", "txtWinSockStatus"}));
+            (std::multiset<std::string>{
+                "txtDocumentsAndSettings", "txtEngine", "txtEngine", "txtSource", "txtSource",
+                "txtSource", "txtLogConversationsDaysToKeep", "txtLogDebugDaysToKeep",
+                "txtSpokenMessages", "txtSpokenMessages", "txtSpokenMessages", "txtSpokenMessages",
+                "txtWebVersion", "txtWinSockStatus"}));
 }
 
 TEST_F(FormTest, WhatBelongsToALogIsDisabledWhileTheLogIsOff) {

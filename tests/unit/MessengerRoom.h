@@ -33,7 +33,9 @@ struct MessengerRoom {
   Speech speech{world.log, world.state,   form,  texts,       clean_up,
                 history,   world.pointer, voice, world.screen};
   SpokenName name{form, contacts, clean_up};
-  IncomingText incoming{world.log, form, texts, contacts, name, clean_up, abbreviations, speech};
+  MessageJournal journal{form, texts};
+  IncomingText incoming{world.log, form,          texts,  contacts, name,
+                        clean_up,  abbreviations, speech, journal};
   ContactStates states{world.log, world.state, form, texts, contacts, name, abbreviations, speech};
   Invitations invitations{world.log,     form,   texts,        contacts,    name,
                           abbreviations, speech, world.status, world.screen};

@@ -44,6 +44,14 @@ TEST_F(TextTableTest, TellsWhetherItHasAText) {
     EXPECT_FALSE(texts.Has(id)) << id;
 }
 
+TEST_F(TextTableTest, HelpsOutInEnglishWhereALanguageLacksALaterText) {
+  texts.Replace({"", "eins", "", ""});
+  EXPECT_EQ(texts.LoadText({1, "one"}), "eins");
+  EXPECT_EQ(texts.LoadText({2, "two"}), "two");
+  EXPECT_EQ(texts.LoadText({200, "two hundred"}), "two hundred");
+  EXPECT_EQ(world.screen.boxes.size(), 0U);
+}
+
 TEST_F(TextTableTest, ReportsANumberBeyondIts) {
   world.state.Debug = true;
   texts.Replace({"", "one", ""});

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "app/Program.h"
+#include "desktop/AbsentConnections.h"
 #include "desktop/AbsentMessenger.h"
 #include "desktop/AutostartStore.h"
 #include "desktop/IniStore.h"
@@ -47,6 +48,7 @@ class Desktop {
   AutostartStore store_;
   std::unique_ptr<SpVoice> voice_;
   AbsentMessenger messenger_;
+  AbsentConnections connections_;
   QtScreen screen_;
   DesktopTray tray_;
   QtEventLoop loop_;

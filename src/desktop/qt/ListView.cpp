@@ -15,6 +15,8 @@ namespace {
 // take too long.
 constexpr int kLinesThatCount = 200;
 
+constexpr int kLeastLines = 4;
+
 class ListView : public QTreeView {
  public:
   ListView(ListBox& list, Views& views, QWidget& parent)
@@ -56,6 +58,11 @@ class ListView : public QTreeView {
     QTreeView::focusInEvent(event);
     showing_ = false;
     ShowSelection();
+  }
+
+  // It takes what room there is; this is what it cannot do without.
+  QSize sizeHint() const override {
+    return {QTreeView::sizeHint().width(), fontMetrics().lineSpacing() * kLeastLines};
   }
 
   void changeEvent(QEvent* event) override {

@@ -120,6 +120,7 @@ void PageBuilder::AddBox(QWidget& view, bool wide) {
     waiting_.pop_front();
     label.view.setBuddy(&view);
     Follow(label.control, views_, [&view](const QString& name) { view.setAccessibleName(name); });
+    last_label_ = &label.control;
     grid_->addWidget(&label.view, row, kLabelColumn);
     column = kFieldColumn;
   }
@@ -161,7 +162,7 @@ void PageBuilder::AddOption(OptionButton& option) {
 
 void PageBuilder::AddButton(Button& button, bool alone) {
   QPushButton* view = MakeView(button, views_, Parent());
-  if (IsArrayElement(button)) return AddToFoot(*view);
+  if (IsArrayElement(button) && last_ != Kind::Box) return AddToFoot(*view);
   if (!waiting_.empty()) {
     QLabel& text = waiting_.front().view;
     text.setWordWrap(true);
@@ -182,6 +183,9 @@ void PageBuilder::AddButton(Button& button, bool alone) {
     if (!labelled) {
       Follow(button, views_,
              [box = last_box_](const QString& name) { box->setAccessibleName(name); });
+    } else {
+      Follow(*last_label_, views_,
+             [view](const QString& what) { view->setAccessibleDescription(what); });
     }
     last_ = Kind::Other;
     return;

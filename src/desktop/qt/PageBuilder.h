@@ -24,7 +24,7 @@ namespace brenwick {
 // or the button that follows it, and names them for those who cannot see; any other label is a
 // text of its own. Option buttons that follow each other share a row, and so do buttons, but one
 // alone behind a box stands beside it. A frame gathers what follows it. Lists take what room is
-// left. The buttons of an array, which stand on several pages, are at the foot of each.
+// left. Other buttons of an array, which stand on several pages, are at the foot of each.
 class PageBuilder {
  public:
   PageBuilder(QWidget& page, Frame& frame, Views& views);
@@ -62,6 +62,7 @@ class PageBuilder {
   QHBoxLayout* shared_ = nullptr;  // the row that option buttons or buttons share
   QHBoxLayout* foot_ = nullptr;
   QWidget* last_box_ = nullptr;
+  Label* last_label_ = nullptr;  // of a box
   std::deque<WaitingLabel> waiting_;
   std::map<const OptionGroup*, QButtonGroup*> options_;
   Kind last_ = Kind::Nothing;

@@ -12,7 +12,7 @@ namespace {
 
 // By the numbers of the pages; the free ones have none.
 constexpr const char* kIcons[kPageCount] = {
-    "general", "spoken",       "text",    "voices", "buddynames", "ignore", "gender", "",
+    "general", "spoken",       "text",    "voices", "buddynames", "ignore", "gender", "connections",
     "words",   "savesettings", "website", "log",    "repeat",     "",       "about",  "",
 };
 
