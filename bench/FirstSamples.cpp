@@ -1,5 +1,6 @@
 // From the messenger's event to the engine's first samples, beside a bare call of the engine with
-// the same text in the same run. The counter "ratio" of the last line is what Brenwick adds.
+// the same text in the same run: with the engine in this process and in one of its own, without and
+// with the debug log. The counter "ratio" is what Brenwick adds.
 #include <benchmark/benchmark.h>
 #include <espeak-ng/speak_lib.h>
 
@@ -8,6 +9,8 @@
 #include <mutex>
 
 #include "Stage.h"
+#include "desktop/EngineProcess.h"
+#include "desktop/EspeakEngine.h"
 #include "desktop/EspeakVoice.h"
 
 namespace brenwick {
@@ -83,13 +86,19 @@ void BareEngine(benchmark::State& state) {
   bare_seconds = total / static_cast<double>(state.iterations());
 }
 
+std::unique_ptr<SpeechEngine> MakeEngine(bool process) {
+  if (process) return std::make_unique<EngineProcess>(BRENWICK_VOICE, nullptr);
+  return std::make_unique<EspeakEngine>();
+}
+
 void EventToFirstSamples(benchmark::State& state) {
-  EspeakVoice voice(
-      {.locale = "en_GB.UTF-8", .output = [](int) { return std::make_unique<WatchedOutput>(); }});
+  EspeakVoice voice({.locale = "en_GB.UTF-8",
+                     .engine = [&] { return MakeEngine(state.range(0) == 1); },
+                     .output = [](int) { return std::make_unique<WatchedOutput>(); }});
   Stage stage(voice);
   stage.Form().cmbVoiceFemale.SetListIndex(1);
   stage.Form().chkDebug.SetTicked(true);
-  stage.Form().chkDebug.SetTicked(state.range(0) == 1);
+  stage.Form().chkDebug.SetTicked(state.range(1) == 1);
   voice.WaitUntilSilent(std::chrono::minutes(1));
   double total = 0;
   for (auto _ : state) {
@@ -106,9 +115,8 @@ void EventToFirstSamples(benchmark::State& state) {
 
 BENCHMARK(BareEngine)->UseManualTime()->Iterations(2000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(EventToFirstSamples)
-    ->ArgName("log")
-    ->Arg(0)
-    ->Arg(1)
+    ->ArgNames({"process", "log"})
+    ->ArgsProduct({{0, 1}, {0, 1}})
     ->UseManualTime()
     ->Iterations(2000)
     ->Unit(benchmark::kMicrosecond);

@@ -29,6 +29,7 @@ endforeach()
 add_custom_target(packed-pages ALL DEPENDS ${packed})
 
 install(TARGETS brenwick brenwick-rehearse)
+install(TARGETS brenwick-voice DESTINATION ${CMAKE_INSTALL_LIBEXECDIR}/brenwick)
 # The program looks for this folder beside its own: ../share/brenwick.
 install(DIRECTORY ${PROJECT_BINARY_DIR}/program/ DESTINATION ${CMAKE_INSTALL_DATADIR}/brenwick)
 install(FILES ${packaged}/${BRENWICK_ID}.desktop

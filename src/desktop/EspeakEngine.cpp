@@ -57,7 +57,7 @@ EspeakEngine::EspeakEngine() : sample_rate_(StartedLibrary()) {
 
 EspeakEngine::~EspeakEngine() { engine_in_use = false; }
 
-std::vector<EspeakVoiceEntry> EspeakEngine::Voices(const std::string& locale) const {
+std::vector<EspeakVoiceEntry> EspeakEngine::Voices(const std::string& locale) {
   return ArrangedVoices(InstalledLanguages(), locale);
 }
 

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "base/Failure.h"
+#include "desktop/EspeakEngine.h"
 #include "desktop/EspeakText.h"
 #include "desktop/SoundDevice.h"
 #include "desktop/WavFile.h"
@@ -26,8 +27,10 @@ std::unique_ptr<SoundOutput> MakeOutput(const EspeakOptions& options, int sample
 }  // namespace
 
 EspeakVoice::EspeakVoice(const EspeakOptions& options)
-    : output_(MakeOutput(options, engine_.SampleRate())), to_file_(!options.wav_file.empty()) {
-  std::vector<EspeakVoiceEntry> voices = engine_.Voices(options.locale);
+    : engine_(options.engine ? options.engine() : std::make_unique<EspeakEngine>()),
+      output_(MakeOutput(options, engine_->SampleRate())),
+      to_file_(!options.wav_file.empty()) {
+  std::vector<EspeakVoiceEntry> voices = engine_->Voices(options.locale);
   preferred_ = PreferredVoices(voices);
   for (EspeakVoiceEntry& voice : voices) {
     descriptions_.push_back(std::move(voice.description));
@@ -137,14 +140,14 @@ void EspeakVoice::FallSilent(std::unique_lock<std::mutex>& lock) {
 void EspeakVoice::Say(const Sentence& sentence) {
   has_sound_ = output_->Ready();
   if (!has_sound_ || identifiers_.empty()) return;
-  engine_.Use(identifiers_[sentence.voice], sentence.rate, sentence.volume);
+  engine_->Use(identifiers_[sentence.voice], sentence.rate, sentence.volume);
   const std::u32string text = SpeakableText(sentence.text, sentence.entities);
   std::u32string_view rest = text;
   // An empty block asks whether to go on.
   while (Play({})) {
     const std::string piece = NextPiece(rest);
     if (piece.empty()) return;
-    engine_.Say(piece, [this](std::span<const std::int16_t> samples) { return Play(samples); });
+    engine_->Say(piece, [this](std::span<const std::int16_t> samples) { return Play(samples); });
   }
 }
 

@@ -1,4 +1,4 @@
-// Speech by eSpeak NG, in the process.
+// Speech by eSpeak NG.
 //
 // A thread of its own takes sentence after sentence from a queue without bound, turns each into
 // samples and hands them to the sound device or to a file; Speak only queues. A purge takes effect
@@ -8,8 +8,8 @@
 // the engine. No text is dropped for its length: a million letters are said for hours, or until
 // the next purge.
 //
-// The library keeps its state in the process, so there is one EspeakVoice at a time; the next one
-// can follow it.
+// The library keeps its state in its process, so there is one EspeakVoice at a time that has the
+// engine in its own; the next one can follow it.
 #pragma once
 
 #include <atomic>
@@ -26,8 +26,8 @@
 #include <thread>
 #include <vector>
 
-#include "desktop/EspeakEngine.h"
 #include "desktop/SoundOutput.h"
+#include "desktop/SpeechEngine.h"
 #include "platform/SpVoice.h"
 
 namespace brenwick {
@@ -42,6 +42,8 @@ struct EspeakOptions {
   bool as_heard = false;
   // Called once, on the thread that speaks, where there is no sound device at the start.
   std::function<void()> no_sound = {};
+  // Makes another engine than the one in this process, which a hostile text might take down.
+  std::function<std::unique_ptr<SpeechEngine>()> engine = {};
   // Makes another output than these two, for samples at the given rate.
   std::function<std::unique_ptr<SoundOutput>(int sample_rate)> output = {};
 };
@@ -98,7 +100,7 @@ class EspeakVoice : public SpVoice {
   void Say(const Sentence& sentence);
   bool Play(std::span<const std::int16_t> samples);
 
-  EspeakEngine engine_;
+  std::unique_ptr<SpeechEngine> engine_;
   std::unique_ptr<SoundOutput> output_;
   const bool to_file_;
   std::vector<std::string> descriptions_;

@@ -6,6 +6,7 @@
 
 #include "base/Failure.h"
 #include "contract/SpeakingToFile.h"
+#include "desktop/EngineProcess.h"
 #include "rehearsal/ScriptedVoice.h"
 
 namespace brenwick {
@@ -14,6 +15,11 @@ namespace {
 std::vector<SpVoiceImplementation> Implementations() {
   return {
       {"Espeak", [] { return std::make_unique<SpeakingToFile>(); }},
+      {"EspeakProcess",
+       [] {
+         return std::make_unique<SpeakingToFile>(
+             [] { return std::make_unique<EngineProcess>(BRENWICK_VOICE, nullptr); });
+       }},
       {"Scripted", [] { return std::make_unique<ScriptedVoice>(); }},
   };
 }

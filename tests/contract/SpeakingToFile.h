@@ -16,6 +16,11 @@ class SpeakingToFile : private TemporaryFolder, public EspeakVoice {
  public:
   explicit SpeakingToFile(const std::string& locale = "en_GB.UTF-8", bool as_heard = false)
       : EspeakVoice({locale, Inside("speech.wav"), as_heard}) {}
+  using MakeEngine = std::function<std::unique_ptr<SpeechEngine>()>;
+  explicit SpeakingToFile(MakeEngine engine)
+      : EspeakVoice({.locale = "en_GB.UTF-8",
+                     .wav_file = Inside("speech.wav"),
+                     .engine = std::move(engine)}) {}
 
   std::filesystem::path Folder() const { return Path(); }
 

@@ -24,7 +24,8 @@ LANGUAGES = {"Deutsch", "English", "Español", "Français", "Italiano", "Nederla
 PATIENCE = 120
 
 FILES = {
-    "bin/brenwick", "bin/brenwick-rehearse", "share/brenwick/Abbreviations.Txt",
+    "bin/brenwick", "bin/brenwick-rehearse", "libexec/brenwick/brenwick-voice",
+    "share/brenwick/Abbreviations.Txt",
     f"share/applications/{IDENTITY}.desktop", f"share/metainfo/{IDENTITY}.metainfo.xml",
     f"share/icons/hicolor/scalable/apps/{IDENTITY}.svg",
     "share/bash-completion/completions/brenwick",
@@ -236,7 +237,7 @@ class Packaged(Folder):
     def look_at_modes(self, package):
         for line in run("dpkg-deb", "--contents", package).splitlines():
             mode, owner, *_, name = line.split()
-            program = mode[0] == "d" or name.startswith("./usr/bin/")
+            program = mode[0] == "d" or name.startswith(("./usr/bin/", "./usr/libexec/"))
             self.assertEqual(mode[1:], "rwxr-xr-x" if program else "rw-r--r--", line)
             self.assertEqual(owner, "root/root", line)
 

@@ -6,6 +6,7 @@
 #include <cstdlib>
 
 #include "desktop/AbsentVoice.h"
+#include "desktop/EngineProcess.h"
 #include "desktop/EspeakVoice.h"
 #include "desktop/FirstVoices.h"
 #include "desktop/XdgFolders.h"
@@ -36,11 +37,25 @@ FolderPaths Paths() {
           QCoreApplication::applicationFilePath().toStdString()};
 }
 
+// Beside the program in a build, in a folder of its own where it is installed.
+std::string EngineProgram() {
+  const QString folder = QCoreApplication::applicationDirPath();
+  const QString installed = QDir::cleanPath(folder + "/../libexec/brenwick/brenwick-voice");
+  return (QFileInfo::exists(installed) ? installed : folder + "/brenwick-voice").toStdString();
+}
+
+std::unique_ptr<SpeechEngine> MakeEngine() {
+  return std::make_unique<EngineProcess>(
+      EngineProgram(), [](const std::string& message) { qWarning("%s", message.c_str()); });
+}
+
 // A second start ends before it speaks; the engine would be loaded for nothing.
 std::unique_ptr<SpVoice> MakeVoice(bool first, RegistryStore& store) {
   if (!first) return std::make_unique<AbsentVoice>();
   auto voice = std::make_unique<EspeakVoice>(
-      EspeakOptions{.locale = Locale(), .no_sound = [] { qWarning("%s", EspeakVoice::kNoSound); }});
+      EspeakOptions{.locale = Locale(),
+                    .no_sound = [] { qWarning("%s", EspeakVoice::kNoSound); },
+                    .engine = MakeEngine});
   StoreFirstVoices(store, voice->Preferred());
   return voice;
 }

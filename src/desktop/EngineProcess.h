@@ -1,0 +1,58 @@
+// The speech engine in a process of its own, brenwick-voice.
+//
+// The process is started again when it dies, or when it is silent for EngineSocket::kPatience while
+// it should speak. What it was saying goes on at the sample that was missing. A text at which it
+// fails twice is left out and told of.
+#pragma once
+
+#include <sys/types.h>
+
+#include <chrono>
+#include <memory>
+#include <string>
+
+#include "desktop/EngineMessages.h"
+#include "desktop/SpeechEngine.h"
+
+namespace brenwick {
+
+class EngineProcess : public SpeechEngine {
+ public:
+  // Called, on the thread that speaks, with what the user may want to know, in English.
+  using Tell = std::function<void(const std::string& message)>;
+
+  // program: the path of brenwick-voice. Raises kFileNotFound where it cannot be started or the
+  // engine's data are not installed.
+  EngineProcess(std::string program, Tell tell);
+  ~EngineProcess() override;
+
+  int SampleRate() const override { return sample_rate_; }
+  std::vector<EspeakVoiceEntry> Voices(const std::string& locale) override;
+  void Use(const std::string& voice, int rate, int volume) override;
+  // Returns as soon as the listener wants no more, however busy the process is.
+  void Say(const std::string& piece, const Listener& listener) override;
+
+  // The process that speaks; 0 while there is none.
+  pid_t ProcessId() const { return process_; }
+
+ private:
+  enum class Outcome { Said, Stopped, Failed };
+
+  void Start();
+  void StartAgain();
+  void Stop();
+  bool Settle();
+  Outcome SayOnce(const std::string& piece, std::size_t& delivered, const Listener& listener);
+  Outcome Hear(std::size_t& delivered, const Listener& listener);
+
+  std::string program_;
+  Tell tell_;
+  int sample_rate_ = 0;
+  std::string use_;
+  pid_t process_ = 0;
+  std::unique_ptr<EngineSocket> socket_;
+  bool ending_ = false;  // a text was cut short whose end has not come
+  std::chrono::steady_clock::time_point cut_at_;
+};
+
+}  // namespace brenwick
