@@ -4,6 +4,7 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstring>
@@ -13,6 +14,9 @@ namespace {
 
 // A word and the length of the content, in the byte order of the machine that both run on.
 constexpr std::size_t kHeader = 1 + sizeof(std::uint32_t);
+
+// No message is nearly as long; what looks like one is no message.
+constexpr std::size_t kLongest = 1 << 24;
 
 bool WriteAll(int descriptor, std::string_view bytes) {
   while (!bytes.empty()) {
@@ -35,36 +39,42 @@ bool EngineSocket::Send(EngineWord word, std::string_view content) {
   return WriteAll(descriptor_, header) && WriteAll(descriptor_, content);
 }
 
-EngineSocket::Arrival EngineSocket::Wait(std::chrono::milliseconds time) const {
-  pollfd watched = {descriptor_, POLLIN, 0};
-  if (poll(&watched, 1, static_cast<int>(time.count())) <= 0) return Arrival::Nothing;
-  char byte = 0;
-  const ssize_t peeked = recv(descriptor_, &byte, 1, MSG_PEEK | MSG_DONTWAIT);
-  return peeked > 0 ? Arrival::Message : Arrival::Closed;
+EngineSocket::Arrival EngineSocket::Wait(std::chrono::milliseconds time) {
+  using std::chrono::milliseconds, std::chrono::steady_clock;
+  const auto end = steady_clock::now() + time;
+  while (arrived_.size() < Length()) {
+    const auto left = std::chrono::ceil<milliseconds>(end - steady_clock::now());
+    pollfd watched = {descriptor_, POLLIN, 0};
+    const int ready = poll(&watched, 1, static_cast<int>(std::max(left, milliseconds{}).count()));
+    if (ready == 0) return Arrival::Nothing;
+    if (ready > 0 ? !Read() : errno != EINTR) return Arrival::Closed;
+  }
+  return Arrival::Message;
 }
 
-std::optional<EngineMessage> EngineSocket::Receive() {
-  std::array<char, kHeader> header{};
-  if (!ReadAll(header)) return std::nullopt;
-  std::uint32_t length = 0;
-  std::memcpy(&length, header.data() + 1, sizeof(length));
-  EngineMessage message{static_cast<EngineWord>(header[0]), std::string(length, '\0')};
-  if (!ReadAll(message.content)) return std::nullopt;
+EngineMessage EngineSocket::Take() {
+  const std::size_t length = Length();
+  EngineMessage message{static_cast<EngineWord>(arrived_[0]),
+                        arrived_.substr(kHeader, length - kHeader)};
+  arrived_.erase(0, length);
   return message;
 }
 
-bool EngineSocket::ReadAll(std::span<char> bytes) const {
-  while (!bytes.empty()) {
-    const ssize_t taken = recv(descriptor_, bytes.data(), bytes.size(), MSG_DONTWAIT);
-    if (taken > 0) {
-      bytes = bytes.subspan(static_cast<std::size_t>(taken));
-    } else if (taken == 0 || (errno != EAGAIN && errno != EINTR)) {
-      return false;
-    } else if (Wait(kPatience) != Arrival::Message) {
-      return false;
-    }
-  }
-  return true;
+// False when nothing more will come.
+bool EngineSocket::Read() {
+  std::array<char, 1 << 16> bytes;  // NOLINT(*-member-init): it is filled at once
+  const ssize_t taken = recv(descriptor_, bytes.data(), bytes.size(), MSG_DONTWAIT);
+  if (taken < 0) return errno == EAGAIN || errno == EINTR;
+  arrived_.append(bytes.data(), static_cast<std::size_t>(taken));
+  return taken > 0 && Length() <= kLongest;
+}
+
+// Of the first message, with its header; of the header alone while that is not whole.
+std::size_t EngineSocket::Length() const {
+  if (arrived_.size() < kHeader) return kHeader;
+  std::uint32_t content = 0;
+  std::memcpy(&content, arrived_.data() + 1, sizeof(content));
+  return kHeader + content;
 }
 
 std::string_view AsContent(std::span<const std::int16_t> samples) {

@@ -3,7 +3,6 @@
 
 #include <chrono>
 #include <cstdint>
-#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -43,20 +42,18 @@ class EngineSocket {
   bool Send(EngineWord word, std::string_view content = {});
 
   enum class Arrival { Message, Nothing, Closed };
-  // Waits for something to read until the time is up. Message: Receive will not wait for its
-  // beginning.
-  Arrival Wait(std::chrono::milliseconds time) const;
-  // Waits for a whole message; nothing once there is no other end, or when it is silent for
-  // kPatience in the middle of a message.
-  std::optional<EngineMessage> Receive();
-
-  // So long an engine that is at work may be silent.
-  static constexpr std::chrono::milliseconds kPatience{2000};
+  // Waits for a whole message until the time is up. Message: Take() has it. Closed: there is no
+  // other end any more, or it does not speak this language.
+  Arrival Wait(std::chrono::milliseconds time);
+  // The message that has arrived.
+  EngineMessage Take();
 
  private:
-  bool ReadAll(std::span<char> bytes) const;
+  bool Read();
+  std::size_t Length() const;
 
   int descriptor_;
+  std::string arrived_;  // what has been read and not taken yet
 };
 
 // Samples as the content of a message.

@@ -1,14 +1,12 @@
 #include "desktop/EngineProcess.h"
 
-#include <spawn.h>
 #include <sys/socket.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
-#include <csignal>
 #include <cstring>
+#include <exception>
 #include <sstream>
 #include <utility>
 
@@ -18,10 +16,10 @@
 namespace brenwick {
 namespace {
 
-using std::chrono::steady_clock;
+using std::chrono::milliseconds, std::chrono::steady_clock;
 
 // How often the listener is asked whether it still wants to hear more.
-constexpr std::chrono::milliseconds kAskAgain{20};
+constexpr milliseconds kAskAgain{20};
 
 // A machine that has just started is slow.
 constexpr std::chrono::seconds kTimeToStart{20};
@@ -36,28 +34,22 @@ std::vector<std::int16_t> SamplesIn(const std::string& content) {
   return samples;
 }
 
-// Starts the program with the descriptor as its standard input; 0 where that fails.
-pid_t Spawn(const std::string& program, int descriptor) {
-  posix_spawn_file_actions_t actions;
-  posix_spawn_file_actions_init(&actions);
-  posix_spawn_file_actions_adddup2(&actions, descriptor, STDIN_FILENO);
-  std::string name = program;
-  std::array<char*, 2> arguments = {name.data(), nullptr};
-  pid_t process = 0;
-  const int failed =
-      posix_spawn(&process, program.c_str(), &actions, nullptr, arguments.data(), environ);
-  posix_spawn_file_actions_destroy(&actions);
-  return failed == 0 ? process : 0;
-}
+bool AlwaysListening(std::span<const std::int16_t> /*samples*/) { return true; }
 
 }  // namespace
 
-EngineProcess::EngineProcess(std::string program, Tell tell)
-    : program_(std::move(program)), tell_(std::move(tell)) {
+EngineProcess::EngineProcess(std::string program, Tell tell, milliseconds patience)
+    : program_(std::move(program)), tell_(std::move(tell)), patience_(patience) {
   Start();
+  if (Await(steady_clock::now() + kTimeToStart, AlwaysListening) != Outcome::Done) {
+    CannotSpeak("The speech engine " + program_ + " does not start");
+  }
+  const EngineMessage greeting = socket_->Take();
+  if (greeting.word != EngineWord::Ready) CannotSpeak(greeting.content);
+  sample_rate_ = std::stoi(greeting.content);
 }
 
-EngineProcess::~EngineProcess() { Stop(); }
+EngineProcess::~EngineProcess() = default;
 
 void EngineProcess::Start() {
   std::array<int, 2> ends{};
@@ -65,44 +57,38 @@ void EngineProcess::Start() {
     CannotSpeak("The speech engine cannot be started: there are no more sockets");
   }
   socket_ = std::make_unique<EngineSocket>(ends[0]);
-  process_ = Spawn(program_, ends[1]);
-  close(ends[1]);
-  const bool greets = socket_->Wait(kTimeToStart) == EngineSocket::Arrival::Message;
-  const auto greeting = greets ? socket_->Receive() : std::nullopt;
-  if (greeting && greeting->word == EngineWord::Ready) {
-    sample_rate_ = std::stoi(greeting->content);
-    return;
-  }
-  Stop();
-  CannotSpeak(greeting ? greeting->content : "The speech engine " + program_ + " does not start");
+  // Only the process is to hold this end: that it is closed is how its death shows.
+  const EngineSocket other_end(ends[1]);
+  process_ = std::make_unique<ChildProcess>(program_, ends[1]);
 }
 
 void EngineProcess::Stop() {
+  process_.reset();
   socket_.reset();
   ending_ = false;
-  if (process_ == 0) return;
-  kill(process_, SIGKILL);
-  waitpid(process_, nullptr, 0);
-  process_ = 0;
+  in_use_ = false;
 }
 
-// With what was last in use. It throws no failure: the next text tries again.
-void EngineProcess::StartAgain() {
+EngineProcess::Outcome EngineProcess::StartAgain(const Listener& listener) {
   Stop();
   try {
     Start();
-  } catch (const Failure&) {
-    return;
+  } catch (const std::exception&) {
+    return Outcome::Failed;
   }
-  socket_->Send(EngineWord::Use, use_);
+  const Outcome outcome = Await(steady_clock::now() + kTimeToStart, listener);
+  if (outcome == Outcome::Stopped) Stop();
+  if (outcome != Outcome::Done) return outcome;
+  return socket_->Take().word == EngineWord::Ready ? Outcome::Done : Outcome::Failed;
 }
 
 std::vector<EspeakVoiceEntry> EngineProcess::Voices(const std::string& locale) {
   socket_->Send(EngineWord::Voices, locale);
-  const auto answer = socket_->Receive();
-  if (!answer) CannotSpeak("The speech engine " + program_ + " does not answer");
+  if (Await(steady_clock::now() + kTimeToStart, AlwaysListening) != Outcome::Done) {
+    CannotSpeak("The speech engine " + program_ + " does not list its voices");
+  }
   std::vector<EspeakVoiceEntry> voices;
-  std::istringstream lines(answer->content);
+  std::istringstream lines(socket_->Take().content);
   std::string identifier;
   std::string description;
   std::string kind;
@@ -115,42 +101,35 @@ std::vector<EspeakVoiceEntry> EngineProcess::Voices(const std::string& locale) {
 
 void EngineProcess::Use(const std::string& voice, int rate, int volume) {
   use_ = voice + '\n' + std::to_string(rate) + '\n' + std::to_string(volume);
-  if (Settle()) socket_->Send(EngineWord::Use, use_);
+  in_use_ = false;
 }
 
 void EngineProcess::Say(const std::string& piece, const Listener& listener) {
-  constexpr int kTries = 2;
+  constexpr int kFailuresAtOnePlace = 2;
   std::size_t delivered = 0;
-  for (int i = 0; i < kTries; ++i) {
-    if (!Settle()) StartAgain();
+  int failures = 0;
+  while (failures < kFailuresAtOnePlace) {
+    const std::size_t before = delivered;
     if (SayOnce(piece, delivered, listener) != Outcome::Failed) return;
     Stop();
+    failures = delivered > before ? 1 : failures + 1;
   }
-  if (tell_) tell_("The speech engine failed twice at this, which is left out: " + piece);
+  if (tell_) {
+    tell_("The speech engine failed twice at a text of " + std::to_string(piece.size()) +
+          " bytes, the rest of which is left out.");
+  }
 }
 
-// Waits for the end of a text that was cut short. False: there is no process to talk to, or it has
-// had time enough and does not come to an end.
-bool EngineProcess::Settle() {
-  while (ending_) {
-    const auto waited = steady_clock::now() - cut_at_;
-    const auto left =
-        std::chrono::duration_cast<std::chrono::milliseconds>(EngineSocket::kPatience - waited);
-    const bool arrived = left.count() > 0 && socket_->Wait(left) == EngineSocket::Arrival::Message;
-    const auto message = arrived ? socket_->Receive() : std::nullopt;
-    if (!message) {
-      Stop();
-    } else if (message->word == EngineWord::End) {
-      ending_ = false;
-    }
-  }
-  return socket_ != nullptr;
-}
-
+// A process that died or hung before it was given the text is replaced by a new one. Stopped: a new
+// text might have to be said first.
 EngineProcess::Outcome EngineProcess::SayOnce(const std::string& piece, std::size_t& delivered,
                                               const Listener& listener) {
-  if (!socket_ || !socket_->Send(EngineWord::Say, piece)) return Outcome::Failed;
-  const Outcome outcome = Hear(delivered, listener);
+  Outcome outcome = Settle(listener);
+  if (outcome == Outcome::Failed) outcome = StartAgain(listener);
+  if (outcome != Outcome::Done) return outcome;
+  if (!in_use_) in_use_ = socket_->Send(EngineWord::Use, use_);
+  if (!socket_->Send(EngineWord::Say, piece)) return Outcome::Failed;
+  outcome = Hear(delivered, listener);
   if (outcome == Outcome::Stopped) {
     socket_->Send(EngineWord::Cancel);
     ending_ = true;
@@ -159,27 +138,47 @@ EngineProcess::Outcome EngineProcess::SayOnce(const std::string& piece, std::siz
   return outcome;
 }
 
+// Waits for the end of a text that was cut short. Failed: there is no process to talk to, or it has
+// had time enough and does not come to an end.
+EngineProcess::Outcome EngineProcess::Settle(const Listener& listener) {
+  while (ending_) {
+    const Outcome outcome = Await(cut_at_ + patience_, listener);
+    if (outcome != Outcome::Done) return outcome;
+    ending_ = socket_->Take().word != EngineWord::End;
+  }
+  const bool alive = socket_ && socket_->Wait({}) == EngineSocket::Arrival::Nothing;
+  return alive ? Outcome::Done : Outcome::Failed;
+}
+
 // Hands on what lies beyond the samples that an earlier try delivered.
 EngineProcess::Outcome EngineProcess::Hear(std::size_t& delivered, const Listener& listener) {
   std::size_t known = delivered;
-  auto heard_at = steady_clock::now();
   for (;;) {
-    const EngineSocket::Arrival arrival = socket_->Wait(kAskAgain);
-    if (arrival == EngineSocket::Arrival::Closed) return Outcome::Failed;
-    if (arrival == EngineSocket::Arrival::Nothing) {
-      if (!listener({})) return Outcome::Stopped;
-      if (steady_clock::now() - heard_at > EngineSocket::kPatience) return Outcome::Failed;
-      continue;
-    }
-    const auto message = socket_->Receive();
-    if (!message) return Outcome::Failed;
-    if (message->word == EngineWord::End) return Outcome::Said;
-    const std::vector<std::int16_t> samples = SamplesIn(message->content);
+    const Outcome outcome = Await(steady_clock::now() + patience_, listener);
+    if (outcome != Outcome::Done) return outcome;
+    const EngineMessage message = socket_->Take();
+    if (message.word == EngineWord::End) return Outcome::Done;
+    const std::vector<std::int16_t> samples = SamplesIn(message.content);
     const std::size_t skipped = std::min(known, samples.size());
     known -= skipped;
     delivered += samples.size() - skipped;
     if (!listener(std::span(samples).subspan(skipped))) return Outcome::Stopped;
-    heard_at = steady_clock::now();
+  }
+}
+
+// Waits for a message, at most until then. Failed: none comes. Stopped: the listener wants none.
+EngineProcess::Outcome EngineProcess::Await(steady_clock::time_point end,
+                                            const Listener& listener) {
+  for (;;) {
+    switch (socket_->Wait(kAskAgain)) {
+      case EngineSocket::Arrival::Message:
+        return Outcome::Done;
+      case EngineSocket::Arrival::Closed:
+        return Outcome::Failed;
+      case EngineSocket::Arrival::Nothing:
+        if (!listener({})) return Outcome::Stopped;
+        if (steady_clock::now() > end) return Outcome::Failed;
+    }
   }
 }
 

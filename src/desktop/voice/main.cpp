@@ -46,15 +46,16 @@ void Serve(EspeakEngine& engine, EngineSocket& program) {
   constexpr std::chrono::hours kAlways{24};
   program.Send(EngineWord::Ready, std::to_string(engine.SampleRate()));
   for (;;) {
-    if (program.Wait(kAlways) == EngineSocket::Arrival::Nothing) continue;
-    const auto message = program.Receive();
-    if (!message) return;
-    if (message->word == EngineWord::Voices) {
-      program.Send(EngineWord::Voices, Listed(engine.Voices(message->content)));
-    } else if (message->word == EngineWord::Use) {
-      Use(engine, message->content);
-    } else if (message->word == EngineWord::Say) {
-      Say(engine, program, message->content);
+    const EngineSocket::Arrival arrival = program.Wait(kAlways);
+    if (arrival == EngineSocket::Arrival::Closed) return;
+    if (arrival == EngineSocket::Arrival::Nothing) continue;
+    const EngineMessage message = program.Take();
+    if (message.word == EngineWord::Voices) {
+      program.Send(EngineWord::Voices, Listed(engine.Voices(message.content)));
+    } else if (message.word == EngineWord::Use) {
+      Use(engine, message.content);
+    } else if (message.word == EngineWord::Say) {
+      Say(engine, program, message.content);
     }
   }
 }

@@ -1,4 +1,4 @@
-// An engine's process that fails as it is told: "die" and "hang" in a text, or in the environment
+// An engine's process that fails as a word of the text tells it, or the environment variable
 // BRENWICK_BAD_VOICE when it starts. Any other text is three samples.
 #include <unistd.h>
 
@@ -10,9 +10,23 @@
 namespace brenwick {
 namespace {
 
+void Write(const std::string& bytes) {
+  if (write(STDIN_FILENO, bytes.data(), bytes.size()) < 0) _exit(4);
+}
+
 void MisbehaveAt(const std::string& text) {
-  if (text.find("die") != std::string::npos) _exit(3);
-  while (text.find("hang") != std::string::npos) pause();
+  const auto holds = [&](const char* word) { return text.find(word) != std::string::npos; };
+  if (holds("die")) _exit(3);
+  if (holds("babble")) Write(std::string(100, '\xff'));
+  // A block of samples that is never whole.
+  if (holds("stall")) Write(std::string{'P', 100, 0, 0, 0});
+  while (holds("hang") || holds("stall") || holds("babble")) pause();
+}
+
+void SayThreeSamples(EngineSocket& program) {
+  const std::int16_t samples[] = {1, 2, 3};
+  program.Send(EngineWord::Samples, AsContent(samples));
+  program.Send(EngineWord::End);
 }
 
 int Main() {
@@ -25,14 +39,15 @@ int Main() {
     return 1;
   }
   program.Send(EngineWord::Ready, "8000");
-  while (const auto message = program.Receive()) {
-    if (message->word != EngineWord::Say) continue;
-    MisbehaveAt(message->content);
-    const std::int16_t samples[] = {1, 2, 3};
-    program.Send(EngineWord::Samples, AsContent(samples));
-    program.Send(EngineWord::End);
+  for (;;) {
+    const EngineSocket::Arrival arrival = program.Wait(std::chrono::hours(1));
+    if (arrival == EngineSocket::Arrival::Closed) return 0;
+    if (arrival == EngineSocket::Arrival::Nothing) continue;
+    const EngineMessage message = program.Take();
+    if (message.word != EngineWord::Say) continue;
+    MisbehaveAt(message.content);
+    SayThreeSamples(program);
   }
-  return 0;
 }
 
 }  // namespace
