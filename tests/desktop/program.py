@@ -1,4 +1,6 @@
 """The program under test, started as a user or the desktop starts it."""
+import os
+import pathlib
 import re
 import signal
 import subprocess
@@ -75,6 +77,14 @@ class Program:
 
     def runs(self):
         return self.process.poll() is None
+
+    def engines(self):
+        """The processes of the speech engine that it has started."""
+        tasks = pathlib.Path(f"/proc/{self.pid}/task").glob("*/children")
+        children = [int(child) for task in tasks
+                    for child in task.read_text(encoding="utf-8").split()]
+        return [child for child in children
+                if os.readlink(f"/proc/{child}/exe").endswith("/brenwick-voice")]
 
     def put_away(self):
         """At the end of a test; what a program says at its end counts as well."""

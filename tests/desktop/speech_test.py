@@ -1,6 +1,7 @@
 #!/usr/bin/python3
 """What is heard: the sound goes to the test, which takes it as slowly or as fast as it likes."""
 import os
+import signal
 
 import case
 from servers import await_that
@@ -64,6 +65,19 @@ class Speech(case.DesktopTest):
         self.await_sound(SECOND)
         self.assertEqual(self.ask("--mute").returncode, 0)
         self.assertLess(self.sound_until_silence(), WHOLE / 2)
+
+    def test_goes_on_when_the_engine_dies(self):
+        self.await_sound(SECOND)
+        engines = self.program.engines()
+        self.assertEqual(len(engines), 1)
+        os.kill(engines[0], signal.SIGKILL)
+        # More than was on its way.
+        self.await_sound(30 * SECOND)
+        self.assertEqual(len(self.program.engines()), 1)
+        self.assertNotEqual(self.program.engines(), engines)
+        # Else it would wait at its end for somebody who takes the sound.
+        self.assertEqual(self.ask("--stop").returncode, 0)
+        self.sound_until_silence()
 
     def test_end_does_not_wait_for_it(self):
         self.await_sound(SECOND)
