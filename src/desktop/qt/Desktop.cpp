@@ -68,6 +68,7 @@ Desktop::Desktop(Instance& instance, const std::string& commandLine, bool first)
       store_(ini_, XdgConfigHome() + "/autostart/brenwick.desktop",
              QCoreApplication::applicationFilePath().toStdString()),
       voice_(MakeVoice(first, store_)),
+      messenger_(end_, QDBusConnection::sessionBus()),
       screen_(end_),
       tray_(end_),
       loop_(end_),

@@ -8,7 +8,6 @@
 
 #include "app/Program.h"
 #include "desktop/AbsentConnections.h"
-#include "desktop/AbsentMessenger.h"
 #include "desktop/AutostartStore.h"
 #include "desktop/IniStore.h"
 #include "desktop/PosixFolders.h"
@@ -19,6 +18,7 @@
 #include "desktop/qt/HotKeySource.h"
 #include "desktop/qt/Instance.h"
 #include "desktop/qt/MainWindowView.h"
+#include "desktop/qt/PurpleMessenger.h"
 #include "desktop/qt/QtEventLoop.h"
 #include "desktop/qt/QtScreen.h"
 #include "desktop/qt/StatusView.h"
@@ -47,8 +47,8 @@ class Desktop {
   IniStore ini_;
   AutostartStore store_;
   std::unique_ptr<SpVoice> voice_;
-  AbsentMessenger messenger_;
   AbsentConnections connections_;
+  PurpleMessenger messenger_;
   QtScreen screen_;
   DesktopTray tray_;
   QtEventLoop loop_;

@@ -1,0 +1,79 @@
+// What is known of the contacts' states in a client with several accounts, and which of it is news.
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/MessengerClient.h"
+
+namespace brenwick {
+
+struct StateNews {
+  MessengerContact contact;
+  std::int32_t state = MSTATE_UNKNOWN;
+  bool found = false;  // how things stand, not a change
+};
+
+// How long after a sign-on a contact that is seen for the first time was there before.
+struct SignOnBurst {
+  std::chrono::milliseconds quiet{2000};   // it is over when nobody has appeared for so long
+  std::chrono::milliseconds whole{10000};  // and after so long in any case
+};
+
+// A contact that is in the lists of several accounts has the state in which it is reached best.
+class PurpleStates {
+ public:
+  using Moment = std::chrono::steady_clock::time_point;
+
+  explicit PurpleStates(SignOnBurst burst) : burst_(burst) {}
+
+  // The user has signed on with this account: the client is about to learn who is there.
+  void SignOn(int account, Moment now);
+  // What these tell is nothing where the contact's state is no other than before.
+  std::optional<StateNews> Find(int account, const MessengerContact& contact, std::int32_t state);
+  std::optional<StateNews> Change(int account, const MessengerContact& contact, std::int32_t state,
+                                  Moment now);
+  // Nothing is known any more of what this account told.
+  std::vector<StateNews> SignOff(int account);
+
+  // As the account told it last; unknown where it never did.
+  std::int32_t StateOf(int account, const std::string& id) const;
+
+ private:
+  struct InAccount {
+    std::int32_t state = MSTATE_OFFLINE;
+    bool appeared = false;  // since the sign-on
+  };
+  struct Entry {
+    MessengerContact contact;
+    std::map<int, InAccount> accounts;
+    std::int32_t told = MSTATE_UNKNOWN;
+  };
+  struct Burst {
+    Moment quiet_end;
+    Moment end;
+  };
+
+  std::optional<StateNews> Take(int account, const MessengerContact& contact, std::int32_t state,
+                                bool found);
+  static std::optional<StateNews> News(Entry& entry, bool found);
+  bool InBurst(int account, const std::string& id, Moment now);
+
+  SignOnBurst burst_;
+  std::map<std::string, Entry> entries_;  // by sign-in name
+  std::map<int, Burst> bursts_;           // by account
+};
+
+// The state of one who is in several at once: that in which he is reached best, offline without
+// any.
+std::int32_t BestState(const std::vector<std::int32_t>& states);
+
+// The messenger's state for a status of libpurple, whose primitive is given; nothing for those that
+// say nothing about who can be reached, such as a mood.
+std::optional<std::int32_t> StateOfPrimitive(int primitive, bool idle);
+
+}  // namespace brenwick

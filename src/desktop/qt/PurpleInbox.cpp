@@ -1,0 +1,91 @@
+#include "desktop/qt/PurpleInbox.h"
+
+#include <QDateTime>
+#include <algorithm>
+#include <cstddef>
+
+#include "desktop/qt/PurpleText.h"
+
+namespace brenwick {
+namespace {
+
+constexpr int kIm = 1;       // of the kinds of conversations
+constexpr int kReceive = 2;  // of the directions of a file
+
+enum MessageFlag : unsigned {
+  kSent = 0x1,
+  kSystem = 0x4,
+  kAutoReply = 0x8,
+  kError = 0x200,
+  kDelayed = 0x400,
+  kNotify = 0x2000,
+};
+constexpr unsigned kNotSaid = kSent | kSystem | kAutoReply | kError | kNotify;
+
+// The clocks of the client and of the program are read in whole seconds.
+constexpr std::int64_t kRounding = 1;
+
+}  // namespace
+
+void PurpleInbox::SignOn(int account) { signed_on_[account] = QDateTime::currentSecsSinceEpoch(); }
+
+void PurpleInbox::Forget() { signed_on_.clear(); }
+
+std::optional<Arrival> PurpleInbox::ReceivedImMsg(const QVariantList& values) {
+  const int account = values[0].toInt();
+  const QString sender = values[1].toString();
+  const QString message = values[2].toString();
+  if ((values[4].toUInt() & kNotSaid) != 0 || IsOld(account, sender, message)) return std::nullopt;
+  return Arrival{account, people_.Sender(account, sender), PlainMessage(message)};
+}
+
+// A room tells who enters it what was said before.
+std::optional<Arrival> PurpleInbox::ReceivedChatMsg(const QVariantList& values) {
+  const QString nick = values[1].toString();
+  const int conversation = values[3].toInt();
+  if ((values[4].toUInt() & (kNotSaid | kDelayed)) != 0) return std::nullopt;
+  if (people_.IsOwnNick(conversation, nick)) return std::nullopt;
+  return Arrival{values[0].toInt(), people_.InChat(conversation, nick),
+                 PlainMessage(values[2].toString())};
+}
+
+std::optional<Arrival> PurpleInbox::FileRecvRequest(const QVariantList& values) {
+  const int transfer = values[0].toInt();
+  if (bus_.Number("PurpleXferGetType", {transfer}) != kReceive) return std::nullopt;
+  const int account = bus_.Number("PurpleXferGetAccount", {transfer});
+  const QString sender = bus_.Text("PurpleXferGetRemoteUser", {transfer});
+  if (account == 0 || sender.isEmpty()) return std::nullopt;
+  return Arrival{account, people_.Sender(account, sender),
+                 TextOf(bus_.Text("PurpleXferGetFilename", {transfer}))};
+}
+
+std::optional<Arrival> PurpleInbox::ChatInvited(const QVariantList& values) {
+  const int account = values[0].toInt();
+  return Arrival{account, people_.Sender(account, values[1].toString()),
+                 TextOf(values[2].toString())};
+}
+
+// What was kept for the user arrives as if it were new; only the conversation knows better.
+bool PurpleInbox::IsOld(int account, const QString& sender, const QString& message) {
+  const auto signed_on = signed_on_.find(account);
+  if (signed_on == signed_on_.end()) return false;
+  const std::int64_t sent = TimeOf(account, sender, message);
+  return sent != 0 && sent + kRounding < signed_on->second;
+}
+
+// The conversation's newest messages come first. Others may have arrived behind this one.
+std::int64_t PurpleInbox::TimeOf(int account, const QString& sender, const QString& message) {
+  constexpr std::size_t kLookedThrough = 50;
+  const int conversation = bus_.Number("PurpleFindConversationWithAccount", {kIm, sender, account});
+  if (conversation == 0) return 0;
+  std::vector<int> messages = bus_.Handles("PurpleConversationGetMessageHistory", {conversation});
+  messages.resize(std::min(messages.size(), kLookedThrough));
+  for (const int each : messages) {
+    if (bus_.Text("PurpleConversationMessageGetMessage", {each}) == message) {
+      return bus_.Number("PurpleConversationMessageGetTimestamp", {each});
+    }
+  }
+  return 0;
+}
+
+}  // namespace brenwick
