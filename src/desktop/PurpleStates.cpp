@@ -11,6 +11,10 @@ constexpr std::int32_t kOrder[] = {MSTATE_ONLINE, MSTATE_IDLE,         MSTATE_BU
                                    MSTATE_AWAY,   MSTATE_OUT_TO_LUNCH, MSTATE_INVISIBLE,
                                    MSTATE_OFFLINE};
 
+std::int32_t Effective(Presence presence) {
+  return presence.state == MSTATE_ONLINE && presence.idle ? MSTATE_IDLE : presence.state;
+}
+
 }  // namespace
 
 std::int32_t BestState(const std::vector<std::int32_t>& states) {
@@ -20,14 +24,13 @@ std::int32_t BestState(const std::vector<std::int32_t>& states) {
   return best == std::end(kOrder) ? MSTATE_OFFLINE : *best;
 }
 
-std::optional<std::int32_t> StateOfPrimitive(int primitive, bool idle) {
+std::optional<std::int32_t> StateOfPrimitive(int primitive) {
   constexpr std::optional<std::int32_t> kStates[] = {
       std::nullopt,     MSTATE_OFFLINE, MSTATE_ONLINE,       MSTATE_BUSY,
       MSTATE_INVISIBLE, MSTATE_AWAY,    MSTATE_OUT_TO_LUNCH, MSTATE_ONLINE,
   };
   if (primitive < 0 || primitive >= static_cast<int>(std::size(kStates))) return std::nullopt;
-  const std::optional<std::int32_t> state = kStates[primitive];
-  return state == MSTATE_ONLINE && idle ? MSTATE_IDLE : state;
+  return kStates[primitive];
 }
 
 void PurpleStates::SignOn(int account, Moment now) {
@@ -39,32 +42,55 @@ void PurpleStates::SignOn(int account, Moment now) {
 }
 
 std::optional<StateNews> PurpleStates::Find(int account, const MessengerContact& contact,
-                                            std::int32_t state) {
-  return Take(account, contact, state, true);
+                                            Presence presence) {
+  return Take(account, contact, presence, true);
+}
+
+std::optional<StateNews> PurpleStates::Appear(int account, const MessengerContact& contact,
+                                              Presence presence, Moment now) {
+  return Take(account, contact, presence, InBurst(account, contact.SigninName, now));
 }
 
 std::optional<StateNews> PurpleStates::Change(int account, const MessengerContact& contact,
                                               std::int32_t state, Moment now) {
-  return Take(account, contact, state, InBurst(account, contact.SigninName, now));
+  Presence presence = PresenceOf(account, contact.SigninName);
+  presence.state = state;
+  return Appear(account, contact, presence, now);
+}
+
+std::optional<StateNews> PurpleStates::ChangeIdle(int account, const MessengerContact& contact,
+                                                  bool idle, Moment now) {
+  Presence presence = PresenceOf(account, contact.SigninName);
+  presence.idle = idle;
+  return Appear(account, contact, presence, now);
+}
+
+Presence PurpleStates::PresenceOf(int account, const std::string& id) const {
+  const auto entry = entries_.find(id);
+  if (entry == entries_.end()) return {};
+  const auto here = entry->second.accounts.find(account);
+  return here == entry->second.accounts.end() ? Presence{} : here->second.presence;
 }
 
 std::optional<StateNews> PurpleStates::Take(int account, const MessengerContact& contact,
-                                            std::int32_t state, bool found) {
+                                            Presence presence, bool found) {
   Entry& entry = entries_[contact.SigninName];
   entry.contact = contact;
   InAccount& here = entry.accounts[account];
-  here.state = state;
-  if (state != MSTATE_OFFLINE) here.appeared = true;
+  here.presence = presence;
+  if (presence.state != MSTATE_OFFLINE) here.appeared = true;
   return News(entry, found);
 }
 
 std::optional<StateNews> PurpleStates::News(Entry& entry, bool found) {
   std::vector<std::int32_t> states;
-  for (const auto& [account, there] : entry.accounts) states.push_back(there.state);
+  for (const auto& [account, there] : entry.accounts) states.push_back(Effective(there.presence));
   const std::int32_t state = BestState(states);
   if (state == entry.told) return std::nullopt;
+  // Who is new in the list and not there has not gone.
+  const bool new_and_gone = entry.told == MSTATE_UNKNOWN && state == MSTATE_OFFLINE;
   entry.told = state;
-  return StateNews{entry.contact, state, found};
+  return StateNews{entry.contact, state, found || new_and_gone};
 }
 
 // Whoever appears keeps the burst going; whoever has appeared is no part of it any more.
@@ -89,13 +115,6 @@ std::vector<StateNews> PurpleStates::SignOff(int account) {
     if (auto changed = News(entry, true)) news.push_back(std::move(*changed));
   }
   return news;
-}
-
-std::int32_t PurpleStates::StateOf(int account, const std::string& id) const {
-  const auto entry = entries_.find(id);
-  if (entry == entries_.end()) return MSTATE_UNKNOWN;
-  const auto here = entry->second.accounts.find(account);
-  return here == entry->second.accounts.end() ? MSTATE_UNKNOWN : here->second.state;
 }
 
 }  // namespace brenwick

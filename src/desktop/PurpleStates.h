@@ -18,6 +18,12 @@ struct StateNews {
   bool found = false;  // how things stand, not a change
 };
 
+// Of a contact in one account.
+struct Presence {
+  std::int32_t state = MSTATE_OFFLINE;
+  bool idle = false;
+};
+
 // How long after a sign-on a contact that is seen for the first time was there before.
 struct SignOnBurst {
   std::chrono::milliseconds quiet{2000};   // it is over when nobody has appeared for so long
@@ -33,19 +39,21 @@ class PurpleStates {
 
   // The user has signed on with this account: the client is about to learn who is there.
   void SignOn(int account, Moment now);
-  // What these tell is nothing where the contact's state is no other than before.
-  std::optional<StateNews> Find(int account, const MessengerContact& contact, std::int32_t state);
+  // What these tell is nothing where the contact's state is no other than before. Somebody who is
+  // online and idle is idle; whoever is away stays so.
+  std::optional<StateNews> Find(int account, const MessengerContact& contact, Presence presence);
+  std::optional<StateNews> Appear(int account, const MessengerContact& contact, Presence presence,
+                                  Moment now);
   std::optional<StateNews> Change(int account, const MessengerContact& contact, std::int32_t state,
                                   Moment now);
+  std::optional<StateNews> ChangeIdle(int account, const MessengerContact& contact, bool idle,
+                                      Moment now);
   // Nothing is known any more of what this account told.
   std::vector<StateNews> SignOff(int account);
 
-  // As the account told it last; unknown where it never did.
-  std::int32_t StateOf(int account, const std::string& id) const;
-
  private:
   struct InAccount {
-    std::int32_t state = MSTATE_OFFLINE;
+    Presence presence;
     bool appeared = false;  // since the sign-on
   };
   struct Entry {
@@ -58,7 +66,8 @@ class PurpleStates {
     Moment end;
   };
 
-  std::optional<StateNews> Take(int account, const MessengerContact& contact, std::int32_t state,
+  Presence PresenceOf(int account, const std::string& id) const;
+  std::optional<StateNews> Take(int account, const MessengerContact& contact, Presence presence,
                                 bool found);
   static std::optional<StateNews> News(Entry& entry, bool found);
   bool InBurst(int account, const std::string& id, Moment now);
@@ -74,6 +83,6 @@ std::int32_t BestState(const std::vector<std::int32_t>& states);
 
 // The messenger's state for a status of libpurple, whose primitive is given; nothing for those that
 // say nothing about who can be reached, such as a mood.
-std::optional<std::int32_t> StateOfPrimitive(int primitive, bool idle);
+std::optional<std::int32_t> StateOfPrimitive(int primitive);
 
 }  // namespace brenwick

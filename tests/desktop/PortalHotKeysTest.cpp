@@ -4,8 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
-#include <QFile>
-#include <QTemporaryDir>
 #include <QTest>
 #include <map>
 #include <memory>
@@ -13,34 +11,11 @@
 
 #include "base/Failure.h"
 #include "desktop/MockPortal.h"
+#include "desktop/PrivateBus.h"
 #include "desktop/RecordedKeys.h"
-#include "desktop/Server.h"
 
 namespace brenwick {
 namespace {
-
-// A session bus that starts no services: no portal of the machine may answer in the mock's place.
-class Bus {
- public:
-  QDBusConnection Connect(const QString& name) {
-    return QDBusConnection::connectToBus(QString::fromStdString(address_), name);
-  }
-
- private:
-  QString Configuration() {
-    QFile file(folder_.filePath("bus.conf"));
-    if (!file.open(QIODevice::WriteOnly)) throw std::runtime_error("no configuration");
-    file.write("<busconfig><type>session</type><listen>unix:dir=" + folder_.path().toUtf8() +
-               "</listen><policy context=\"default\"><allow send_destination=\"*\"/>"
-               "<allow eavesdrop=\"true\"/><allow own=\"*\"/></policy></busconfig>");
-    return file.fileName();
-  }
-
-  QTemporaryDir folder_;
-  Server server_{"dbus-daemon",
-                 {"--nofork", "--print-address=1", "--config-file=" + Configuration()}};
-  std::string address_ = server_.Line();
-};
 
 class PortalHotKeysTest : public testing::Test {
  protected:
@@ -82,7 +57,7 @@ class PortalHotKeysTest : public testing::Test {
   char* argv[2] = {program, nullptr};
   QCoreApplication application{argc, argv};
 
-  Bus bus;
+  PrivateBus bus;
   MockPortal portal{bus.Connect("portal")};
   frmMain form;
   RecordedKeys keys{form};

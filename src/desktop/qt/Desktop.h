@@ -47,8 +47,8 @@ class Desktop {
   IniStore ini_;
   AutostartStore store_;
   std::unique_ptr<SpVoice> voice_;
-  AbsentConnections connections_;
   PurpleMessenger messenger_;
+  AbsentConnections connections_;
   QtScreen screen_;
   DesktopTray tray_;
   QtEventLoop loop_;

@@ -123,7 +123,7 @@ void PurpleClient::LookAtOwn(int account) {
   own.id = TextOf(people_.OwnId(account));
   own.name = TextOf(people_.OwnName(account));
   const int status = bus_.Number("PurpleAccountGetActiveStatus", {account});
-  own.state = people_.StateOfStatus(status, false).value_or(MSTATE_ONLINE);
+  own.state = people_.StateOfStatus(status).value_or(MSTATE_ONLINE);
 }
 
 void PurpleClient::LookAtAllContacts() {
@@ -132,12 +132,17 @@ void PurpleClient::LookAtAllContacts() {
 
 void PurpleClient::LookAtContacts(int account) {
   for (const int handle : bus_.Handles("PurpleFindBuddies", {account, QString()})) {
-    const PurpleBuddy buddy = people_.Buddy(handle);
-    const auto state = people_.StateOfBuddy(handle);
-    if (buddy.account == 0 || !state) continue;
-    TellReach(buddy);
-    TellState(states_.Find(buddy.account, buddy.contact, *state));
+    const PurpleBuddy buddy = Meet(handle);
+    const auto presence = people_.PresenceOfBuddy(handle);
+    if (buddy.account == 0 || !presence) continue;
+    TellState(states_.Find(buddy.account, buddy.contact, *presence));
   }
+}
+
+PurpleBuddy PurpleClient::Meet(int handle) {
+  const PurpleBuddy buddy = people_.Buddy(handle);
+  if (buddy.account != 0) TellReach(buddy.account, buddy.contact);
+  return buddy;
 }
 
 void PurpleClient::NoticeSilence() {
@@ -175,38 +180,43 @@ void PurpleClient::SignOff(int account) {
 
 void PurpleClient::AccountStatusChanged(const QVariantList& values) {
   const auto account = accounts_.find(values[0].toInt());
-  const auto state = people_.StateOfStatus(values[2].toInt(), false);
+  const auto state = people_.StateOfStatus(values[2].toInt());
   if (account == accounts_.end() || !state) return;
   account->second.state = *state;
   TellOwn();
 }
 
 void PurpleClient::BuddySignedOn(const QVariantList& values) {
-  const int buddy = values[0].toInt();
-  TellChange(people_.Buddy(buddy), people_.StateOfBuddy(buddy));
+  const PurpleBuddy buddy = Meet(values[0].toInt());
+  const auto presence = people_.PresenceOfBuddy(values[0].toInt());
+  if (buddy.account == 0 || !presence) return;
+  TellState(states_.Appear(buddy.account, buddy.contact, *presence, Now()));
 }
 
 void PurpleClient::BuddySignedOff(const QVariantList& values) {
-  TellChange(people_.Buddy(values[0].toInt()), MSTATE_OFFLINE);
+  const PurpleBuddy buddy = Meet(values[0].toInt());
+  if (buddy.account == 0) return;
+  TellState(states_.Appear(buddy.account, buddy.contact, Presence{}, Now()));
 }
 
+// What is told here is the state of the moment; the client may already be in another.
 void PurpleClient::BuddyStatusChanged(const QVariantList& values) {
-  const int buddy = values[0].toInt();
-  TellChange(people_.Buddy(buddy), people_.StateOfStatus(values[2].toInt(), people_.IsIdle(buddy)));
+  const PurpleBuddy buddy = Meet(values[0].toInt());
+  const auto state = people_.StateOfStatus(values[2].toInt());
+  if (buddy.account == 0 || !state) return;
+  TellState(states_.Change(buddy.account, buddy.contact, *state, Now()));
 }
 
-// Who is away stays so, idle or not.
 void PurpleClient::BuddyIdleChanged(const QVariantList& values) {
-  const PurpleBuddy buddy = people_.Buddy(values[0].toInt());
-  const std::int32_t state = states_.StateOf(buddy.account, buddy.contact.SigninName);
-  if (state != MSTATE_ONLINE && state != MSTATE_IDLE) return;
-  TellChange(buddy, values[2].toInt() != 0 ? MSTATE_IDLE : MSTATE_ONLINE);
+  const PurpleBuddy buddy = Meet(values[0].toInt());
+  if (buddy.account == 0) return;
+  TellState(states_.ChangeIdle(buddy.account, buddy.contact, values[2].toInt() != 0, Now()));
 }
 
 void PurpleClient::ReceivedImMsg(const QVariantList& values) {
   const auto arrival = inbox_.ReceivedImMsg(values);
   if (!arrival) return;
-  TellReach({arrival->account, arrival->from});
+  TellReach(arrival->account, arrival->from);
   TellText(arrival);
 }
 
@@ -235,7 +245,7 @@ void PurpleClient::DisplayingEmailNotification(const QVariantList& values) {
 }
 
 void PurpleClient::DisplayingEmailsNotification(const QVariantList& values) {
-  TellMail(InboxNotice(values[4].toUInt()));
+  if (const unsigned count = values[4].toUInt()) TellMail(InboxNotice(count));
 }
 
 void PurpleClient::Open(int account, const std::string& contact) {
@@ -283,9 +293,9 @@ void PurpleClient::TellConnection() {
   post_([now](PurpleListener& listener) { listener.ConnectionIs(now); });
 }
 
-void PurpleClient::TellReach(const PurpleBuddy& buddy) {
-  post_([buddy](PurpleListener& listener) {
-    listener.CanReach(buddy.contact.SigninName, buddy.account);
+void PurpleClient::TellReach(int account, const MessengerContact& contact) {
+  post_([account, id = contact.SigninName](PurpleListener& listener) {
+    listener.CanReach(id, account);
   });
 }
 
@@ -311,12 +321,6 @@ void PurpleClient::TellState(const std::optional<StateNews>& news) {
       listener.OnUserStateChanged(news.contact, news.state);
     }
   });
-}
-
-void PurpleClient::TellChange(const PurpleBuddy& buddy, std::optional<std::int32_t> state) {
-  if (buddy.account == 0 || !state) return;
-  TellReach(buddy);
-  TellState(states_.Change(buddy.account, buddy.contact, *state, Now()));
 }
 
 void PurpleClient::Raise(std::function<void(MessengerListener&)> event) {

@@ -78,6 +78,7 @@ class PurpleClient : public QObject {
   void LookAtAccounts();
   void LookAtAllContacts();
   void LookAtContacts(int account);
+  PurpleBuddy Meet(int handle);
   void NoticeSilence();
   void SignOff(int account);
 
@@ -103,11 +104,10 @@ class PurpleClient : public QObject {
   void LookAtOwn(int account);
   void TellOwn();
   void TellConnection();
-  void TellReach(const PurpleBuddy& buddy);
+  void TellReach(int account, const MessengerContact& contact);
   void TellText(const std::optional<Arrival>& arrival);
   void TellMail(const std::string& notice);
   void TellState(const std::optional<StateNews>& news);
-  void TellChange(const PurpleBuddy& buddy, std::optional<std::int32_t> state);
   void Raise(std::function<void(MessengerListener&)> event);
   std::int32_t OwnState() const;
   std::string OwnName() const;

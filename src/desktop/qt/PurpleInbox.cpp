@@ -59,10 +59,16 @@ std::optional<Arrival> PurpleInbox::FileRecvRequest(const QVariantList& values) 
                  TextOf(bus_.Text("PurpleXferGetFilename", {transfer}))};
 }
 
+// The invitation may come from a place in the chat itself.
 std::optional<Arrival> PurpleInbox::ChatInvited(const QVariantList& values) {
   const int account = values[0].toInt();
-  return Arrival{account, people_.Sender(account, values[1].toString()),
-                 TextOf(values[2].toString())};
+  const QString sender = values[1].toString();
+  const QString room = values[2].toString();
+  const bool from_room = sender.startsWith(room + '/');
+  return Arrival{account,
+                 from_room ? HonestContact(sender, sender.mid(room.size() + 1))
+                           : people_.Sender(account, sender),
+                 TextOf(room)};
 }
 
 // What was kept for the user arrives as if it were new; only the conversation knows better.

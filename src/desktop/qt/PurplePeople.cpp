@@ -1,6 +1,5 @@
 #include "desktop/qt/PurplePeople.h"
 
-#include "desktop/PurpleStates.h"
 #include "desktop/qt/PurpleText.h"
 
 namespace brenwick {
@@ -20,22 +19,19 @@ PurpleBuddy PurplePeople::Buddy(int buddy) {
           HonestContact(id, bus_.Text("PurpleBuddyGetAlias", {buddy}))};
 }
 
-std::optional<std::int32_t> PurplePeople::StateOfBuddy(int buddy) {
+std::optional<Presence> PurplePeople::PresenceOfBuddy(int buddy) {
   const int presence = bus_.Number("PurpleBuddyGetPresence", {buddy});
   if (presence == 0) return std::nullopt;
-  return StateOfStatus(bus_.Number("PurplePresenceGetActiveStatus", {presence}), IsIdle(buddy));
+  const auto state = StateOfStatus(bus_.Number("PurplePresenceGetActiveStatus", {presence}));
+  if (!state) return std::nullopt;
+  return Presence{*state, bus_.Number("PurplePresenceIsIdle", {presence}) != 0};
 }
 
-bool PurplePeople::IsIdle(int buddy) {
-  const int presence = bus_.Number("PurpleBuddyGetPresence", {buddy});
-  return presence != 0 && bus_.Number("PurplePresenceIsIdle", {presence}) != 0;
-}
-
-std::optional<std::int32_t> PurplePeople::StateOfStatus(int status, bool idle) {
+std::optional<std::int32_t> PurplePeople::StateOfStatus(int status) {
   if (status == 0) return std::nullopt;
   const int type = bus_.Number("PurpleStatusGetType", {status});
   if (type == 0) return std::nullopt;
-  return StateOfPrimitive(bus_.Number("PurpleStatusTypeGetPrimitive", {type}), idle);
+  return StateOfPrimitive(bus_.Number("PurpleStatusTypeGetPrimitive", {type}));
 }
 
 MessengerContact PurplePeople::Sender(int account, const QString& id) {

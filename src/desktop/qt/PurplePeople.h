@@ -6,6 +6,7 @@
 #include <optional>
 #include <vector>
 
+#include "desktop/PurpleStates.h"
 #include "desktop/qt/PurpleBus.h"
 #include "platform/MessengerClient.h"
 
@@ -23,11 +24,9 @@ class PurplePeople {
 
   PurpleBuddy Buddy(int buddy);
   // Nothing where the client does not tell.
-  std::optional<std::int32_t> StateOfBuddy(int buddy);
-  bool IsIdle(int buddy);
-
+  std::optional<Presence> PresenceOfBuddy(int buddy);
   // Of a status, which is one of a contact or of the user.
-  std::optional<std::int32_t> StateOfStatus(int status, bool idle);
+  std::optional<std::int32_t> StateOfStatus(int status);
 
   // The sender of a message or an invitation, whose id may name the device, or a place in a group
   // chat.

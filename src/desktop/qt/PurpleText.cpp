@@ -3,6 +3,7 @@
 #include <QRegularExpression>
 #include <QTextDocumentFragment>
 #include <algorithm>
+#include <iterator>
 #include <limits>
 
 #include "base/Text.h"
@@ -16,6 +17,77 @@ constexpr const char* kInbox = "INBOX-UNREAD:";
 
 bool IsMailService(const std::string& name) { return UpperCase(name) == kMailService; }
 
+bool Stands(const char* const* begin, const char* const* end, const QString& name) {
+  return std::find(begin, end, name) != end;
+}
+
+// What stands on lines of its own, and what is not there to be read.
+constexpr const char* kBlocks[] = {"blockquote", "body", "dd", "div", "dl",    "dt", "h1",
+                                   "h2",         "h3",   "h4", "h5",  "h6",    "hr", "html",
+                                   "li",         "ol",   "p",  "pre", "table", "tr", "ul"};
+constexpr const char* kHidden[] = {"head", "script", "style", "title"};
+
+// The text with its entities, and of all tags the line breaks alone. Qt's own reader opens the
+// files that a tag names, and takes seconds over thousands of nested ones: it is shown none.
+class TagRemover {
+ public:
+  explicit TagRemover(const QString& html) : html_(html) {}
+
+  QString Text() {
+    qsizetype place = 0;
+    while (place < html_.size()) {
+      const qsizetype tag = html_.indexOf('<', place);
+      Add(html_.mid(place, tag < 0 ? -1 : tag - place));
+      if (tag < 0) break;
+      place = AfterTag(tag);
+    }
+    return text_;
+  }
+
+ private:
+  void Add(const QString& text) {
+    if (new_line_) {
+      if (text.trimmed().isEmpty()) return;
+      if (!text_.trimmed().isEmpty()) text_ += "<br>";
+      new_line_ = false;
+    }
+    text_ += text;
+  }
+
+  qsizetype AfterTag(qsizetype tag) {
+    if (html_.mid(tag, 4) == "<!--") return Behind("-->", tag);
+    const qsizetype end = html_.indexOf('>', tag);
+    if (end < 0) {
+      Add(html_.mid(tag).replace('<', "&lt;"));
+      return html_.size();
+    }
+    const bool closes = html_.mid(tag + 1, 1) == "/";
+    const QString name = NameAt(tag + (closes ? 2 : 1));
+    if (name == "br") text_ += "<br>";
+    if (Stands(std::begin(kBlocks), std::end(kBlocks), name)) new_line_ = true;
+    if (!closes && Stands(std::begin(kHidden), std::end(kHidden), name)) {
+      return Behind(">", html_.indexOf("</" + name, end, Qt::CaseInsensitive));
+    }
+    return end + 1;
+  }
+
+  QString NameAt(qsizetype place) const {
+    qsizetype end = place;
+    while (end < html_.size() && html_[end].isLetterOrNumber()) ++end;
+    return html_.mid(place, end - place).toLower();
+  }
+
+  // The end of the text where the mark does not come.
+  qsizetype Behind(const QString& mark, qsizetype from) const {
+    const qsizetype found = from < 0 ? -1 : html_.indexOf(mark, from);
+    return found < 0 ? html_.size() : found + mark.size();
+  }
+
+  const QString& html_;
+  QString text_;
+  bool new_line_ = false;  // what follows stands on a new line
+};
+
 // "Anna Baker" of "Anna Baker <anna@example.org>".
 QString NameOfSender(const QString& from) {
   static const QRegularExpression kAddress(QStringLiteral("\\s*<[^<>]*>\\s*$"));
@@ -25,10 +97,10 @@ QString NameOfSender(const QString& from) {
 
 }  // namespace
 
-std::string TextOf(const QString& text) { return Repaired(text.toStdString()); }
+std::string TextOf(const QString& text) { return text.toStdString(); }
 
 std::string PlainMessage(const QString& html) {
-  return TextOf(QTextDocumentFragment::fromHtml(html).toPlainText());
+  return TextOf(QTextDocumentFragment::fromHtml(TagRemover(html).Text()).toPlainText());
 }
 
 MessengerContact MailService() { return {"", kMailService}; }

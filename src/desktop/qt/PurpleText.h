@@ -8,7 +8,7 @@
 
 namespace brenwick {
 
-// The program's form of a text: valid UTF-8.
+// The program's form of a text: UTF-8, which Qt writes valid whatever the text holds.
 std::string TextOf(const QString& text);
 
 // A message as it is read: libpurple's are HTML, whatever the network.
