@@ -1,0 +1,97 @@
+#include "desktop/BusConnection.h"
+
+#include <dbus/dbus.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <stdexcept>
+#include <system_error>
+
+namespace brenwick {
+namespace {
+
+// A bus answers at once or not at all, and the program is starting meanwhile.
+constexpr int kPatience = 2'000;  // milliseconds
+
+class BusError {
+ public:
+  BusError() { dbus_error_init(&error_); }
+  BusError(const BusError&) = delete;
+  BusError& operator=(const BusError&) = delete;
+  ~BusError() { dbus_error_free(&error_); }
+
+  DBusError* Out() { return &error_; }
+  [[noreturn]] void Raise() const {
+    throw std::runtime_error(error_.message != nullptr ? error_.message : "the bus is gone");
+  }
+
+ private:
+  DBusError error_;
+};
+
+}  // namespace
+
+void UnrefMessage::operator()(DBusMessage* message) const { dbus_message_unref(message); }
+
+std::string SessionBusAddress() {
+  const char* address = std::getenv("DBUS_SESSION_BUS_ADDRESS");
+  if (address != nullptr && *address != '\0') return address;
+  const char* runtime = std::getenv("XDG_RUNTIME_DIR");
+  if (runtime == nullptr || *runtime == '\0') return {};
+  const std::string socket = std::string(runtime) + "/bus";
+  std::error_code ignored;
+  return std::filesystem::is_socket(socket, ignored) ? "unix:path=" + socket : std::string();
+}
+
+void BusConnection::Close::operator()(DBusConnection* connection) const {
+  dbus_connection_close(connection);
+  dbus_connection_unref(connection);
+}
+
+BusConnection::BusConnection(const std::string& address) {
+  if (address.empty()) throw std::runtime_error("there is no session bus");
+  BusError error;
+  connection_.reset(dbus_connection_open_private(address.c_str(), error.Out()));
+  if (!connection_) error.Raise();
+  const BusMessage hello(dbus_message_new_method_call(DBUS_SERVICE_DBUS, DBUS_PATH_DBUS,
+                                                      DBUS_INTERFACE_DBUS, "Hello"));
+  const BusMessage answer = Call(*hello);
+  const char* name = nullptr;
+  if (!dbus_message_get_args(answer.get(), error.Out(), DBUS_TYPE_STRING, &name,
+                             DBUS_TYPE_INVALID)) {
+    error.Raise();
+  }
+  name_ = name;
+}
+
+BusConnection::~BusConnection() = default;
+
+bool BusConnection::IsOpen() const { return dbus_connection_get_is_connected(connection_.get()); }
+
+int BusConnection::Descriptor() const {
+  int descriptor = -1;
+  dbus_connection_get_unix_fd(connection_.get(), &descriptor);
+  return descriptor;
+}
+
+BusMessage BusConnection::Call(DBusMessage& call) {
+  BusError error;
+  BusMessage answer(
+      dbus_connection_send_with_reply_and_block(connection_.get(), &call, kPatience, error.Out()));
+  if (!answer) error.Raise();
+  return answer;
+}
+
+bool BusConnection::Send(DBusMessage& message) {
+  if (!IsOpen() || !dbus_connection_send(connection_.get(), &message, nullptr)) return false;
+  dbus_connection_flush(connection_.get());
+  return IsOpen();
+}
+
+void BusConnection::Read() { dbus_connection_read_write(connection_.get(), 0); }
+
+BusMessage BusConnection::Next() {
+  return BusMessage(dbus_connection_pop_message(connection_.get()));
+}
+
+}  // namespace brenwick

@@ -1,0 +1,11 @@
+// Which notifications tell of new mail.
+#pragma once
+
+#include "desktop/Notification.h"
+
+namespace brenwick {
+
+// By the notification's own category or, where it has none, by the application.
+bool TellsOfMail(const Notification& notification);
+
+}  // namespace brenwick
