@@ -1,0 +1,71 @@
+// Whatever shows notifications, as a messenger: those of the applications that the user switched on
+// are read aloud.
+//
+// A connection of its own to the session bus watches what applications ask the desktop to show.
+// Nothing is ever sent on it, and no notification is answered, marked or closed.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "desktop/BusConnection.h"
+#include "desktop/DescriptorWatch.h"
+#include "desktop/MessengerSource.h"
+#include "desktop/Notification.h"
+#include "desktop/RecentTexts.h"
+#include "desktop/SeenApplications.h"
+
+namespace brenwick {
+
+class NotificationMessenger : public MessengerSource {
+ public:
+  static constexpr const char* kName = "Notifications";
+
+  // The store and the watch outlive this.
+  NotificationMessenger(std::string busAddress, RegistryStore& store, DescriptorWatch& watch);
+  ~NotificationMessenger() override;
+
+  // Of an application that is attached directly nothing is raised here, so that it is not heard
+  // twice. Asked at each notification with the application's name, in lower case.
+  std::function<bool(const std::string& application)> HeardElsewhere;
+
+  // Those that have shown a notification, in the order of their names. Changed is called when there
+  // is another.
+  std::vector<SeenApplication> Applications() const { return applications_.All(); }
+  void SwitchApplication(const std::string& name, bool on);
+
+  void Attach(MessengerListener& listener) override;
+  void Detach() override;
+  // Signed in while an application is switched on and its notifications can be seen.
+  std::int32_t MyStatus() override;
+  std::string MyName() override { return {}; }
+  void InstantMessage(const std::string& contact) override;
+
+  Connection Describe() const override;
+  bool Knows(const std::string& /*contact*/) override { return false; }
+  // Shows a notification, which comes back as the desktop gets it.
+  void Test(const std::string& sentence) override;
+
+ private:
+  void Ready();
+  void Hear(const Notification& notification);
+  void Raise(const Notification& notification, const std::string& application);
+  void RaiseMail(const Notification& notification, const std::string& application);
+  void Fail(const std::string& why);
+  void StateMayHaveChanged();
+
+  std::string bus_address_;
+  DescriptorWatch& watch_;
+  SeenApplications applications_;
+  RecentTexts said_;
+  MessengerListener* listener_ = nullptr;
+  std::shared_ptr<BusConnection> monitor_;
+  std::unique_ptr<BusConnection> tester_;
+  std::string failure_;
+  std::int32_t told_ = MSTATE_OFFLINE;  // the own state that the program knows
+};
+
+}  // namespace brenwick

@@ -1,0 +1,37 @@
+#include "desktop/qt/SocketWatch.h"
+
+#include <utility>
+
+namespace brenwick {
+
+// It may be its own signal that it goes in.
+void SocketWatch::Later::operator()(QSocketNotifier* notifier) const {
+  notifier->setEnabled(false);
+  notifier->deleteLater();
+}
+
+SocketWatch::SocketWatch(EndOfProgram& end) : end_(end) {
+  first_.setSingleShot(true);
+  QObject::connect(&first_, &QTimer::timeout, &first_, [this] { Tell(); });
+}
+
+void SocketWatch::Start(int descriptor, std::function<void()> readable) {
+  readable_ = std::move(readable);
+  notifier_.reset(new QSocketNotifier(descriptor, QSocketNotifier::Read));
+  QObject::connect(notifier_.get(), &QSocketNotifier::activated, &first_, [this] { Tell(); });
+  first_.start();
+}
+
+void SocketWatch::Stop() {
+  first_.stop();
+  notifier_.reset();
+  readable_ = nullptr;
+}
+
+void SocketWatch::Tell() {
+  end_.Guard([this] {
+    if (const auto readable = readable_) readable();
+  });
+}
+
+}  // namespace brenwick

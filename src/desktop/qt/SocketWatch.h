@@ -1,0 +1,33 @@
+// A descriptor that Qt's event loop watches.
+#pragma once
+
+#include <QSocketNotifier>
+#include <QTimer>
+#include <functional>
+#include <memory>
+
+#include "desktop/DescriptorWatch.h"
+#include "desktop/qt/EndOfProgram.h"
+
+namespace brenwick {
+
+class SocketWatch : public DescriptorWatch {
+ public:
+  explicit SocketWatch(EndOfProgram& end);
+
+  void Start(int descriptor, std::function<void()> readable) override;
+  void Stop() override;
+
+ private:
+  void Tell();
+
+  EndOfProgram& end_;
+  std::function<void()> readable_;
+  QTimer first_;
+  struct Later {
+    void operator()(QSocketNotifier* notifier) const;
+  };
+  std::unique_ptr<QSocketNotifier, Later> notifier_;
+};
+
+}  // namespace brenwick
