@@ -1,0 +1,64 @@
+// The feed: what scripts raise over D-Bus, as a messenger. There is no other way in which they can
+// make the program talk.
+#pragma once
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusVirtualObject>
+#include <QString>
+#include <cstdint>
+#include <functional>
+#include <string>
+
+#include "desktop/FeedLimit.h"
+#include "desktop/MessengerSource.h"
+#include "desktop/qt/EndOfProgram.h"
+
+namespace brenwick {
+
+// On the session bus this is org.brenwick.Brenwick1.
+class FeedMessenger : public QDBusVirtualObject, public MessengerSource {
+  Q_OBJECT
+ public:
+  static constexpr const char* kName = "D-Bus";
+
+  // busAddress: where the same bus listens, for a second connection that tries the feed.
+  FeedMessenger(EndOfProgram& end, QDBusConnection bus, std::string busAddress,
+                std::function<FeedLimit::Time()> now = std::chrono::steady_clock::now);
+  ~FeedMessenger() override;
+
+  void Attach(MessengerListener& listener) override;
+  void Detach() override;
+  // Signed in from the first event on.
+  std::int32_t MyStatus() override;
+  std::string MyName() override { return {}; }
+  void InstantMessage(const std::string& contact) override;
+
+  Connection Describe() const override;
+  bool Knows(const std::string& /*contact*/) override { return false; }
+  void Test(const std::string& sentence) override;
+
+  QString introspect(const QString& path) const override;
+  bool handleMessage(const QDBusMessage& call, const QDBusConnection& connection) override;
+
+ private:
+  struct Event;
+
+  Q_SLOT void Disconnected();
+  void Answer(const QDBusMessage& call, const Event& event);
+  void Raise(const Event& event);
+  void Fail(std::string why);
+  void Come();
+
+  EndOfProgram& end_;
+  QDBusConnection bus_;
+  std::string bus_address_;
+  FeedLimit limit_;
+  MessengerListener* listener_ = nullptr;
+  bool has_name_ = false;
+  bool has_come_ = false;  // an event
+  std::string failure_;
+  QString tester_;  // the connection that tries the feed, as the bus names it
+};
+
+}  // namespace brenwick
