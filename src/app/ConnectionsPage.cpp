@@ -120,14 +120,13 @@ void ConnectionsPage::SwitchApplication() {
   });
 }
 
-// What cannot carry a message says why. The sentence is heard while mute is on, too.
+// What may not carry a message says why. The sentences are heard while mute is on, too.
 void ConnectionsPage::TestSource(std::size_t index) {
   const Connection source = connections_.Sources().at(index);
-  if (source.State == ConnectionState::Attached) {
-    connections_.TestSource(index, "/talk " + texts_.LoadText(kTrial));
-  } else {
+  if (source.State != ConnectionState::Attached) {
     speech_.Speak(source.Name + ": " + StateText(source), true, kDefaultVoice, false);
   }
+  connections_.TestSource(index, "/talk " + texts_.LoadText(kTrial));
 }
 
 }  // namespace brenwick

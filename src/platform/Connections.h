@@ -18,13 +18,9 @@ enum class ConnectionState {
 struct Connection {
   std::string Name;  // as people call it: "Pidgin", "espeak-ng"
   ConnectionState State = ConnectionState::Waiting;
-<<<<<<< HEAD
   std::string Detail = {};  // the account it is attached as, or why it failed; often empty
-=======
-  std::string Detail;  // the account it is attached as, or why it failed; often empty
 
   bool operator==(const Connection& other) const = default;
->>>>>>> e15da6f (desktop: hear Pidgin and Finch)
 };
 
 // An application that has shown a notification.

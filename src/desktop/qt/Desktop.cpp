@@ -5,7 +5,9 @@
 #include <QFileInfo>
 #include <cstdlib>
 
+#include "base/Text.h"
 #include "desktop/AbsentVoice.h"
+#include "desktop/BusConnection.h"
 #include "desktop/EngineProcess.h"
 #include "desktop/EspeakVoice.h"
 #include "desktop/FirstVoices.h"
@@ -68,7 +70,12 @@ Desktop::Desktop(Instance& instance, const std::string& commandLine, bool first)
       store_(ini_, XdgConfigHome() + "/autostart/brenwick.desktop",
              QCoreApplication::applicationFilePath().toStdString()),
       voice_(MakeVoice(first, store_)),
-      messenger_(end_, QDBusConnection::sessionBus()),
+      watch_(end_),
+      purple_(end_, QDBusConnection::sessionBus()),
+      notifications_(SessionBusAddress(), store_, watch_),
+      feed_(end_, QDBusConnection::sessionBus(), SessionBusAddress()),
+      messenger_({&purple_, &notifications_, &feed_}),
+      connections_(messenger_, notifications_, purple_, {}, store_),
       screen_(end_),
       tray_(end_),
       loop_(end_),
@@ -87,6 +94,13 @@ Desktop::Desktop(Instance& instance, const std::string& commandLine, bool first)
   tray_.AvailableChanged = [this] { window_.TrayChanged(); };
   tray_.Observe(program_.Form(), program_.State(), views_);
   signals_.Asked = [this] { end_.Guard([this] { program_.Close(); }); };
+  notifications_.HeardElsewhere = [this](const std::string& application) {
+    const Connection client = purple_.Describe();
+    return client.State == ConnectionState::Attached && LowerCase(client.Name) == application;
+  };
+  messenger_.NobodyKnows = [](const std::string& contact) {
+    TellUser("No messenger that is connected knows " + contact + ".");
+  };
   instance_.Asked = [this](Verb verb, int repeat) { end_.Guard([&] { Do(verb, repeat); }); };
 }
 

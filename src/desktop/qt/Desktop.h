@@ -7,20 +7,24 @@
 #include <string>
 
 #include "app/Program.h"
-#include "desktop/AbsentConnections.h"
 #include "desktop/AutostartStore.h"
 #include "desktop/IniStore.h"
+#include "desktop/MessengerSources.h"
+#include "desktop/NotificationMessenger.h"
 #include "desktop/PosixFolders.h"
+#include "desktop/qt/DesktopConnections.h"
 #include "desktop/qt/DesktopSystem.h"
 #include "desktop/qt/DesktopTray.h"
 #include "desktop/qt/EndOfProgram.h"
 #include "desktop/qt/EndSignals.h"
+#include "desktop/qt/FeedMessenger.h"
 #include "desktop/qt/HotKeySource.h"
 #include "desktop/qt/Instance.h"
 #include "desktop/qt/MainWindowView.h"
 #include "desktop/qt/PurpleMessenger.h"
 #include "desktop/qt/QtEventLoop.h"
 #include "desktop/qt/QtScreen.h"
+#include "desktop/qt/SocketWatch.h"
 #include "desktop/qt/StatusView.h"
 #include "desktop/qt/SystemClock.h"
 #include "desktop/qt/TcpSocket.h"
@@ -47,8 +51,12 @@ class Desktop {
   IniStore ini_;
   AutostartStore store_;
   std::unique_ptr<SpVoice> voice_;
-  PurpleMessenger messenger_;
-  AbsentConnections connections_;
+  SocketWatch watch_;
+  PurpleMessenger purple_;
+  NotificationMessenger notifications_;
+  FeedMessenger feed_;
+  MessengerSources messenger_;
+  DesktopConnections connections_;
   QtScreen screen_;
   DesktopTray tray_;
   QtEventLoop loop_;

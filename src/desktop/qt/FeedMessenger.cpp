@@ -20,6 +20,7 @@ const QString kError = kService + ".Error.";
 const QString kTester = QStringLiteral("brenwick-test");
 constexpr const char* kMessage = "Message";
 constexpr const char* kState = "State";
+constexpr const char* kConversation = "ConversationWanted";
 constexpr const char* kSignature = "sss";
 
 std::string FromQt(const QVariant& value) { return Repaired(value.toString().toStdString()); }
@@ -95,8 +96,14 @@ std::int32_t FeedMessenger::MyStatus() {
   return has_come_ && has_name_ ? MSTATE_ONLINE : MSTATE_OFFLINE;
 }
 
-void FeedMessenger::InstantMessage(const std::string& /*contact*/) {
-  throw Failure(kInvalidCall, "Scripts have no conversations that could be opened", kTitle);
+bool FeedMessenger::Knows(const std::string& contact) {
+  return has_name_ && contacts_.contains(contact);
+}
+
+// Only the script knows where it talks with this contact.
+void FeedMessenger::InstantMessage(const std::string& contact) {
+  if (!has_name_) throw Failure(kInvalidCall, "The session bus has gone", kTitle);
+  bus_.send(QDBusMessage::createSignal(kPath, kService, kConversation) << ToQt(contact));
 }
 
 Connection FeedMessenger::Describe() const {
@@ -142,6 +149,8 @@ QString FeedMessenger::introspect(const QString& /*path*/) const {
     }
     xml += "</method>\n";
   }
+  xml += QString("<signal name=\"%1\"><arg name=\"contact\" type=\"s\"/></signal>\n")
+             .arg(kConversation);
   return xml + "</interface>\n";
 }
 
@@ -171,15 +180,15 @@ void FeedMessenger::Answer(const QDBusMessage& call, const Event& event) {
 void FeedMessenger::Come() {
   if (std::exchange(has_come_, true)) return;
   if (Changed) Changed();
-  if (listener_ != nullptr) listener_->OnLocalStateChangeResult(MSTATE_ONLINE);
+  listener_->OnLocalStateChangeResult(MSTATE_ONLINE);
 }
 
 void FeedMessenger::Raise(const Event& event) {
-  Come();
   if (listener_ == nullptr) return;
-  if (event.is_test) {
-    listener_->OnTextReceived({"", kName}, "", event.text);
-  } else if (event.state) {
+  if (event.is_test) return listener_->OnTextReceived({"", kName}, "", event.text);
+  Come();
+  contacts_.insert(event.contact.SigninName);
+  if (event.state) {
     listener_->OnUserStateChanged(event.contact, *event.state);
   } else {
     listener_->OnTextReceived(event.contact, "", event.text);

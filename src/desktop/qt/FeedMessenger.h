@@ -8,6 +8,7 @@
 #include <QString>
 #include <cstdint>
 #include <functional>
+#include <set>
 #include <string>
 
 #include "desktop/FeedLimit.h"
@@ -32,10 +33,12 @@ class FeedMessenger : public QDBusVirtualObject, public MessengerSource {
   // Signed in from the first event on.
   std::int32_t MyStatus() override;
   std::string MyName() override { return {}; }
+  // Asks the scripts for it, by the signal ConversationWanted.
   void InstantMessage(const std::string& contact) override;
 
   Connection Describe() const override;
-  bool Knows(const std::string& /*contact*/) override { return false; }
+  // Those that scripts have told of.
+  bool Knows(const std::string& contact) override;
   void Test(const std::string& sentence) override;
 
   QString introspect(const QString& path) const override;
@@ -57,6 +60,7 @@ class FeedMessenger : public QDBusVirtualObject, public MessengerSource {
   MessengerListener* listener_ = nullptr;
   bool has_name_ = false;
   bool has_come_ = false;  // an event
+  std::set<std::string> contacts_;
   std::string failure_;
   QString tester_;  // the connection that tries the feed, as the bus names it
 };
