@@ -9,6 +9,7 @@
 #include <tuple>
 
 #include "base/Text.h"
+#include "desktop/LanguageTag.h"
 
 namespace brenwick {
 namespace {
@@ -23,26 +24,12 @@ constexpr const char* kOtherEngine = "mb/";
 // Kyrgyz crashes on ordinary words ("v'zb", "l?s(") and would take the process with it.
 constexpr const char* kCrashing = "trk/ky";
 
-// "en_GB.UTF-8" becomes "en-gb", the way the engine writes a language's tag.
-std::string LanguageTag(const std::string& locale) {
-  std::string tag = LowerCase(std::string_view(locale).substr(0, locale.find_first_of(".@")));
-  std::replace(tag.begin(), tag.end(), '_', '-');
-  const bool none = tag.empty() || tag == "c" || tag == "posix";
-  return none ? "en-gb" : tag;
-}
-
-std::string_view PrimaryLanguage(std::string_view tag) { return tag.substr(0, tag.find('-')); }
-
 // The lower, the better the language suits the wanted tag.
 int Distance(const EspeakLanguage& language, const std::string& wanted) {
-  constexpr int kSameTag = 0, kWholeLanguage = 1000, kOtherRegion = 2000, kOtherLanguage = 3000;
   int least = kOtherLanguage;
   for (const auto& [priority, tag] : language.tags) {
-    if (PrimaryLanguage(tag) != PrimaryLanguage(wanted)) continue;
-    const int kinship = tag == wanted                    ? kSameTag
-                        : tag == PrimaryLanguage(wanted) ? kWholeLanguage
-                                                         : kOtherRegion;
-    least = std::min(least, kinship + priority);
+    const int distance = TagDistance(tag, wanted);
+    if (distance < kOtherLanguage) least = std::min(least, distance + priority);
   }
   return least;
 }
