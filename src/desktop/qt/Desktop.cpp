@@ -56,7 +56,7 @@ std::unique_ptr<SpVoice> MakeVoice(bool first, RegistryStore& store) {
   if (!first) return std::make_unique<AbsentVoice>();
   auto voice = std::make_unique<EspeakVoice>(
       EspeakOptions{.locale = Locale(),
-                    .no_sound = [] { qWarning("%s", EspeakVoice::kNoSound); },
+                    .no_sound = [] { qWarning("%s", EspeakSpeaker::kNoSound); },
                     .engine = MakeEngine});
   StoreFirstVoices(store, voice->Preferred());
   return voice;

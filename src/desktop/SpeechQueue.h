@@ -1,0 +1,73 @@
+// The sentences that are waiting to be said, and the thread that has them said.
+//
+// There is one queue for all speakers: each sentence is heard to its end before the next one
+// begins, whoever says it. A purge takes effect at once, however long the sentence is.
+#pragma once
+
+#include <chrono>
+#include <condition_variable>
+#include <deque>
+#include <mutex>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "desktop/Speaker.h"
+
+namespace brenwick {
+
+struct Sentence {
+  std::string text;
+  bool entities = false;  // &amp; and its like stand for their characters
+  Speaker* speaker = nullptr;
+  Manner manner = {};
+  // Says what the speaker could not; nullptr where it had better not be said.
+  Speaker* stand_in = nullptr;
+  Manner stand_in_manner = {};
+};
+
+class SpeechQueue {
+ public:
+  // Calls Prepare of each speaker, in their order, before any of them says a sentence. They are
+  // there for as long as the queue is.
+  explicit SpeechQueue(std::vector<Speaker*> speakers);
+  // Stops in the middle of a word.
+  ~SpeechQueue();
+  SpeechQueue(const SpeechQueue&) = delete;
+  SpeechQueue& operator=(const SpeechQueue&) = delete;
+
+  // Returns at once.
+  void Add(Sentence sentence);
+  // Cuts off what is being said and forgets what was waiting.
+  void Purge();
+
+  // Waits until the speakers are prepared.
+  void WaitUntilPrepared();
+  // Waits until all that was added has been said and heard; false when the time is up first.
+  bool WaitUntilSilent(std::chrono::milliseconds timeout);
+
+ private:
+  bool HasWork() const { return closing_ || cut_ || !sentences_.empty(); }
+  void Work();
+  void WorkOnce(std::unique_lock<std::mutex>& lock);
+  void FallSilent(std::unique_lock<std::mutex>& lock);
+  void Say(const Sentence& sentence);
+  bool Say(Speaker& speaker, std::u32string_view& text, const Manner& manner);
+
+  const std::vector<Speaker*> speakers_;
+  Speaker* speaking_ = nullptr;  // the last one that did
+
+  // These are shared with the thread that speaks.
+  std::mutex mutex_;
+  std::condition_variable work_;
+  std::condition_variable silence_;
+  std::deque<Sentence> sentences_;
+  bool cut_ = false;      // a purge was asked for and has not taken effect yet
+  bool closing_ = false;  // the thread is to end
+  bool silent_ = true;
+  bool prepared_ = false;
+  StopSign stop_;  // raised while cut_ or closing_ is set
+  std::thread thread_;
+};
+
+}  // namespace brenwick
