@@ -19,4 +19,6 @@ set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 # The libraries are found in the program itself; these two it opens while it runs.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "espeak-ng-data, libqt6svg6")
+# Its voices are in the list where it is installed.
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS "speech-dispatcher")
 include(CPack)

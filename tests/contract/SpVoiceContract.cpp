@@ -5,12 +5,20 @@
 #include <vector>
 
 #include "base/Failure.h"
+#include "contract/DispatchedVoice.h"
 #include "contract/SpeakingToFile.h"
 #include "desktop/EngineProcess.h"
 #include "rehearsal/ScriptedVoice.h"
 
 namespace brenwick {
 namespace {
+
+// Its server is there for all voices of a test.
+std::unique_ptr<SpVoice> MakeDispatched() {
+  static const PrivateDispatcher server;
+  server.AskForVoices();
+  return std::make_unique<DispatchedVoice>(server);
+}
 
 std::vector<SpVoiceImplementation> Implementations() {
   return {
@@ -20,6 +28,7 @@ std::vector<SpVoiceImplementation> Implementations() {
          return std::make_unique<SpeakingToFile>(
              [] { return std::make_unique<EngineProcess>(BRENWICK_VOICE, nullptr); });
        }},
+      {"Dispatched", [] { return MakeDispatched(); }},
       {"Scripted", [] { return std::make_unique<ScriptedVoice>(); }},
   };
 }

@@ -1,0 +1,51 @@
+// The voices of speech-dispatcher that were there when it was last asked.
+//
+// It takes a second to list them, which no start waits for; and the list has to be the same at
+// every start, whether the server is running already or not. So the program shows the voices that
+// are remembered, and asks the server for the next start.
+#pragma once
+
+#include <functional>
+#include <mutex>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "desktop/DispatcherAddress.h"
+#include "desktop/DispatcherVoices.h"
+#include "desktop/StopSign.h"
+
+namespace brenwick {
+
+class DispatcherMemory {
+ public:
+  // Whether the server was reached, and whether other voices are remembered now than before.
+  using Done = std::function<void(bool reached, bool news)>;
+
+  // path: the file of the remembered voices. `done` is called on the thread that asks.
+  DispatcherMemory(DispatcherAddress address, std::string path, Done done);
+  ~DispatcherMemory();
+  DispatcherMemory(const DispatcherMemory&) = delete;
+  DispatcherMemory& operator=(const DispatcherMemory&) = delete;
+
+  // What the file holds; nothing where there is none or it cannot be read.
+  std::vector<DispatcherListing> Voices() const;
+
+  // Asks the server, where there is one, on a thread of its own; once in the life of this object
+  // that succeeds.
+  void Refresh();
+
+ private:
+  bool Ask();
+  void Work();
+
+  const DispatcherAddress address_;
+  const std::string path_;
+  const Done done_;
+  StopSign stop_;
+  std::mutex mutex_;
+  bool asked_ = false;  // or being asked
+  std::thread thread_;
+};
+
+}  // namespace brenwick

@@ -1,0 +1,247 @@
+#include "desktop/DispatcherSpeaker.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "base/Text.h"
+#include "desktop/DispatcherStart.h"
+#include "desktop/EspeakText.h"
+#include "desktop/LanguageTag.h"
+
+namespace brenwick {
+namespace {
+
+using std::chrono::milliseconds;
+using std::chrono::seconds;
+using std::chrono::steady_clock;
+using Event = SsipConnection::Event;
+
+constexpr const char* kName = "Speech Dispatcher";
+constexpr const char* kNews = "Its voices are in the lists from the next start on";
+
+// How often a sentence is tried before it is left to somebody else.
+constexpr int kTries = 2;
+
+// So long another program may be talking.
+constexpr seconds kTurn{60};
+// So much longer than usual a text may take while its engine is there.
+constexpr int kPatienceWithSlowSpeech = 4;
+// The user has paused all speech, and goes on whenever the user likes.
+constexpr std::chrono::hours kPause{24};
+
+// Listing the voices, which shows whether an engine is there, can be half a second of work.
+constexpr seconds kCheckEvery{30};
+
+// What an engine makes of one character, at most and on average over a sentence.
+milliseconds TimeOf(char32_t character) {
+  constexpr milliseconds kLetter{150}, kDigit{600}, kIdeograph{600}, kSymbol{2500};
+  if (character >= U'0' && character <= U'9') return kDigit;
+  if (character < 0x2000) return kLetter;
+  const bool ideograph = character >= 0x3040 && character <= 0xD7AF;
+  return ideograph ? kIdeograph : kSymbol;
+}
+
+std::vector<std::string> Commands(const DispatcherVoiceEntry* voice, const Manner& manner) {
+  constexpr int kRateSteps = 10;
+  std::vector<std::string> commands;
+  const auto set = [&](const std::string& what, const std::string& value) {
+    if (!value.empty()) commands.push_back("SET SELF " + what + " " + value);
+  };
+  if (voice) {
+    set("OUTPUT_MODULE", voice->module);
+    set("LANGUAGE", voice->language);
+    set("SYNTHESIS_VOICE", voice->name);
+  }
+  // −100 to 100 each.
+  set("RATE", std::to_string(kRateSteps * manner.rate));
+  set("VOLUME", std::to_string(2 * manner.volume - 100));
+  return commands;
+}
+
+}  // namespace
+
+milliseconds UsualTime(std::string_view text, int rate) {
+  constexpr seconds kStart{2};
+  milliseconds time{0};
+  for (const char32_t character : Characters(text)) time += TimeOf(character);
+  const double slowness = std::pow(3.0, -rate / 10.0);
+  return kStart + milliseconds(std::lround(static_cast<double>(time.count()) * slowness));
+}
+
+DispatcherSpeaker::DispatcherSpeaker(DispatcherOptions options)
+    : options_(std::move(options)),
+      memory_(options_.address, options_.memory,
+              [this](bool reached, bool news) { VoicesAsked(reached, news); }) {
+  if (!DispatcherMayBeThere(options_.address)) {
+    detail_ = "It is not installed";
+    return;
+  }
+  voices_ = ArrangedVoices(memory_.Voices(), options_.locale);
+  for (const DispatcherVoiceEntry& voice : voices_) descriptions_.push_back(voice.description);
+  memory_.Refresh();
+}
+
+std::size_t DispatcherSpeaker::VoiceFor(const std::string& language) const {
+  const auto nearest =
+      std::min_element(voices_.begin(), voices_.end(), [&](const auto& a, const auto& b) {
+        return TagDistance(LanguageTag(a.language), language) <
+               TagDistance(LanguageTag(b.language), language);
+      });
+  return static_cast<std::size_t>(nearest - voices_.begin());
+}
+
+Connection DispatcherSpeaker::State() const {
+  const std::lock_guard lock(mutex_);
+  return {kName, state_, state_ == ConnectionState::Attached && news_ ? kNews : detail_};
+}
+
+// A sentence that gets further with each try is tried on.
+bool DispatcherSpeaker::Say(std::u32string_view& text, const Manner& manner, const StopSign& stop) {
+  const int tries = State().State == ConnectionState::Failed ? 1 : kTries;
+  std::size_t left = text.size();
+  for (int failures = 0; failures < tries;) {
+    try {
+      SayAll(text, manner, stop);
+      return true;
+    } catch (const SsipStopped&) {
+      connection_.reset();
+      return true;
+    } catch (const SsipTrouble& trouble) {
+      connection_.reset();
+      doubtful_ = true;
+      trouble_ = trouble.what();
+    }
+    if (text.size() < std::exchange(left, text.size())) failures = 0;
+    ++failures;
+  }
+  SetState(ConnectionState::Failed, trouble_);
+  return stop.Raised();
+}
+
+void DispatcherSpeaker::SayAll(std::u32string_view& text, const Manner& manner,
+                               const StopSign& stop) {
+  Connect(stop);
+  Use(manner, stop);
+  while (!stop.Raised()) {
+    std::u32string_view rest = text;
+    const std::string piece = NextPiece(rest);
+    if (piece.empty()) return;
+    const bool said = SayPiece(piece, manner, stop);
+    if (said && steady_clock::now() - checked_at_ > kCheckEvery) CheckEngine(manner, stop);
+    SetState(ConnectionState::Attached, "");
+    // What somebody else has silenced is not begun again.
+    text = said ? rest : std::u32string_view();
+  }
+}
+
+void DispatcherSpeaker::Connect(const StopSign& stop) {
+  if (connection_) return;
+  in_use_.clear();
+  try {
+    connection_ = std::make_unique<SsipConnection>(options_.address, options_.patience);
+  } catch (const SsipTrouble&) {
+    if (options_.address.given || !StartDispatcher(options_.address.socket, stop)) throw;
+    connection_ = std::make_unique<SsipConnection>(options_.address, options_.patience);
+  }
+  connection_->Ask("SET SELF CLIENT_NAME user:brenwick:speech", &stop);
+  connection_->Ask("SET SELF NOTIFICATION ALL on", &stop);
+  // Messages are said one behind the other; none pushes another aside.
+  connection_->Ask("SET SELF PRIORITY message", &stop);
+  memory_.Refresh();
+}
+
+void DispatcherSpeaker::Use(const Manner& manner, const StopSign& stop) {
+  const DispatcherVoiceEntry* const voice = manner.voice ? &voices_.at(*manner.voice) : nullptr;
+  std::vector<std::string> commands = Commands(voice, manner);
+  if (commands != in_use_) {
+    in_use_.clear();
+    for (const std::string& command : commands) connection_->Ask(command, &stop);
+    in_use_ = std::move(commands);
+  }
+  if (doubtful_) CheckEngine(manner, stop);
+  doubtful_ = false;
+}
+
+// The server does not tell that an engine has died, and has others speak in its place.
+void DispatcherSpeaker::CheckEngine(const Manner& manner, const StopSign& stop) {
+  if (!HasEngine(manner, stop))
+    throw SsipTrouble("Speech Dispatcher's speech engine does not work");
+  checked_at_ = steady_clock::now();
+}
+
+bool DispatcherSpeaker::HasEngine(const Manner& manner, const StopSign& stop) {
+  try {
+    const std::vector<std::string> lines = connection_->Ask("LIST SYNTHESIS_VOICES", &stop);
+    return std::any_of(lines.begin(), lines.end(), [&](const std::string& line) {
+      const std::string name = ReadListing("", line).name;
+      return manner.voice ? name == voices_[*manner.voice].name : name != kNoEngine;
+    });
+  } catch (const SsipRefusal&) {
+    return false;
+  }
+}
+
+// False where the text was silenced.
+bool DispatcherSpeaker::SayPiece(const std::string& piece, const Manner& manner,
+                                 const StopSign& stop) {
+  const std::string message = connection_->Say(piece, &stop);
+  milliseconds patience = options_.patience;
+  milliseconds left = kTurn;
+  while (left.count() > 0) {
+    const std::optional<Event> event = connection_->Await(message, patience, &stop);
+    if (stop.Raised()) {
+      Silence(message);
+      return false;
+    }
+    if (!event) {
+      CheckEngine(manner, stop);
+      left -= patience;
+    } else if (*event == Event::Begin || *event == Event::Resumed) {
+      patience = UsualTime(piece, manner.rate);
+      left = kPatienceWithSlowSpeech * patience;
+    } else if (*event == Event::Paused) {
+      patience = left = kPause;
+    } else if (*event == Event::End || *event == Event::Canceled) {
+      return *event == Event::End;
+    }
+  }
+  throw SsipTrouble("Speech Dispatcher does not say whether it has spoken");
+}
+
+// Returns when nothing more is heard of the message. The server's own silence takes a moment.
+void DispatcherSpeaker::Silence(const std::string& message) {
+  try {
+    connection_->Ask("CANCEL SELF", nullptr);
+    while (const auto event = connection_->Await(message, options_.patience, nullptr)) {
+      if (*event == Event::End || *event == Event::Canceled) return;
+    }
+  } catch (const SsipTrouble&) {
+    // The next sentence makes another connection.
+  }
+  connection_.reset();
+}
+
+void DispatcherSpeaker::SetState(ConnectionState state, const std::string& detail) {
+  bool failed = false;
+  {
+    const std::lock_guard lock(mutex_);
+    if (state == state_ && detail == detail_) return;
+    failed = state == ConnectionState::Failed && state_ != ConnectionState::Failed;
+    state_ = state;
+    detail_ = detail;
+  }
+  if (failed && options_.tell) options_.tell(detail + "; eSpeak NG speaks in its place.");
+  if (options_.changed) options_.changed();
+}
+
+void DispatcherSpeaker::VoicesAsked(bool reached, bool news) {
+  if (!reached) return;
+  {
+    const std::lock_guard lock(mutex_);
+    news_ = news;
+  }
+  SetState(ConnectionState::Attached, "");
+}
+
+}  // namespace brenwick

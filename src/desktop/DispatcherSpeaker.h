@@ -1,0 +1,87 @@
+// Says sentences through speech-dispatcher, where the user's desktop has it.
+//
+// The server plays the sound itself; a sentence is over when it says so. Where the connection
+// breaks, the server hangs or its engine dies, the sentence is said once more over a new
+// connection, and where that fails too, somebody else has to say it. The server is started only for
+// a sentence: the user has chosen one of its voices or tests it.
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "desktop/DispatcherAddress.h"
+#include "desktop/DispatcherMemory.h"
+#include "desktop/DispatcherVoices.h"
+#include "desktop/Speaker.h"
+#include "desktop/SsipConnection.h"
+
+namespace brenwick {
+
+struct DispatcherOptions {
+  DispatcherAddress address;
+  // Its voices come first in the list.
+  std::string locale;
+  // The file in which the voices are remembered.
+  std::string memory;
+  // How long the server may take to answer, or to begin.
+  std::chrono::milliseconds patience = SsipConnection::kPatience;
+  // Called, on the thread that speaks, once when it stops working.
+  std::function<void(const std::string& message)> tell = {};
+  // Called, on any thread, when State() may be another.
+  std::function<void()> changed = {};
+};
+
+class DispatcherSpeaker final : public Speaker {
+ public:
+  explicit DispatcherSpeaker(DispatcherOptions options);
+
+  const std::vector<std::string>& Voices() const override { return descriptions_; }
+  std::string Language(std::size_t voice) const override { return voices_.at(voice).language; }
+  std::size_t VoiceFor(const std::string& language) const override;
+  Connection State() const override;
+
+  // Returns when the server has said the text.
+  bool Say(std::u32string_view& text, const Manner& manner, const StopSign& stop) override;
+  // A sign that is raised has already silenced the server.
+  void Cut() override {}
+  std::chrono::milliseconds Finish() override { return {}; }
+
+ private:
+  void SayAll(std::u32string_view& text, const Manner& manner, const StopSign& stop);
+  void Connect(const StopSign& stop);
+  void Use(const Manner& manner, const StopSign& stop);
+  void CheckEngine(const Manner& manner, const StopSign& stop);
+  bool HasEngine(const Manner& manner, const StopSign& stop);
+  bool SayPiece(const std::string& piece, const Manner& manner, const StopSign& stop);
+  void Silence(const std::string& message);
+  void SetState(ConnectionState state, const std::string& detail);
+  void VoicesAsked(bool reached, bool news);
+
+  const DispatcherOptions options_;
+  std::vector<DispatcherVoiceEntry> voices_;
+  std::vector<std::string> descriptions_;
+
+  // Of the thread that speaks.
+  std::unique_ptr<SsipConnection> connection_;
+  std::vector<std::string> in_use_;  // the commands that the connection was prepared with
+  bool doubtful_ = false;            // whether the engine is there has to be asked first
+  std::chrono::steady_clock::time_point checked_at_;
+  std::string trouble_;
+
+  mutable std::mutex mutex_;
+  ConnectionState state_ = ConnectionState::Waiting;
+  std::string detail_;
+  bool news_ = false;  // the server has other voices than the list
+
+  DispatcherMemory memory_;
+};
+
+// How long it usually takes at most to say the text.
+std::chrono::milliseconds UsualTime(std::string_view text, int rate);
+
+}  // namespace brenwick

@@ -1,0 +1,66 @@
+// Where speech-dispatcher is looked for.
+#include "desktop/DispatcherAddress.h"
+
+#include <gtest/gtest.h>
+
+#include "contract/Environment.h"
+#include "contract/TemporaryFolder.h"
+
+namespace brenwick {
+namespace {
+
+TEST(DispatcherAddress, IsTheSocketOfTheSession) {
+  const DispatcherAddress address = DispatcherAddressIn("", "/run/user/1000");
+  EXPECT_EQ(address.socket, "/run/user/1000/speech-dispatcher/speechd.sock");
+  EXPECT_FALSE(address.given);
+}
+
+TEST(DispatcherAddress, IsTheSocketThatTheUserNames) {
+  const DispatcherAddress address = DispatcherAddressIn("unix_socket:/tmp/a:b", "/run");
+  EXPECT_EQ(address.socket, "/tmp/a:b");
+  EXPECT_TRUE(address.given);
+  EXPECT_EQ(DispatcherAddressIn("unix_socket", "/run").socket,
+            "/run/speech-dispatcher/speechd.sock");
+}
+
+TEST(DispatcherAddress, IsThePortThatTheUserNames) {
+  const DispatcherAddress address = DispatcherAddressIn("inet_socket:10.0.0.7:6666", "/run");
+  EXPECT_EQ(address.socket, "");
+  EXPECT_EQ(address.host, "10.0.0.7");
+  EXPECT_EQ(address.port, 6666);
+  EXPECT_TRUE(address.given);
+}
+
+TEST(DispatcherAddress, IsTheUsualPortOfThisMachine) {
+  for (const char* text :
+       {"inet_socket", "inet_socket:", "inet_socket:localhost", "inet_socket::x"}) {
+    const DispatcherAddress address = DispatcherAddressIn(text, "/run");
+    EXPECT_EQ(address.host, "127.0.0.1") << text;
+    EXPECT_EQ(address.port, 6560) << text;
+  }
+}
+
+TEST(DispatcherAddress, IsThatOfTheEnvironment) {
+  const Environment folder("XDG_RUNTIME_DIR", "/run/mine");
+  const Environment address("SPEECHD_ADDRESS", "");
+  EXPECT_EQ(DispatcherAddressOfSession().socket, "/run/mine/speech-dispatcher/speechd.sock");
+  const Environment other("SPEECHD_ADDRESS", "unix_socket:/tmp/x");
+  EXPECT_EQ(DispatcherAddressOfSession().socket, "/tmp/x");
+}
+
+TEST(DispatcherAddress, MayBeThereWhereTheProgramTheSocketOrTheUserSaysSo) {
+  const TemporaryFolder folder;
+  const Environment path("PATH", "/nowhere:" + folder.Path());
+  const DispatcherAddress address = DispatcherAddressIn("", folder.Path());
+  EXPECT_FALSE(DispatcherMayBeThere(address));
+  EXPECT_TRUE(DispatcherMayBeThere(DispatcherAddressIn("unix_socket", folder.Path())));
+  EXPECT_TRUE(DispatcherMayBeThere({folder.Path(), "", 0, false}));
+  SetBytes(folder.Inside("speech-dispatcher"), "");
+  EXPECT_FALSE(DispatcherMayBeThere(address));
+  std::filesystem::permissions(folder.Inside("speech-dispatcher"),
+                               std::filesystem::perms::owner_all);
+  EXPECT_TRUE(DispatcherMayBeThere(address));
+}
+
+}  // namespace
+}  // namespace brenwick

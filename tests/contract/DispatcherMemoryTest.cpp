@@ -1,0 +1,117 @@
+// Which voices of speech-dispatcher are remembered, and when it is asked for them.
+#include "desktop/DispatcherMemory.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <future>
+
+#include "contract/PrivateDispatcher.h"
+
+namespace brenwick {
+namespace {
+
+using Names = std::vector<std::string>;
+
+class DispatcherMemoryTest : public testing::Test {
+ protected:
+  struct Answer {
+    bool reached;
+    bool news;
+    bool operator==(const Answer&) const = default;
+  };
+
+  // What a new program is told once it has asked.
+  Answer Ask() {
+    std::promise<Answer> answer;
+    DispatcherMemory memory(server_.Address(), kFile, [&](bool reached, bool news) {
+      answer.set_value({reached, news});
+    });
+    memory.Refresh();
+    return answer.get_future().get();
+  }
+
+  Names Remembered() const {
+    Names names;
+    for (const DispatcherListing& voice : DispatcherMemory({}, kFile, {}).Voices()) {
+      names.push_back(voice.module + "/" + voice.name + "/" + voice.language);
+    }
+    return names;
+  }
+
+  PrivateDispatcher server_;
+  const std::string kFile = server_.Inside("state/brenwick/voices");
+  const Names kBoth = {"test/Anna/de", "test/Kal One/en-US"};
+};
+
+TEST_F(DispatcherMemoryTest, RemembersWhatTheServerHas) {
+  EXPECT_EQ(Remembered(), Names{});
+  EXPECT_EQ(Ask(), (Answer{true, true}));
+  EXPECT_EQ(Remembered(), kBoth);
+  EXPECT_EQ(Ask(), (Answer{true, false}));
+  EXPECT_EQ(Remembered(), kBoth);
+}
+
+TEST_F(DispatcherMemoryTest, LearnsOfOtherVoices) {
+  Ask();
+  server_.SetVoices({"Zoe\tfr\tnone", "Anna\tde\tnone"});
+  EXPECT_EQ(Ask(), (Answer{true, true}));
+  EXPECT_EQ(Remembered(), Names({"test/Anna/de", "test/Zoe/fr"}));
+}
+
+TEST_F(DispatcherMemoryTest, KeepsWhatItKnowsWhileThereIsNoServer) {
+  Ask();
+  server_.Kill();
+  EXPECT_EQ(Ask(), (Answer{false, false}));
+  EXPECT_EQ(Remembered(), kBoth);
+}
+
+TEST_F(DispatcherMemoryTest, KeepsTheVoicesOfAnEngineThatIsOutOfOrder) {
+  Ask();
+  server_.SignalEngine(SIGKILL);
+  EXPECT_EQ(Ask(), (Answer{true, false}));
+  EXPECT_EQ(Remembered(), kBoth);
+}
+
+TEST_F(DispatcherMemoryTest, AsksUntilItHasBeenAnsweredAndThenNoMore) {
+  server_.Kill();
+  std::vector<std::promise<bool>> answers(3);
+  std::size_t next = 0;
+  DispatcherMemory memory(server_.Address(), kFile,
+                          [&](bool reached, bool) { answers.at(next++).set_value(reached); });
+  memory.Refresh();
+  EXPECT_FALSE(answers[0].get_future().get());
+  server_.Start();
+  // The first answer may still be on its way into the memory.
+  auto second = answers[1].get_future();
+  do {
+    memory.Refresh();
+  } while (second.wait_for(std::chrono::milliseconds(10)) != std::future_status::ready);
+  EXPECT_TRUE(second.get());
+  memory.Refresh();
+  server_.SetVoices({"Zoe\tfr\tnone"});
+  memory.Refresh();
+  EXPECT_EQ(Remembered(), kBoth);
+}
+
+TEST_F(DispatcherMemoryTest, EndsWhileTheServerHangs) {
+  server_.Stop();
+  {
+    DispatcherMemory memory(server_.Address(), kFile, [](bool, bool) { ADD_FAILURE(); });
+    memory.Refresh();
+  }
+  EXPECT_EQ(Remembered(), Names{});
+}
+
+TEST_F(DispatcherMemoryTest, TakesAnyFile) {
+  std::filesystem::create_directories(server_.Inside("state/brenwick"));
+  std::string content;
+  for (int byte = 0; byte < 256; ++byte) content += static_cast<char>(byte);
+  SetBytes(kFile, content + "\n\t\t\t\t\t\nlone\n\nm\tAnna");
+  EXPECT_EQ(Remembered().back(), "m/Anna/");
+  EXPECT_EQ(Ask(), (Answer{true, true}));
+  EXPECT_EQ(Remembered(), kBoth);
+}
+
+}  // namespace
+}  // namespace brenwick

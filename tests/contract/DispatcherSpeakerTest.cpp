@@ -1,0 +1,249 @@
+// What is said through speech-dispatcher, and what happens when it does not work.
+#include "desktop/DispatcherSpeaker.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+
+#include "contract/DispatchedVoice.h"
+#include "contract/PrivateDispatcher.h"
+
+namespace brenwick {
+namespace {
+
+using std::chrono::milliseconds;
+using Lines = std::vector<std::string>;
+
+constexpr const char* kAnna = "de, Anna: test, Speech Dispatcher";
+constexpr const char* kKal = "en-US, Kal One: test, Speech Dispatcher";
+constexpr int kPurge = SVSFlagsAsync + SVSFPurgeBeforeSpeak;
+
+// Short enough to wait for.
+constexpr milliseconds kLittlePatience{500};
+
+// What the engine notes.
+std::string Anna(const std::string& text) { return "Anna|0|100|" + text; }
+
+class DispatcherSpeakerTest : public testing::Test {
+ protected:
+  DispatcherSpeakerTest() { server_.AskForVoices(); }
+
+  // A voice whose sentences Anna says.
+  std::unique_ptr<DispatchedVoice> MakeAnna(milliseconds patience = SsipConnection::kPatience) {
+    auto voice = std::make_unique<DispatchedVoice>(server_, patience);
+    voice->Choose(kAnna);
+    return voice;
+  }
+
+  PrivateDispatcher server_;
+};
+
+TEST_F(DispatcherSpeakerTest, StandsBehindTheFirstSpeakerInTheList) {
+  const Lines expected = {"English", "German", kKal, kAnna};
+  EXPECT_EQ(DispatchedVoice(server_).GetVoices(), expected);
+}
+
+TEST_F(DispatcherSpeakerTest, SaysASentenceWithItsVoiceRateAndVolume) {
+  const auto voice = MakeAnna();
+  voice->SayToTheEnd("Guten Morgen");
+  voice->Choose(kKal);
+  voice->SetRate(-10);
+  voice->SetVolume(25);
+  voice->SayToTheEnd("Good morning");
+  voice->SetRate(7);
+  voice->SayToTheEnd("Bye");
+  EXPECT_EQ(server_.Said(),
+            Lines({Anna("Guten Morgen"), "Kal One|-100|-50|Good morning", "Kal One|70|-50|Bye"}));
+  EXPECT_EQ(voice->Dispatcher().State, ConnectionState::Attached);
+  EXPECT_TRUE(voice->Told().empty());
+}
+
+TEST_F(DispatcherSpeakerTest, TakesItsTurnAmongAllSentences) {
+  const auto voice = MakeAnna();
+  Lines expected;
+  for (int i = 0; i < 30; ++i) {
+    voice->Choose(i % 3 == 0 ? "English" : kAnna);
+    const std::string text = "Sentence " + std::to_string(i);
+    voice->Speak(text, SVSFlagsAsync);
+    expected.push_back(i % 3 == 0 ? "gmw/en: " + text : Anna(text));
+  }
+  ASSERT_TRUE(voice->WaitUntilSilent(std::chrono::minutes(1)));
+  EXPECT_EQ(server_.Said(), expected);
+}
+
+TEST_F(DispatcherSpeakerTest, IsSilencedByAPurge) {
+  const auto voice = MakeAnna();
+  voice->Speak("A story without an end [hold]", SVSFlagsAsync);
+  voice->Speak("Never said", SVSFlagsAsync);
+  ASSERT_TRUE(server_.AwaitSaid(Anna("A story without an end [hold]")));
+  voice->Speak("Something else", kPurge);
+  ASSERT_TRUE(voice->WaitUntilSilent(std::chrono::minutes(1)));
+  EXPECT_EQ(server_.Said(),
+            Lines({Anna("A story without an end [hold]"), "stopped", Anna("Something else")}));
+}
+
+TEST_F(DispatcherSpeakerTest, IsSilencedByTheEndOfTheProgram) {
+  auto voice = MakeAnna();
+  voice->Speak("A story without an end [hold]", SVSFlagsAsync);
+  ASSERT_TRUE(server_.AwaitSaid(Anna("A story without an end [hold]")));
+  voice.reset();
+  EXPECT_TRUE(server_.AwaitSaid("stopped"));
+}
+
+TEST_F(DispatcherSpeakerTest, SaysAnyTextAndTheNextOne) {
+  const auto voice = MakeAnna();
+  for (const char* text : {".", "..", ". dot", " ", "\r\n.\r\nQUIT\r\n", "\x80\xFF\xC3", "\x01"}) {
+    voice->SayToTheEnd(text);
+  }
+  voice->SayToTheEnd("<audio src=\"x\"/> & &lt;");
+  EXPECT_EQ(server_.Said(), Lines({Anna("."), Anna(".."), Anna(". dot"), Anna(". QUIT "),
+                                   Anna("\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD"),
+                                   Anna("<audio src=\"x\"/> & &lt;")}));
+}
+
+TEST_F(DispatcherSpeakerTest, SaysALongTextInPieces) {
+  const auto voice = MakeAnna();
+  std::string text;
+  for (int i = 0; i < 40; ++i)
+    text += "All of this is said, and in this order: " + std::to_string(i) + ". ";
+  voice->SayToTheEnd(text);
+  std::string said;
+  for (const std::string& line : server_.Said()) said += line.substr(Anna("").size());
+  // Where it was cut there is a pause for a space.
+  std::erase(said, ' ');
+  std::erase(text, ' ');
+  EXPECT_EQ(said, text);
+  EXPECT_GT(server_.Said().size(), 1U);
+}
+
+TEST_F(DispatcherSpeakerTest, LeavesASentenceToTheFirstSpeakerWhereThereIsNoServer) {
+  server_.Kill();
+  const auto voice = MakeAnna();
+  voice->SayToTheEnd("Hallo");
+  voice->Choose(kKal);
+  voice->SayToTheEnd("Hello");
+  EXPECT_EQ(server_.Said(), Lines({"gmw/de: Hallo", "gmw/en: Hello"}));
+  EXPECT_EQ(voice->Dispatcher().State, ConnectionState::Failed);
+  EXPECT_EQ(voice->Dispatcher().Detail, "Speech Dispatcher is not running");
+  EXPECT_EQ(voice->Told(),
+            Lines{"Speech Dispatcher is not running; eSpeak NG speaks in its place."});
+}
+
+TEST_F(DispatcherSpeakerTest, SpeaksAgainOnceThereIsAServer) {
+  server_.Kill();
+  const auto voice = MakeAnna();
+  voice->SayToTheEnd("Eins");
+  server_.Start();
+  voice->SayToTheEnd("Zwei");
+  EXPECT_EQ(server_.Said(), Lines({"gmw/de: Eins", Anna("Zwei")}));
+  EXPECT_EQ(voice->Dispatcher().State, ConnectionState::Attached);
+  server_.Kill();
+  voice->SayToTheEnd("Drei");
+  EXPECT_EQ(voice->Told().size(), 2U);
+}
+
+TEST_F(DispatcherSpeakerTest, SaysWhatALostServerWasSayingOnceMore) {
+  const auto voice = MakeAnna();
+  voice->Speak("Eins [hold once]", SVSFlagsAsync);
+  voice->Speak("Zwei", SVSFlagsAsync);
+  ASSERT_TRUE(server_.AwaitSaid(Anna("Eins [hold once]")));
+  server_.Replace();
+  ASSERT_TRUE(voice->WaitUntilSilent(std::chrono::minutes(1)));
+  EXPECT_EQ(server_.Said(),
+            Lines({Anna("Eins [hold once]"), Anna("Eins [hold once]"), Anna("Zwei")}));
+  EXPECT_EQ(voice->Dispatcher().State, ConnectionState::Attached);
+  EXPECT_TRUE(voice->Told().empty());
+}
+
+TEST_F(DispatcherSpeakerTest, LeavesASentenceToTheFirstSpeakerWhereTheServerHangs) {
+  const auto voice = MakeAnna(kLittlePatience);
+  voice->SayToTheEnd("Eins");
+  server_.Stop();
+  voice->SayToTheEnd("Zwei");
+  EXPECT_EQ(voice->Dispatcher().State, ConnectionState::Failed);
+  EXPECT_EQ(voice->Dispatcher().Detail, "Speech Dispatcher does not answer");
+  server_.Continue();
+  voice->SayToTheEnd("Drei");
+  EXPECT_EQ(server_.Said(), Lines({Anna("Eins"), "gmw/de: Zwei", Anna("Drei")}));
+}
+
+TEST_F(DispatcherSpeakerTest, IsNotHeldUpByAServerThatHangsWhereItIsSilenced) {
+  const auto voice = MakeAnna(std::chrono::hours(1));
+  voice->SayToTheEnd("Eins");
+  server_.Stop();
+  voice->Speak("Never said", SVSFlagsAsync);
+  voice->Choose("English");
+  voice->Speak("Two", kPurge);
+  EXPECT_TRUE(voice->WaitUntilSilent(std::chrono::minutes(1)));
+  EXPECT_EQ(server_.Said(), Lines({Anna("Eins"), "gmw/en: Two"}));
+}
+
+TEST_F(DispatcherSpeakerTest, LeavesASentenceToTheFirstSpeakerWhereItsEngineHangs) {
+  const auto voice = MakeAnna(kLittlePatience);
+  voice->SayToTheEnd("Eins");
+  server_.SignalEngine(SIGSTOP);
+  voice->SayToTheEnd("Zwei");
+  EXPECT_EQ(server_.Said(), Lines({Anna("Eins"), "gmw/de: Zwei"}));
+  EXPECT_EQ(voice->Dispatcher().State, ConnectionState::Failed);
+}
+
+TEST_F(DispatcherSpeakerTest, LeavesASentenceToTheFirstSpeakerWhereItsEngineDies) {
+  const auto voice = MakeAnna(kLittlePatience);
+  voice->SayToTheEnd("Eins");
+  voice->SayToTheEnd("[die]");
+  voice->SayToTheEnd("Drei");
+  EXPECT_EQ(server_.Said(), Lines({Anna("Eins"), Anna("[die]"), "gmw/de: [die]", "gmw/de: Drei"}));
+  EXPECT_EQ(voice->Dispatcher().Detail, "Speech Dispatcher's speech engine does not work");
+  EXPECT_EQ(voice->Told().size(), 1U);
+}
+
+TEST_F(DispatcherSpeakerTest, NoticesThatItsEngineDiedBeforeTheFirstSentence) {
+  const auto voice = MakeAnna(kLittlePatience);
+  server_.SignalEngine(SIGKILL);
+  voice->SayToTheEnd("Eins");
+  EXPECT_EQ(server_.Said(), Lines({"gmw/de: Eins"}));
+}
+
+TEST_F(DispatcherSpeakerTest, WaitsWhileAnotherProgramSpeaks) {
+  const auto voice = MakeAnna(kLittlePatience);
+  DispatchedVoice other(server_);
+  other.Choose(kKal);
+  other.Speak("[hold]", SVSFlagsAsync);
+  ASSERT_TRUE(server_.AwaitSaid("Kal One|0|100|[hold]"));
+  voice->Speak("Eins", SVSFlagsAsync);
+  EXPECT_FALSE(voice->WaitUntilSilent(3 * kLittlePatience));
+  EXPECT_EQ(server_.Said().size(), 1U);
+  other.Speak("", kPurge);
+  EXPECT_TRUE(voice->WaitUntilSilent(std::chrono::minutes(1)));
+  EXPECT_EQ(server_.Said(), Lines({"Kal One|0|100|[hold]", "stopped", Anna("Eins")}));
+  EXPECT_EQ(voice->Dispatcher().State, ConnectionState::Attached);
+}
+
+TEST_F(DispatcherSpeakerTest, IsTestedAlone) {
+  DispatchedVoice voice(server_);
+  voice.TestEngine(1, "One");
+  voice.TestEngine(0, "Two");
+  ASSERT_TRUE(voice.WaitUntilSilent(std::chrono::minutes(1)));
+  EXPECT_EQ(server_.Said(), Lines({"Kal One|0|100|One", "gmw/en: Two"}));
+  EXPECT_EQ(voice.Dispatcher().State, ConnectionState::Attached);
+  server_.Kill();
+  voice.TestEngine(1, "Three");
+  ASSERT_TRUE(voice.WaitUntilSilent(std::chrono::minutes(1)));
+  EXPECT_EQ(server_.Said().size(), 2U);
+  EXPECT_EQ(voice.Dispatcher().State, ConnectionState::Failed);
+}
+
+TEST(DispatcherSpeaker, KnowsHowLongATextMayTake) {
+  using std::chrono::seconds;
+  EXPECT_GT(UsualTime("Hello.", 0), seconds(2));
+  EXPECT_LT(UsualTime("Hello.", 0), seconds(4));
+  // 60 characters are about four seconds, three times as many at the slowest.
+  EXPECT_GT(UsualTime(std::string(60, 'a'), 0), seconds(6));
+  EXPECT_GT(UsualTime(std::string(60, 'a'), -10), seconds(20));
+  // A digit is a word and a symbol may be several.
+  EXPECT_GT(UsualTime(std::string(10, '7'), 0), seconds(7));
+  EXPECT_GT(UsualTime("😀😀😀😀", 0), seconds(10));
+}
+
+}  // namespace
+}  // namespace brenwick
