@@ -36,6 +36,12 @@ std::string WithoutSlashAtEnd(std::string path) {
   return path;
 }
 
+// The folder in the environment, or the one in the home folder.
+std::string FolderOrIn(const char* name, const std::string& in_home) {
+  if (const auto folder = FolderInEnvironment(name)) return WithoutSlashAtEnd(*folder);
+  return HomeFolder() + in_home;
+}
+
 std::string ContentOf(const std::string& path) {
   OpenFile file(SystemCalls(), path, O_RDONLY);
   std::string content;
@@ -51,10 +57,9 @@ std::string HomeFolder() {
   return user != nullptr && user->pw_dir != nullptr ? WithoutSlashAtEnd(user->pw_dir) : "/";
 }
 
-std::string XdgConfigHome() {
-  if (const auto folder = FolderInEnvironment("XDG_CONFIG_HOME")) return WithoutSlashAtEnd(*folder);
-  return HomeFolder() + "/.config";
-}
+std::string XdgConfigHome() { return FolderOrIn("XDG_CONFIG_HOME", "/.config"); }
+
+std::string XdgStateHome() { return FolderOrIn("XDG_STATE_HOME", "/.local/state"); }
 
 std::string XdgDocumentsFolder() {
   if (const auto folder = FolderInEnvironment("XDG_DOCUMENTS_DIR")) {

@@ -13,6 +13,9 @@ std::string HomeFolder();
 // $XDG_CONFIG_HOME, or ~/.config where that is missing or no absolute path.
 std::string XdgConfigHome();
 
+// $XDG_STATE_HOME, or ~/.local/state: for what a program remembers and nobody edits.
+std::string XdgStateHome();
+
 // $XDG_DOCUMENTS_DIR, or what user-dirs.dirs says of it, or ~/Documents. It may not exist.
 std::string XdgDocumentsFolder();
 

@@ -8,6 +8,7 @@
 #include "base/Text.h"
 #include "desktop/AbsentVoice.h"
 #include "desktop/BusConnection.h"
+#include "desktop/DispatcherSpeaker.h"
 #include "desktop/EngineProcess.h"
 #include "desktop/EspeakVoice.h"
 #include "desktop/FirstVoices.h"
@@ -46,18 +47,28 @@ std::string EngineProgram() {
   return (QFileInfo::exists(installed) ? installed : folder + "/brenwick-voice").toStdString();
 }
 
+void Warn(const std::string& message) { qWarning("%s", message.c_str()); }
+
 std::unique_ptr<SpeechEngine> MakeEngine() {
-  return std::make_unique<EngineProcess>(
-      EngineProgram(), [](const std::string& message) { qWarning("%s", message.c_str()); });
+  return std::make_unique<EngineProcess>(EngineProgram(), Warn);
+}
+
+EspeakVoice::Others MakeOtherSpeakers() {
+  EspeakVoice::Others others;
+  others.push_back(std::make_unique<DispatcherSpeaker>(
+      DispatcherOptions{.address = DispatcherAddressOfSession(),
+                        .locale = Locale(),
+                        .memory = XdgStateHome() + "/brenwick/speech-dispatcher-voices",
+                        .tell = Warn}));
+  return others;
 }
 
 // A second start ends before it speaks; the engine would be loaded for nothing.
 std::unique_ptr<SpVoice> MakeVoice(bool first, RegistryStore& store) {
   if (!first) return std::make_unique<AbsentVoice>();
-  auto voice = std::make_unique<EspeakVoice>(
-      EspeakOptions{.locale = Locale(),
-                    .no_sound = [] { qWarning("%s", EspeakSpeaker::kNoSound); },
-                    .engine = MakeEngine});
+  const EspeakOptions options{
+      .locale = Locale(), .no_sound = [] { Warn(EspeakSpeaker::kNoSound); }, .engine = MakeEngine};
+  auto voice = std::make_unique<EspeakVoice>(options, MakeOtherSpeakers());
   StoreFirstVoices(store, voice->Preferred());
   return voice;
 }
