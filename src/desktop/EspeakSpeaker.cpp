@@ -30,7 +30,8 @@ EspeakSpeaker::EspeakSpeaker(const EspeakOptions& options)
     : engine_(options.engine ? options.engine() : std::make_unique<EspeakEngine>()),
       output_(MakeOutput(options, engine_->SampleRate())),
       to_file_(!options.wav_file.empty()),
-      no_sound_(options.no_sound) {
+      no_sound_(options.no_sound),
+      changed_(options.changed) {
   std::vector<EspeakVoiceEntry> voices = engine_->Voices(options.locale);
   preferred_ = PreferredVoices(voices);
   for (EspeakVoiceEntry& voice : voices) {
@@ -70,13 +71,13 @@ void EspeakSpeaker::ExpectSpeech() {
 
 // Looking for the device takes a while, in which the program can start.
 void EspeakSpeaker::Prepare() {
-  has_sound_ = output_->Ready();
+  LookForSound();
   if (!has_sound_ && no_sound_) no_sound_();
 }
 
 // What cannot be heard is left out: nobody else's sound would be.
 bool EspeakSpeaker::Say(std::u32string_view& text, const Manner& manner, const StopSign& stop) {
-  has_sound_ = output_->Ready();
+  LookForSound();
   if (!has_sound_ || identifiers_.empty()) return true;
   engine_->Use(identifiers_.at(manner.voice.value_or(0)), manner.rate, manner.volume);
   while (!stop.Raised()) {
@@ -85,6 +86,11 @@ bool EspeakSpeaker::Say(std::u32string_view& text, const Manner& manner, const S
     engine_->Say(piece, [&](std::span<const std::int16_t> samples) { return Play(samples, stop); });
   }
   return true;
+}
+
+void EspeakSpeaker::LookForSound() {
+  const bool sound = output_->Ready();
+  if (has_sound_.exchange(sound) != sound && changed_) changed_();
 }
 
 // Hands samples to the output while nobody asks to stop; false once somebody does.

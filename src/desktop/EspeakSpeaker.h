@@ -29,6 +29,8 @@ struct EspeakOptions {
   bool as_heard = false;
   // Called once, on the thread that speaks, where there is no sound device at the start.
   std::function<void()> no_sound = {};
+  // Called, on the thread that speaks, when there is sound no more, or again.
+  std::function<void()> changed = {};
   // Makes another engine than the one in this process, which a hostile text might take down.
   std::function<std::unique_ptr<SpeechEngine>()> engine = {};
   // Makes another output than these two, for samples at the given rate.
@@ -65,12 +67,14 @@ class EspeakSpeaker final : public Speaker {
   const VoicePair& Preferred() const { return preferred_; }
 
  private:
+  void LookForSound();
   bool Play(std::span<const std::int16_t> samples, const StopSign& stop);
 
   std::unique_ptr<SpeechEngine> engine_;
   std::unique_ptr<SoundOutput> output_;
   const bool to_file_;
   const std::function<void()> no_sound_;
+  const std::function<void()> changed_;
   std::vector<std::string> descriptions_;
   std::vector<std::string> identifiers_;
   VoicePair preferred_;
