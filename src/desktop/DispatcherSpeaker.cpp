@@ -30,8 +30,10 @@ constexpr int kPatienceWithSlowSpeech = 4;
 // The user has paused all speech, and goes on whenever the user likes.
 constexpr std::chrono::hours kPause{24};
 
-// Listing the voices, which shows whether an engine is there, can be half a second of work.
-constexpr seconds kCheckEvery{30};
+// Listing the voices, which shows whether an engine is there, is half a second of work for an
+// engine that has thousands; that is not done behind every sentence.
+constexpr std::size_t kShortList = 500;
+constexpr seconds kCheckLongListEvery{10};
 
 // What an engine makes of one character, at most and on average over a sentence.
 milliseconds TimeOf(char32_t character) {
@@ -62,11 +64,10 @@ std::vector<std::string> Commands(const DispatcherVoiceEntry* voice, const Manne
 }  // namespace
 
 milliseconds UsualTime(std::string_view text, int rate) {
-  constexpr seconds kStart{2};
   milliseconds time{0};
   for (const char32_t character : Characters(text)) time += TimeOf(character);
   const double slowness = std::pow(3.0, -rate / 10.0);
-  return kStart + milliseconds(std::lround(static_cast<double>(time.count()) * slowness));
+  return milliseconds(std::lround(static_cast<double>(time.count()) * slowness));
 }
 
 DispatcherSpeaker::DispatcherSpeaker(DispatcherOptions options)
@@ -128,7 +129,7 @@ void DispatcherSpeaker::SayAll(std::u32string_view& text, const Manner& manner,
     const std::string piece = NextPiece(rest);
     if (piece.empty()) return;
     const bool said = SayPiece(piece, manner, stop);
-    if (said && steady_clock::now() - checked_at_ > kCheckEvery) CheckEngine(manner, stop);
+    if (said && steady_clock::now() >= check_again_at_) CheckEngine(manner, stop);
     SetState(ConnectionState::Attached, "");
     // What somebody else has silenced is not begun again.
     text = said ? rest : std::u32string_view();
@@ -167,12 +168,13 @@ void DispatcherSpeaker::Use(const Manner& manner, const StopSign& stop) {
 void DispatcherSpeaker::CheckEngine(const Manner& manner, const StopSign& stop) {
   if (!HasEngine(manner, stop))
     throw SsipTrouble("Speech Dispatcher's speech engine does not work");
-  checked_at_ = steady_clock::now();
 }
 
 bool DispatcherSpeaker::HasEngine(const Manner& manner, const StopSign& stop) {
   try {
     const std::vector<std::string> lines = connection_->Ask("LIST SYNTHESIS_VOICES", &stop);
+    const bool is_long = lines.size() > kShortList;
+    check_again_at_ = steady_clock::now() + (is_long ? kCheckLongListEvery : seconds(0));
     return std::any_of(lines.begin(), lines.end(), [&](const std::string& line) {
       const std::string name = ReadListing("", line).name;
       return manner.voice ? name == voices_[*manner.voice].name : name != kNoEngine;
@@ -198,7 +200,7 @@ bool DispatcherSpeaker::SayPiece(const std::string& piece, const Manner& manner,
       CheckEngine(manner, stop);
       left -= patience;
     } else if (*event == Event::Begin || *event == Event::Resumed) {
-      patience = UsualTime(piece, manner.rate);
+      patience = options_.patience + UsualTime(piece, manner.rate);
       left = kPatienceWithSlowSpeech * patience;
     } else if (*event == Event::Paused) {
       patience = left = kPause;
@@ -206,6 +208,7 @@ bool DispatcherSpeaker::SayPiece(const std::string& piece, const Manner& manner,
       return *event == Event::End;
     }
   }
+  Silence(message);
   throw SsipTrouble("Speech Dispatcher does not say whether it has spoken");
 }
 

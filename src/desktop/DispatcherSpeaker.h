@@ -70,7 +70,7 @@ class DispatcherSpeaker final : public Speaker {
   std::unique_ptr<SsipConnection> connection_;
   std::vector<std::string> in_use_;  // the commands that the connection was prepared with
   bool doubtful_ = false;            // whether the engine is there has to be asked first
-  std::chrono::steady_clock::time_point checked_at_;
+  std::chrono::steady_clock::time_point check_again_at_;
   std::string trouble_;
 
   mutable std::mutex mutex_;
@@ -81,7 +81,7 @@ class DispatcherSpeaker final : public Speaker {
   DispatcherMemory memory_;
 };
 
-// How long it usually takes at most to say the text.
+// How long a text usually sounds at most.
 std::chrono::milliseconds UsualTime(std::string_view text, int rate);
 
 }  // namespace brenwick

@@ -18,6 +18,9 @@ namespace {
 
 constexpr const char* kEngine = BRENWICK_SOURCE_DIR "/tests/contract/engines/speech_module.py";
 
+// What speaks in the place of an engine that has died, and says nothing but that.
+constexpr const char* kDummy = "dummy";
+
 bool TakesConnections(const DispatcherAddress& address) {
   try {
     const SsipConnection connection(address);
@@ -30,13 +33,19 @@ bool TakesConnections(const DispatcherAddress& address) {
 }  // namespace
 
 PrivateDispatcher::PrivateDispatcher(const std::vector<std::string>& voices) {
-  for (const char* folder : {"config/speech-dispatcher/modules", "log", "speech-dispatcher"}) {
+  for (const char* folder :
+       {"config/speech-dispatcher/modules", "log", "speech-dispatcher", kDummy}) {
     std::filesystem::create_directories(Inside(folder));
   }
-  SetBytes(Inside("config/speech-dispatcher/speechd.conf"),
-           "LogLevel 3\nAddModule \"test\" \"" + std::string(kEngine) +
-               "\" \"test.conf\"\nDefaultModule test\n");
-  SetBytes(Inside("config/speech-dispatcher/modules/test.conf"), folder_.Path() + "\n");
+  std::string settings = "LogLevel 3\nDefaultModule test\n";
+  const auto add = [&](const std::string& name, const std::string& folder) {
+    settings += "AddModule \"" + name + "\" \"" + kEngine + "\" \"" + name + ".conf\"\n";
+    SetBytes(Inside("config/speech-dispatcher/modules/" + name + ".conf"), folder + "\n");
+  };
+  add("test", folder_.Path());
+  add(kDummy, Inside(kDummy));
+  SetBytes(Inside("config/speech-dispatcher/speechd.conf"), settings);
+  SetBytes(Inside("dummy/voices"), "dummy\ten\tnone\n");
   SetBytes(Inside("said"), "");
   SetVoices(voices);
   Start();
