@@ -69,10 +69,7 @@ class Conversation(road.RoadTest):
 
     def test_conversation_from_the_menu(self):
         self.assertEqual(self.me.conversations(), [])
-        menu = {line.caption: line for line in self.area.icon().open_menu()}
-        people = [line for each in menu.values() for line in each.lines]
-        [anna] = [line for line in people if "anna@localhost" in line.caption]
-        anna.choose()
+        self.choose_in_menu("anna@localhost")
         await_that(lambda: self.me.conversations() == ["anna@localhost"], "the conversation",
                    lambda: f"There are {self.me.conversations()}.")
 

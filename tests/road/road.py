@@ -62,3 +62,9 @@ class RoadTest(case.DesktopTest):
                        entry.startswith(f"UserStateChanged {who} ") and entry.endswith(state)
                        for before, entry in zip(log, log[1:])) >= times
         await_that(found, f"{who} found {state}", lambda: f"The log is {self.log()[-12:]}.")
+
+    def choose_in_menu(self, person):
+        """Asks for a conversation by the program's menu in the notification area."""
+        lines = [each for line in self.area.icon().open_menu() for each in line.lines]
+        [found] = [line for line in lines if person in line.caption]
+        found.choose()
