@@ -93,9 +93,9 @@ void PurpleClient::OwnerChanged(const QString& /*name*/, const QString& /*before
 void PurpleClient::Lose() {
   bus_.SetClient({});
   retry_.stop();
+  name_ = kAnyClient;
   while (!accounts_.empty()) SignOff(accounts_.begin()->first);
   inbox_.Forget();
-  name_ = kAnyClient;
 }
 
 // Not everything may have been told before. What has happened meanwhile is found, not announced.
