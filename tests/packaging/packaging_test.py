@@ -84,15 +84,23 @@ class Folder(unittest.TestCase):
                                    stderr=subprocess.PIPE, text=True)
         try:
             log = self.log_of(process)
+            engines = self.children_of(process)
         finally:
             process.send_signal(signal.SIGTERM)
             errors = process.communicate(timeout=PATIENCE)[1]
         self.assertEqual(process.returncode, 0, errors)
+        self.assertEqual(engines, [f"{prefix}/libexec/brenwick/brenwick-voice"])
         self.assertIn(f"Building language list from {prefix}/share/brenwick/Languages/", log)
         self.assertIn(f"Total languages : {len(LANGUAGES)} files", log)
         table = pathlib.Path(self.environment()["HOME"], "Documents/Brenwick/Abbreviations.Txt")
         self.assertEqual(table.read_bytes(),
                          (prefix / "share/brenwick/Abbreviations.Txt").read_bytes())
+
+    def children_of(self, process):
+        """The programs that it has started itself."""
+        tasks = pathlib.Path(f"/proc/{process.pid}/task").glob("*/children")
+        return [os.readlink(f"/proc/{child}/exe") for task in tasks
+                for child in task.read_text(encoding="utf-8").split()]
 
     def log_of(self, process):
         """The debug log, once the program has come to the end of its start."""
