@@ -15,6 +15,8 @@ class DescriptorWatch {
   // From now on the handler is called on the program's thread while the descriptor is readable, and
   // once in any case, but not before this returns.
   virtual void Start(int descriptor, std::function<void()> readable) = 0;
+  // Calls the handler once more, behind what waits for the program meanwhile.
+  virtual void Again() = 0;
   // The handler is not called again. It may be running.
   virtual void Stop() = 0;
 };

@@ -16,6 +16,7 @@ namespace {
 
 constexpr std::size_t kLongestApplication = 128;  // bytes
 constexpr std::size_t kLongestName = 1024;
+constexpr int kAtATime = 10;  // messages of the bus
 
 std::string Name(const std::string& text, std::size_t longest) {
   return std::string(Trimmed(FirstBytes(OneLine(text), longest)));
@@ -128,16 +129,25 @@ void NotificationMessenger::Test(const std::string& sentence) {
   }
 }
 
-// A handler may detach, or let this be called again.
+// A handler may detach, or let this be called again. Of a flood only some are taken at a time, so
+// that the window has its turn; the others wait at the bus.
 void NotificationMessenger::Ready() {
   const std::shared_ptr<BusConnection> monitor = monitor_;
   if (!monitor) return;
-  monitor->Read();
-  while (BusMessage message = monitor->Next()) {
+  for (int taken = 0; taken < kAtATime; ++taken) {
+    BusMessage message = monitor->Next();
+    if (!message) {
+      monitor->Read();
+      message = monitor->Next();
+    }
+    if (!message) {
+      if (!monitor->IsOpen() && monitor == monitor_) Fail("the session bus has gone");
+      return;
+    }
     const auto notification = ReadNotification(*message);
     if (notification && listener_ != nullptr) Hear(*notification);
   }
-  if (!monitor->IsOpen() && monitor == monitor_) Fail("the session bus has gone");
+  if (monitor == monitor_) watch_.Again();
 }
 
 void NotificationMessenger::Fail(const std::string& why) {

@@ -228,6 +228,17 @@ TEST_F(NotificationsTest, AreCutWhereTheyAreTooLong) {
   EXPECT_EQ(events[1], "Chat:" + std::string(1024, 'y') + ',' + std::string(1024, 'y') + ",,hello");
 }
 
+TEST_F(NotificationsTest, ComeInTheirOrderHoweverManyThereAre) {
+  AttachWith("Chat");
+  Events expected;
+  NotifyingApplication chat = Application("Chat");
+  for (int i = 0; i < 500; ++i) {
+    chat.Show("Anna", QString::number(i));
+    expected.push_back("Chat:Anna,Anna,," + std::to_string(i));
+  }
+  EXPECT_EQ(Settled(), expected);
+}
+
 TEST_F(NotificationsTest, AreTriedByOneThatIsReal) {
   messenger->Attach(listener);
   messenger->Test("Can you <hear> me & you?");

@@ -11,19 +11,21 @@ void SocketWatch::Later::operator()(QSocketNotifier* notifier) const {
 }
 
 SocketWatch::SocketWatch(EndOfProgram& end) : end_(end) {
-  first_.setSingleShot(true);
-  QObject::connect(&first_, &QTimer::timeout, &first_, [this] { Tell(); });
+  again_.setSingleShot(true);
+  QObject::connect(&again_, &QTimer::timeout, &again_, [this] { Tell(); });
 }
 
 void SocketWatch::Start(int descriptor, std::function<void()> readable) {
   readable_ = std::move(readable);
   notifier_.reset(new QSocketNotifier(descriptor, QSocketNotifier::Read));
-  QObject::connect(notifier_.get(), &QSocketNotifier::activated, &first_, [this] { Tell(); });
-  first_.start();
+  QObject::connect(notifier_.get(), &QSocketNotifier::activated, &again_, [this] { Tell(); });
+  Again();
 }
 
+void SocketWatch::Again() { again_.start(); }
+
 void SocketWatch::Stop() {
-  first_.stop();
+  again_.stop();
   notifier_.reset();
   readable_ = nullptr;
 }

@@ -16,6 +16,7 @@ class SocketWatch : public DescriptorWatch {
   explicit SocketWatch(EndOfProgram& end);
 
   void Start(int descriptor, std::function<void()> readable) override;
+  void Again() override;
   void Stop() override;
 
  private:
@@ -23,7 +24,7 @@ class SocketWatch : public DescriptorWatch {
 
   EndOfProgram& end_;
   std::function<void()> readable_;
-  QTimer first_;
+  QTimer again_;
   struct Later {
     void operator()(QSocketNotifier* notifier) const;
   };
