@@ -28,6 +28,11 @@ ConnectionsPage::ConnectionsPage(Logs& log, frmMain& form, TextTable& texts,
   language_ = texts_.Replaced.Observe([this] {
     if (shown_) Show();
   });
+  // Not everything that may have changed is told.
+  Frame& page = form_.fraPage[kConnectionsPage];
+  opened_ = page.Changed.Observe([this, &page] {
+    if (shown_ && page.Visible()) Show();
+  });
 }
 
 ConnectionsPage::~ConnectionsPage() { connections_.Changed = nullptr; }

@@ -42,6 +42,7 @@ class ConnectionsPage {
   std::vector<SeenApplication> applications_;
   bool shown_ = false;
   Subscription language_;
+  Subscription opened_;
 };
 
 }  // namespace brenwick

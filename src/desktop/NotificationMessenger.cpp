@@ -55,12 +55,6 @@ std::shared_ptr<BusConnection> Monitor(const std::string& address) {
   return monitor;
 }
 
-std::string Joined(const std::vector<std::string>& names) {
-  std::string joined;
-  for (const std::string& name : names) joined += (joined.empty() ? "" : ", ") + name;
-  return joined;
-}
-
 }  // namespace
 
 NotificationMessenger::NotificationMessenger(std::string busAddress, RegistryStore& store,
@@ -100,10 +94,8 @@ void NotificationMessenger::InstantMessage(const std::string& /*contact*/) {
 
 Connection NotificationMessenger::Describe() const {
   if (!failure_.empty()) return {kName, ConnectionState::Failed, failure_};
-  const std::vector<std::string> on = applications_.On();
-  if (on.empty()) return {kName, ConnectionState::Off, {}};
-  if (!monitor_) return {kName, ConnectionState::Waiting, {}};
-  return {kName, ConnectionState::Attached, Joined(on)};
+  if (applications_.On().empty()) return {kName, ConnectionState::Off, {}};
+  return {kName, monitor_ ? ConnectionState::Attached : ConnectionState::Waiting, {}};
 }
 
 void NotificationMessenger::SwitchApplication(const std::string& name, bool on) {

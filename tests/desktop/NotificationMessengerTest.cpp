@@ -121,7 +121,7 @@ TEST_F(NotificationsTest, DescribeWhatTheyAreConnectedTo) {
   messenger->SwitchApplication("a mail program", true);
   messenger->Attach(listener);
   EXPECT_EQ(messenger->Describe().State, ConnectionState::Attached);
-  EXPECT_EQ(messenger->Describe().Detail, "a mail program, Chat");
+  EXPECT_EQ(messenger->Describe().Detail, "");
 }
 
 TEST_F(NotificationsTest, GoByTheDesktopEntryWhereTheApplicationHasNoName) {

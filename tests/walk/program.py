@@ -34,7 +34,15 @@ def controls():
     arrays = re.findall(rf"^  std::array<({kind}), \w+> (\w+)\{{\{{(.*?)^  \}}\}};", text,
                         re.MULTILINE | re.DOTALL)
     found = [Control(kind, name, 1 if kind == "MenuItemArray" else 0) for kind, name in single]
-    return found + [Control(kind, name, body.count(f'"{name}"')) for kind, name, body in arrays]
+    found += [Control(kind, name, body.count(f'"{name}"')) for kind, name, body in arrays]
+    return found + connections(text)
+
+
+def connections(text):
+    """Each is shown by three controls (forms/ConnectionControls.h)."""
+    kinds = re.findall(r"std::array<ConnectionControls, (\d+)> \w+\{\{\s+\{\w+\(\w+\), \"(\w+)\"", text)
+    return [Control(kind, prefix + name, int(count)) for count, name in kinds
+            for kind, prefix in (("Label", "lbl"), ("TextBox", "txt"), ("Button", "cmdTest"))]
 
 
 def verbs():

@@ -131,7 +131,7 @@ class Ignored(Rule):
             self.listed = set()
         if step.clicks("cmdSelectAll"):
             self.ignored = set(self.listed)
-        if step.raises("OnTextReceived", "OnUserStateChanged"):
+        if step.raises("OnTextReceived", "OnUserStateChanged", "OnUserStateFound"):
             yield from self.look_at_event(step)
 
     def look_at_event(self, step):
@@ -139,7 +139,7 @@ class Ignored(Rule):
         notice = step.step.get("name", "").upper() == "HOTMAIL" and "text" in step.step
         if address in self.ignored and step.sentences() and not notice:
             yield f"{address} is ignored, and something was said"
-        if step.raises("OnUserStateChanged"):
+        if step.raises("OnUserStateChanged", "OnUserStateFound"):
             self.free_place = self.free_place or address == ""
             if not self.free_place:
                 self.listed.add(address)

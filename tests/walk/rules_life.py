@@ -68,9 +68,9 @@ class NothingWithoutCause(Rule):
 
 def may_be_bare(event):
     """Whether an event has members, all of which a script may leave out."""
-    return event in {"OnTextReceived", "OnUserStateChanged", "OnLocalStateChangeResult",
-                     "OnAppInviteReceived", "OnFileTransferInviteReceived",
-                     "OnNewerClientAvailable"}
+    return event in {"OnTextReceived", "OnUserStateChanged", "OnUserStateFound",
+                     "OnLocalStateChangeResult", "OnAppInviteReceived",
+                     "OnFileTransferInviteReceived", "OnNewerClientAvailable"}
 
 
 class Ending(Rule):

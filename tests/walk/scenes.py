@@ -47,7 +47,8 @@ class Scenes:
     def buddies_menu(self):
         """The menu of contacts after a start, with as many of its items as there must be."""
         people = self.rng.sample(values.CONTACTS, self.rng.randrange(1, 12))
-        states = [{"raise": "OnUserStateChanged", "email": address, "name": name,
+        events = ["OnUserStateChanged", "OnUserStateFound"]
+        states = [{"raise": self.rng.choice(events), "email": address, "name": name,
                    "state": values.state(self.rng)} for address, name in people]
         clicks = [{"click": "mnuBuddiesOnLine", "index": self.rng.randrange(len(people))}
                   for _ in range(4)]

@@ -42,7 +42,7 @@ class Generated(unittest.TestCase):
         self.assertEqual({control.kind for control in self.controls.values()}, set(program.KINDS))
         self.assertEqual(self.controls["txtSpokenMessages"].count, 4)
         self.assertEqual(self.controls["fraPage"].count, 16)
-        self.assertEqual(len(program.events()), 30)
+        self.assertEqual(len(program.events()), 31)
         self.assertEqual(program.events()["OnUserStateChanged"], ["email", "name", "state"])
         self.assertIn("previousInstance", program.world_members())
         self.assertIn("keydown", program.verbs())

@@ -47,30 +47,37 @@ std::string EngineProgram() {
   return (QFileInfo::exists(installed) ? installed : folder + "/brenwick-voice").toStdString();
 }
 
-void Warn(const std::string& message) { qWarning("%s", message.c_str()); }
+using Tell = std::function<void(const std::string&)>;
 
-std::unique_ptr<SpeechEngine> MakeEngine() {
-  return std::make_unique<EngineProcess>(EngineProgram(), Warn);
-}
-
-EspeakVoice::Others MakeOtherSpeakers() {
+EspeakVoice::Others MakeOtherSpeakers(const Tell& tell) {
   EspeakVoice::Others others;
   others.push_back(std::make_unique<DispatcherSpeaker>(
       DispatcherOptions{.address = DispatcherAddressOfSession(),
                         .locale = Locale(),
                         .memory = XdgStateHome() + "/brenwick/speech-dispatcher-voices",
-                        .tell = Warn}));
+                        .tell = tell}));
   return others;
 }
 
 // A second start ends before it speaks; the engine would be loaded for nothing.
-std::unique_ptr<SpVoice> MakeVoice(bool first, RegistryStore& store) {
+std::unique_ptr<SpVoice> MakeVoice(bool first, RegistryStore& store, const Tell& tell) {
   if (!first) return std::make_unique<AbsentVoice>();
   const EspeakOptions options{
-      .locale = Locale(), .no_sound = [] { Warn(EspeakSpeaker::kNoSound); }, .engine = MakeEngine};
-  auto voice = std::make_unique<EspeakVoice>(options, MakeOtherSpeakers());
+      .locale = Locale(),
+      .no_sound = [tell] { tell(EspeakSpeaker::kNoSound); },
+      .engine = [tell] { return std::make_unique<EngineProcess>(EngineProgram(), tell); }};
+  auto voice = std::make_unique<EspeakVoice>(options, MakeOtherSpeakers(tell));
   StoreFirstVoices(store, voice->Preferred());
   return voice;
+}
+
+DesktopConnections::SpeechEngines EnginesOf(SpVoice& voice) {
+  auto* queued = dynamic_cast<QueuedVoice*>(&voice);
+  if (queued == nullptr) return {};
+  return {[queued] { return queued->Engines(); },
+          [queued](std::size_t index, const std::string& sentence) {
+            queued->TestEngine(index, sentence);
+          }};
 }
 
 }  // namespace
@@ -80,13 +87,13 @@ Desktop::Desktop(Instance& instance, const std::string& commandLine, bool first)
       ini_(DefaultStoreFile(), clock_, TellUser),
       store_(ini_, XdgConfigHome() + "/autostart/brenwick.desktop",
              QCoreApplication::applicationFilePath().toStdString()),
-      voice_(MakeVoice(first, store_)),
+      voice_(MakeVoice(first, store_, [this](const std::string& trouble) { SpeechIs(trouble); })),
       watch_(end_),
       purple_(end_, QDBusConnection::sessionBus()),
       notifications_(SessionBusAddress(), store_, watch_),
       feed_(end_, QDBusConnection::sessionBus(), SessionBusAddress()),
       messenger_({&purple_, &notifications_, &feed_}),
-      connections_(messenger_, notifications_, purple_, {}, store_),
+      connections_(messenger_, notifications_, purple_, EnginesOf(*voice_), store_),
       screen_(end_),
       tray_(end_),
       loop_(end_),
@@ -128,6 +135,19 @@ void Desktop::Run() {
   } catch (const ProgramEnd&) {
     // Everything is saved and let go.
   }
+}
+
+// On the thread that speaks.
+void Desktop::SpeechIs(const std::string& trouble) {
+  qWarning("%s", trouble.c_str());
+  QMetaObject::invokeMethod(
+      QCoreApplication::instance(),
+      [this] {
+        end_.Guard([this] {
+          if (connections_.Changed) connections_.Changed();
+        });
+      },
+      Qt::QueuedConnection);
 }
 
 void Desktop::SaveWithoutDisplay() {

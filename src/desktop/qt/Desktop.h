@@ -44,6 +44,7 @@ class Desktop {
  private:
   void Do(Verb verb, int repeat);
   void SaveWithoutDisplay();
+  void SpeechIs(const std::string& trouble);
 
   EndOfProgram end_;
   SystemClock clock_;
