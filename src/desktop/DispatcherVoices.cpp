@@ -139,6 +139,7 @@ std::vector<DispatcherListing> CondensedVoices(std::vector<DispatcherListing> li
   std::vector<Candidate> candidates = Candidates(std::move(listings));
   Condense(candidates);
   std::vector<DispatcherListing> condensed;
+  condensed.reserve(candidates.size());
   for (Candidate& candidate : candidates) condensed.push_back(std::move(candidate.listing));
   return condensed;
 }

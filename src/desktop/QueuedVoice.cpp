@@ -10,6 +10,7 @@ namespace {
 
 std::vector<Speaker*> Pointers(const std::vector<std::unique_ptr<Speaker>>& speakers) {
   std::vector<Speaker*> pointers;
+  pointers.reserve(speakers.size());
   for (const auto& speaker : speakers) pointers.push_back(speaker.get());
   return pointers;
 }

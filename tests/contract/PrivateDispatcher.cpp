@@ -32,7 +32,7 @@ bool TakesConnections(const DispatcherAddress& address) {
 
 }  // namespace
 
-PrivateDispatcher::PrivateDispatcher(const std::vector<std::string>& voices) {
+PrivateDispatcher::PrivateDispatcher(Engines engines) {
   for (const char* folder :
        {"config/speech-dispatcher/modules", "log", "speech-dispatcher", kDummy}) {
     std::filesystem::create_directories(Inside(folder));
@@ -44,10 +44,17 @@ PrivateDispatcher::PrivateDispatcher(const std::vector<std::string>& voices) {
   };
   add("test", folder_.Path());
   add(kDummy, Inside(kDummy));
+  if (engines == Engines::kNotingAndReal) {
+    settings += "AddModule \"espeak-ng\" \"sd_espeak-ng\" \"espeak-ng.conf\"\n";
+    settings += "AudioOutputMethod \"alsa\"\nAudioALSADevice \"default\"\n";
+    SetBytes(Inside("config/speech-dispatcher/modules/espeak-ng.conf"), "");
+    SetBytes(Inside(".asoundrc"), "pcm.!default { type file; slave.pcm null; format raw; file \"" +
+                                      Inside("sound") + "\" }\n");
+  }
   SetBytes(Inside("config/speech-dispatcher/speechd.conf"), settings);
   SetBytes(Inside("dummy/voices"), "dummy\ten\tnone\n");
   SetBytes(Inside("said"), "");
-  SetVoices(voices);
+  SetVoices({"Anna\tde\tnone", "Kal One\ten-US\tnone"});
   Start();
 }
 

@@ -28,9 +28,9 @@ bool Await(const Condition& condition) {
 
 class PrivateDispatcher {
  public:
-  // The voices of its engine "test", "name TAB language TAB variant" each.
-  explicit PrivateDispatcher(const std::vector<std::string>& voices = {"Anna\tde\tnone",
-                                                                       "Kal One\ten-US\tnone"});
+  // With a real engine beside, its sound goes into the file "sound".
+  enum class Engines { kNoting, kNotingAndReal };
+  explicit PrivateDispatcher(Engines engines = Engines::kNoting);
   ~PrivateDispatcher();
   PrivateDispatcher(const PrivateDispatcher&) = delete;
   PrivateDispatcher& operator=(const PrivateDispatcher&) = delete;
@@ -47,6 +47,8 @@ class PrivateDispatcher {
   // Returns when its voices are remembered in the file "voices" of the folder "state".
   void AskForVoices() const;
 
+  // Those of the engine "test", "name TAB language TAB variant" each. At first it has "Anna", who
+  // speaks German, and "Kal One", who speaks American English.
   void SetVoices(const std::vector<std::string>& voices);
 
   DispatcherAddress Address() const { return {Socket(), "", 0, true}; }
