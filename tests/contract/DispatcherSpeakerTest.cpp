@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <filesystem>
 
 #include "contract/DispatchedVoice.h"
 #include "contract/PrivateDispatcher.h"
@@ -194,6 +195,8 @@ TEST_F(DispatcherSpeakerTest, LeavesASentenceToTheFirstSpeakerWhereItsEngineDies
   voice->SayToTheEnd("Drei");
   EXPECT_EQ(server_.Said(), Lines({Anna("Eins"), Anna("[die]"), "gmw/de: [die]", "gmw/de: Drei"}));
   EXPECT_EQ(voice->Dispatcher().Detail, "Speech Dispatcher's speech engine does not work");
+  // Nobody has told the user instead that there is no engine.
+  EXPECT_FALSE(std::filesystem::exists(server_.Inside("dummy/said")));
   EXPECT_EQ(voice->Told().size(), 1U);
 }
 
