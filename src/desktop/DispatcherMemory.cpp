@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <map>
 #include <utility>
 
 #include "base/Lines.h"
@@ -15,6 +16,7 @@ namespace brenwick {
 namespace {
 
 using Listings = std::vector<DispatcherListing>;
+using Rows = std::vector<std::string>;
 
 Listings Read(const std::string& path) {
   OpenFile file(SystemCalls(), path, O_RDONLY);
@@ -39,18 +41,36 @@ bool Write(const std::string& path, const Listings& listings) {
   return AtomicFile(path).Replace(content) == 0;
 }
 
-// Nothing where the engine does not answer, or the server answers for it.
-Listings Listed(SsipConnection& server, const std::string& module, const StopSign& stop) {
-  Listings listings;
+// The rows of the engine's list; none where it does not answer.
+Rows Listed(SsipConnection& server, const std::string& module, const StopSign& stop) {
   try {
     server.Ask("SET SELF OUTPUT_MODULE " + module, &stop);
-    for (const std::string& line : server.Ask("LIST SYNTHESIS_VOICES", &stop)) {
-      listings.push_back(ReadListing(module, line));
-      if (listings.back().name == kNoEngine) return {};
-    }
+    return server.Ask("LIST SYNTHESIS_VOICES", &stop);
   } catch (const SsipRefusal&) {
     return {};
   }
+}
+
+bool IsOfNoEngine(const Rows& rows) {
+  return rows.empty() || ReadListing("", rows.front()).name == kNoEngine;
+}
+
+bool IsOfTwo(const std::map<std::string, Rows>& modules, const Rows& rows) {
+  return std::count_if(modules.begin(), modules.end(),
+                       [&](const auto& module) { return module.second == rows; }) > 1;
+}
+
+Listings VoicesOf(const std::string& module, const Rows& rows) {
+  Listings listings;
+  listings.reserve(rows.size());
+  for (const std::string& row : rows) listings.push_back(ReadListing(module, row));
+  return listings;
+}
+
+Listings VoicesOf(const std::string& module, const Listings& remembered) {
+  Listings listings;
+  std::copy_if(remembered.begin(), remembered.end(), std::back_inserter(listings),
+               [&](const DispatcherListing& listing) { return listing.module == module; });
   return listings;
 }
 
@@ -93,15 +113,19 @@ void DispatcherMemory::Work() {
 bool DispatcherMemory::Ask() {
   SsipConnection server(address_);
   const Listings remembered = Voices();
-  Listings listings;
   server.Ask("SET SELF CLIENT_NAME user:brenwick:voices", &stop_);
+  std::map<std::string, Rows> modules;
   for (const std::string& module : server.Ask("LIST OUTPUT_MODULES", &stop_)) {
-    if (module == kNoEngine) continue;
-    const Listings listed = Listed(server, module, stop_);
-    // An engine that is out of order today is there tomorrow, and so is the user's choice.
-    const Listings& known = listed.empty() ? remembered : listed;
-    std::copy_if(known.begin(), known.end(), std::back_inserter(listings),
-                 [&](const DispatcherListing& listing) { return listing.module == module; });
+    if (module != kNoEngine) modules[module] = Listed(server, module, stop_);
+  }
+  Listings listings;
+  for (const auto& [module, rows] : modules) {
+    Listings voices = VoicesOf(module, remembered);
+    // For an engine that is out of order the server lists the voices of another one. It may work
+    // again tomorrow, and so does the user's choice.
+    const bool certain = voices.empty() || !IsOfTwo(modules, rows);
+    if (certain && !IsOfNoEngine(rows)) voices = VoicesOf(module, rows);
+    std::move(voices.begin(), voices.end(), std::back_inserter(listings));
   }
   listings = CondensedVoices(std::move(listings));
   return !listings.empty() && listings != remembered && Write(path_, listings);

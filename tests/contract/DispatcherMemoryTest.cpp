@@ -73,6 +73,24 @@ TEST_F(DispatcherMemoryTest, KeepsTheVoicesOfAnEngineThatIsOutOfOrder) {
   EXPECT_EQ(Remembered(), kBoth);
 }
 
+TEST(DispatcherMemory, TakesNoVoicesOfAnotherEngineForThoseOfOneThatIsOutOfOrder) {
+  PrivateDispatcher server(PrivateDispatcher::Engines::kNotingAndReal);
+  const auto remembered = [&] {
+    server.AskForVoices();
+    return DispatcherMemory({}, server.Inside("state/voices"), {}).Voices();
+  };
+  const std::vector<DispatcherListing> before = remembered();
+  EXPECT_GT(before.size(), 400U);
+  server.SetVoices({"Zoe\tfr\tnone"});
+  EXPECT_NE(remembered(), before);
+  server.SetVoices({"Anna\tde\tnone", "Kal One\ten-US\tnone"});
+  EXPECT_EQ(remembered(), before);
+  server.SignalEngine(SIGKILL);
+  // The server takes another one only when it has met the dead one once.
+  EXPECT_EQ(remembered(), before);
+  EXPECT_EQ(remembered(), before);
+}
+
 TEST_F(DispatcherMemoryTest, AsksUntilItHasBeenAnsweredAndThenNoMore) {
   server_.Kill();
   std::vector<std::promise<bool>> answers(3);

@@ -27,8 +27,8 @@ class DispatcherStartTest : public testing::Test {
   bool Runs() const { return std::filesystem::exists(server_.Socket()); }
 
   PrivateDispatcher server_;
-  const Environment home_{"HOME", server_.Inside("")};
-  const Environment runtime_{"XDG_RUNTIME_DIR", server_.Inside("")};
+  const Environment home_{"HOME", server_.Folder()};
+  const Environment runtime_{"XDG_RUNTIME_DIR", server_.Folder()};
   const Environment config_{"XDG_CONFIG_HOME", server_.Inside("config")};
   const Environment address_{"SPEECHD_ADDRESS", ""};
   const std::string pid_file_ = server_.Inside("speech-dispatcher/pid/speech-dispatcher.pid");

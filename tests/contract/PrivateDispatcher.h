@@ -53,6 +53,7 @@ class PrivateDispatcher {
 
   DispatcherAddress Address() const { return {Socket(), "", 0, true}; }
   std::string Socket() const { return Inside("speech-dispatcher/speechd.sock"); }
+  const std::string& Folder() const { return folder_.Path(); }
   std::string Inside(const std::string& name) const { return folder_.Inside(name); }
 
   // What its engine, and whoever writes into the same file, has been given to say.
