@@ -61,6 +61,16 @@ TEST_F(FeedLimitTest, ForgetsWhoIsSilent) {
   EXPECT_EQ(limit.Senders(), 1U);
 }
 
+TEST_F(FeedLimitTest, ForgetsWhoIsSilentBehindOneWhoIsNot) {
+  Granted("one", 1);
+  Granted("two", 1);
+  now += milliseconds(600);
+  Granted("one", 1);
+  now += milliseconds(600);
+  Granted("one", 1);
+  EXPECT_EQ(limit.Senders(), 1U);
+}
+
 TEST_F(FeedLimitTest, RefusesMoreSendersThanItRemembers) {
   for (std::size_t i = 0; i < FeedLimit::kMostSenders; ++i) {
     ASSERT_EQ(limit.Admit(std::to_string(i)), Admission::Granted);
