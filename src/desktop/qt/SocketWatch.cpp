@@ -4,21 +4,16 @@
 
 namespace brenwick {
 
-// It may be its own signal that it goes in.
-void SocketWatch::Later::operator()(QSocketNotifier* notifier) const {
-  notifier->setEnabled(false);
-  notifier->deleteLater();
-}
-
 SocketWatch::SocketWatch(EndOfProgram& end) : end_(end) {
   again_.setSingleShot(true);
   QObject::connect(&again_, &QTimer::timeout, &again_, [this] { Tell(); });
+  QObject::connect(&notifier_, &QSocketNotifier::activated, &again_, [this] { Tell(); });
 }
 
 void SocketWatch::Start(int descriptor, std::function<void()> readable) {
   readable_ = std::move(readable);
-  notifier_.reset(new QSocketNotifier(descriptor, QSocketNotifier::Read));
-  QObject::connect(notifier_.get(), &QSocketNotifier::activated, &again_, [this] { Tell(); });
+  notifier_.setSocket(descriptor);
+  notifier_.setEnabled(true);
   Again();
 }
 
@@ -26,7 +21,7 @@ void SocketWatch::Again() { again_.start(); }
 
 void SocketWatch::Stop() {
   again_.stop();
-  notifier_.reset();
+  notifier_.setEnabled(false);
   readable_ = nullptr;
 }
 

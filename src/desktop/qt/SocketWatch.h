@@ -4,7 +4,6 @@
 #include <QSocketNotifier>
 #include <QTimer>
 #include <functional>
-#include <memory>
 
 #include "desktop/DescriptorWatch.h"
 #include "desktop/qt/EndOfProgram.h"
@@ -25,10 +24,7 @@ class SocketWatch : public DescriptorWatch {
   EndOfProgram& end_;
   std::function<void()> readable_;
   QTimer again_;
-  struct Later {
-    void operator()(QSocketNotifier* notifier) const;
-  };
-  std::unique_ptr<QSocketNotifier, Later> notifier_;
+  QSocketNotifier notifier_{QSocketNotifier::Read};
 };
 
 }  // namespace brenwick
