@@ -324,6 +324,9 @@ TEST_F(PurpleEventsTest, OwnStateIsRaisedWhenItChanges) {
     purple.SetOwnState(1, primitive);
     EXPECT_TRUE(AwaitedUntilNow(""));
   }
+  purple.SetOwnState(1, kMood);
+  EXPECT_TRUE(AwaitedUntilNow(""));
+  EXPECT_EQ(messenger->MyStatus(), MSTATE_ONLINE);
 }
 
 TEST_F(PurpleEventsTest, TheUserIsSignedInWhileOneAccountIs) {

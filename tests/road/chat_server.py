@@ -36,6 +36,7 @@ authentication = "internal_plain"
 log = {{ info = "{folder}/log" }}
 VirtualHost "{host}"
 Component "{rooms}" "muc"
+muc_room_locking = false
 """
 
 # An element <arrived xmlns="brenwick:mail" count="2"/> to a user is so much mail for that one.

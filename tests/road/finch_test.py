@@ -131,6 +131,28 @@ class ComingsAndGoings(road.RoadTest):
         self.hear("Anna Baker says are you there?")
 
 
+class GroupChat(road.RoadTest):
+    settings = {"Connections": {"GroupChats": "1"},
+                "User": {"IntroduceUser": "1"}, "Text": {"Says": "says"}}
+
+    def test_others_are_heard_from_when_the_user_entered(self):
+        self.start_client()
+        self.start("--debug")
+        room = f"lobby@{ROOMS}"
+        self.anna.enter(room, "AnnaNick")
+        self.anna.say_in(room, "before")
+        self.me.enter("lobby", ROOMS, "MaxNick")
+        self.anna.await_in(room, "MaxNick")
+        self.anna.say_in(room, "hello & welcome")
+        self.hear("Anna Nick says hello & welcome")
+        self.me.say_in(room, "my own words")
+        self.anna.await_said(room, "my own words")
+        self.anna.say_privately(f"{room}/MaxNick", "just you")
+        self.hear("Anna Nick says just you")
+        self.anna.say_in(room, "the last word")
+        self.hear("Anna Nick says the last word")
+
+
 class Heard(road.RoadTest):
     def test_a_message_can_be_heard(self):
         recording = Recording(self.desktop)

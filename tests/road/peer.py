@@ -27,6 +27,8 @@ class Peer:
         self.thread = threading.Thread(target=self.loop.run_forever)
         self.thread.start()
         self.client = None
+        self.seen = set()  # who has shown any presence
+        self.heard = []    # from whom, and what
         self.sign_on()
 
     def _do(self, action):
@@ -39,6 +41,10 @@ class Peer:
         async def connect():
             self.client = slixmpp.ClientXMPP(self.jid, PASSWORD)
             self.client.add_event_handler("session_start", lambda _: started.set())
+            self.client.add_event_handler(
+                "presence", lambda presence: self.seen.add(presence["from"].full))
+            self.client.add_event_handler(
+                "message", lambda said: self.heard.append((said["from"].bare, said["body"])))
             self.client.connect(("127.0.0.1", self.port), disable_starttls=True)
         self._do(connect)
         await_that(started.is_set, f"{self.jid} signed on")
@@ -46,6 +52,13 @@ class Peer:
             self.show()
 
     def end(self):
+        self.lose_connection()
+        self.loop.call_soon_threadsafe(self.loop.stop)
+        self.thread.join()
+        self.loop.close()
+
+    def lose_connection(self):
+        """Without a word to the server."""
         async def leave():
             self.client.abort()
             rest = asyncio.all_tasks() - {asyncio.current_task()}
@@ -53,15 +66,6 @@ class Peer:
                 task.cancel()
             await asyncio.gather(*rest, return_exceptions=True)
         self._do(leave)
-        self.loop.call_soon_threadsafe(self.loop.stop)
-        self.thread.join()
-        self.loop.close()
-
-    def lose_connection(self):
-        """The server is gone, or about to go."""
-        async def abort():
-            self.client.abort()
-        self._do(abort)
 
     def send(self, xml):
         async def write():
@@ -90,6 +94,18 @@ class Peer:
 
     def say_in(self, room, text):
         self.send(f"<message to='{room}' type='groupchat'><body>{escape(text)}</body></message>")
+
+    def say_privately(self, place, text):
+        self.send(f"<message to='{place}' type='chat'><body>{escape(text)}</body></message>")
+
+    def await_in(self, room, nick):
+        """Awaits that somebody has entered the room."""
+        await_that(lambda: f"{room}/{nick}" in self.seen, f"{nick} in {room}",
+                   lambda: f"There are {self.seen}.")
+
+    def await_said(self, room, text):
+        await_that(lambda: (room, text) in self.heard, f"{text!r} in {room}",
+                   lambda: f"Said was {self.heard}.")
 
     def invite(self, room):
         self.send(f"<message to='{ME}'><x xmlns='jabber:x:conference' jid='{room}'/></message>")

@@ -108,6 +108,17 @@ class Purple:
     def sign_on(self):
         self.ask("AccountConnect", "(i)", self.account)
 
+    def enter(self, room, rooms, nick):
+        connection = self.ask("AccountGetConnection", "(i)", self.account)
+        data = GLib.Variant("(ia{ss})", (connection, {"room": room, "server": rooms,
+                                                      "handle": nick}))
+        call(self.connection, SERVICE, PATH, INTERFACE, "ServJoinChat", data)
+
+    def say_in(self, room, text):
+        [chat] = [each for each in self.ask("GetChats")
+                  if self.ask("ConversationGetName", "(i)", each) == room]
+        self.ask("ConvChatSend", "(is)", self.ask("ConversationGetChatData", "(i)", chat), text)
+
     def conversations(self):
         """With whom there are windows."""
         return [self.ask("ConversationGetName", "(i)", each) for each in self.ask("GetIms")]
