@@ -141,6 +141,7 @@ class GroupChat(road.RoadTest):
         room = f"lobby@{ROOMS}"
         self.anna.enter(room, "AnnaNick")
         self.anna.say_in(room, "before")
+        self.anna.await_said(room, "before")
         self.me.enter("lobby", ROOMS, "MaxNick")
         self.anna.await_in(room, "MaxNick")
         self.anna.say_in(room, "hello & welcome")
