@@ -13,6 +13,7 @@
 #include "base/Failure.h"
 #include "contract/RecordingListener.h"
 #include "desktop/PrivateBus.h"
+#include "desktop/TestApplication.h"
 
 namespace brenwick {
 namespace {
@@ -60,10 +61,7 @@ class FeedTest : public testing::Test {
     return Answer(Call("State", {contact, name, state}));
   }
 
-  int argc = 1;
-  char program[8] = "desktop";
-  char* argv[2] = {program, nullptr};
-  QCoreApplication application{argc, argv};
+  TestApplication<QCoreApplication> application;
 
   PrivateBus bus;
   QStringList connections;

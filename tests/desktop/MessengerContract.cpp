@@ -19,6 +19,7 @@
 #include "desktop/MockNotifications.h"
 #include "desktop/MockPurple.h"
 #include "desktop/PrivateBus.h"
+#include "desktop/TestApplication.h"
 #include "desktop/qt/FeedMessenger.h"
 #include "desktop/qt/PurpleMessenger.h"
 #include "desktop/qt/SocketWatch.h"
@@ -161,11 +162,7 @@ class MessengerContract : public testing::TestWithParam<Implementation> {
     return heard;
   }
 
-  bool offscreen = qputenv("QT_QPA_PLATFORM", "offscreen");
-  int argc = 1;
-  char program[8] = "desktop";
-  char* argv[2] = {program, nullptr};
-  QGuiApplication application{argc, argv};
+  TestApplication<QGuiApplication> application;
   RecordingListener listener;
   std::unique_ptr<Stage> stage = GetParam().make();
 };

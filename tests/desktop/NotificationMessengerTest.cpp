@@ -16,6 +16,7 @@
 #include "desktop/IniStore.h"
 #include "desktop/MockNotifications.h"
 #include "desktop/PrivateBus.h"
+#include "desktop/TestApplication.h"
 #include "desktop/qt/SocketWatch.h"
 
 namespace brenwick {
@@ -56,10 +57,7 @@ class NotificationsTest : public testing::Test {
     return listener.events;
   }
 
-  int argc = 1;
-  char program[8] = "desktop";
-  char* argv[2] = {program, nullptr};
-  QCoreApplication application{argc, argv};
+  TestApplication<QCoreApplication> application;
 
   PrivateBus bus;
   MockNotifications desk{bus.Connect("desk")};

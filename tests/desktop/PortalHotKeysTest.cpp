@@ -13,6 +13,7 @@
 #include "desktop/MockPortal.h"
 #include "desktop/PrivateBus.h"
 #include "desktop/RecordedKeys.h"
+#include "desktop/TestApplication.h"
 
 namespace brenwick {
 namespace {
@@ -52,10 +53,7 @@ class PortalHotKeysTest : public testing::Test {
     return QTest::qWaitFor([&] { return key.Obstacle() == KeyObstacle{}; });
   }
 
-  int argc = 1;
-  char program[8] = "desktop";
-  char* argv[2] = {program, nullptr};
-  QCoreApplication application{argc, argv};
+  TestApplication<QCoreApplication> application;
 
   PrivateBus bus;
   MockPortal portal{bus.Connect("portal")};

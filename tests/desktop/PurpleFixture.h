@@ -12,6 +12,7 @@
 #include "desktop/MockPurple.h"
 #include "desktop/PrivateBus.h"
 #include "desktop/RecordedEvents.h"
+#include "desktop/TestApplication.h"
 #include "desktop/qt/PurpleMessenger.h"
 
 namespace brenwick {
@@ -56,11 +57,7 @@ class PurpleFixture : public testing::Test {
   static constexpr std::chrono::hours kLong{1};
   static constexpr std::chrono::milliseconds kNone{0};
 
-  bool offscreen = qputenv("QT_QPA_PLATFORM", "offscreen");
-  int argc = 1;
-  char program[8] = "desktop";
-  char* argv[2] = {program, nullptr};
-  QGuiApplication application{argc, argv};
+  TestApplication<QGuiApplication> application;
 
   PrivateBus bus;
   MockPurple purple{bus.Connect("purple")};

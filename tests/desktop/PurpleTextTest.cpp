@@ -7,17 +7,14 @@
 #include <QTemporaryDir>
 
 #include "base/Text.h"
+#include "desktop/TestApplication.h"
 
 namespace brenwick {
 namespace {
 
 class PurpleTextTest : public testing::Test {
  protected:
-  bool offscreen = qputenv("QT_QPA_PLATFORM", "offscreen");
-  int argc = 1;
-  char program[8] = "desktop";
-  char* argv[2] = {program, nullptr};
-  QGuiApplication application{argc, argv};
+  TestApplication<QGuiApplication> application;
 };
 
 TEST_F(PurpleTextTest, ReadsWhatAPersonWouldRead) {

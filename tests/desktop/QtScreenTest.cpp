@@ -1,3 +1,4 @@
+#include "desktop/TestApplication.h"
 #include "desktop/qt/QtScreen.h"
 
 #include <gtest/gtest.h>
@@ -12,11 +13,7 @@ class QtScreenTest : public testing::Test {
  protected:
   float Width(const std::string& text) { return screen.TextWidth(text, {}); }
 
-  bool offscreen = qputenv("QT_QPA_PLATFORM", "offscreen");
-  int argc = 1;
-  char program[8] = "desktop";
-  char* argv[2] = {program, nullptr};
-  QApplication application{argc, argv};
+  TestApplication<QApplication> application;
   EndOfProgram end;
   QtScreen screen{end};
 };

@@ -5,11 +5,11 @@
 #include <string>
 #include <utility>
 
-#include "platform/MessengerClient.h"
+#include "contract/RecordingListener.h"
 
 namespace brenwick {
 
-class RecordedEvents : public MessengerListener {
+class RecordedEvents : public RecordingListener {
  public:
   void OnTextReceived(const MessengerContact& sender, const std::string& header,
                       const std::string& text) override {
@@ -34,31 +34,6 @@ class RecordedEvents : public MessengerListener {
   void OnNewerClientAvailable(const std::string& downloadAddress) override {
     Add("newer " + downloadAddress);
   }
-
-  void OnAppInviteAccepted() override {}
-  void OnAppShutdown() override {}
-  void OnBuddyPropertyChangeResult() override {}
-  void OnFindResult() override {}
-  void OnListAddResult() override {}
-  void OnLogoff() override {}
-  void OnLogonResult() override {}
-  void OnMessagePrivacyChangeResult() override {}
-  void OnTrustChanged() override {}
-  void OnUnreadEmailChanged() override {}
-  void OnUserDropped() override {}
-  void OnUserFriendlyNameChangeResult() override {}
-  void OnUserJoin() override {}
-  void OnUserLeave() override {}
-  void OnNewSessionRequest() override {}
-  void OnNotificationReceived() override {}
-  void OnPrimaryServiceChanged() override {}
-  void OnPromptChangeResult() override {}
-  void OnRequestURLPostResult() override {}
-  void OnRequestURLResult() override {}
-  void OnSendResult() override {}
-  void OnServiceLogoff() override {}
-  void OnSessionStateChange() override {}
-  void OnSPMessageReceived() override {}
 
   std::string Take() { return std::exchange(lines, {}); }
 

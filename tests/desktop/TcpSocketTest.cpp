@@ -8,6 +8,7 @@
 #include <chrono>
 #include <string>
 
+#include "desktop/TestApplication.h"
 #include "desktop/WebServer.h"
 #include "desktop/qt/QtEventLoop.h"
 #include "unit/Fakes.h"
@@ -44,10 +45,7 @@ class TcpSocketTest : public testing::Test {
     }
   }
 
-  int argc = 1;
-  char name[8] = "desktop";
-  char* argv[2] = {name, nullptr};
-  QCoreApplication application{argc, argv};
+  TestApplication<QCoreApplication> application;
 
   FakeWorld world;
   frmMain form;

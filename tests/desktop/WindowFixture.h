@@ -7,6 +7,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "desktop/TestApplication.h"
 #include "desktop/qt/MainWindowView.h"
 #include "forms/frmMain.h"
 
@@ -30,12 +31,7 @@ class WindowFixture : public testing::Test {
     for (Frame& page : form.fraPage) page.SetVisible(page.Index() == shown);
   }
 
-  // Without a screen, wherever the tests run.
-  bool offscreen = qputenv("QT_QPA_PLATFORM", "offscreen");
-  int argc = 1;
-  char program[8] = "desktop";
-  char* argv[2] = {program, nullptr};
-  QApplication application{argc, argv};
+  TestApplication<QApplication> application;
 
   frmMain form;
   EndOfProgram end;

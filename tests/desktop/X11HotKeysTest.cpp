@@ -11,6 +11,7 @@
 
 #include "base/Failure.h"
 #include "desktop/RecordedKeys.h"
+#include "desktop/TestApplication.h"
 #include "desktop/X11Display.h"
 #include "desktop/qt/EndOfProgram.h"
 
@@ -67,11 +68,7 @@ class X11HotKeysTest : public testing::Test {
   X11Client other{display};
 
   bool on_display = qputenv("DISPLAY", display.Name().c_str());
-  bool platform = qputenv("QT_QPA_PLATFORM", "xcb");
-  int argc = 1;
-  char program[8] = "desktop";
-  char* argv[2] = {program, nullptr};
-  QApplication application{argc, argv};
+  TestApplication<QApplication> application{"xcb"};
 
   frmMain form;
   RecordedKeys keys{form};
