@@ -168,7 +168,7 @@ TEST_F(PurpleMessengerTest, TellsWhenItsDescriptionChanges) {
 
 TEST_F(PurpleMessengerTest, SaysOfAClientThatHangsThatItDoesNotAnswer) {
   Restart({.burst = {kNone, kNone},
-           .patience = std::chrono::milliseconds(20),
+           .patience = std::chrono::seconds(1),
            .before_retry = std::chrono::milliseconds(20)});
   purple.silent_from = "PurpleBuddyGetAlias";
   purple.Come();
@@ -182,8 +182,7 @@ TEST_F(PurpleMessengerTest, SaysOfAClientThatHangsThatItDoesNotAnswer) {
 }
 
 TEST_F(PurpleMessengerTest, LosesNoMessageToAClientThatHangs) {
-  Restart(
-      {.burst = {kNone, kNone}, .patience = std::chrono::milliseconds(20), .before_retry = kLong});
+  Restart({.burst = {kNone, kNone}, .patience = std::chrono::seconds(1), .before_retry = kLong});
   ASSERT_NO_FATAL_FAILURE(ComeAndAttach());
   purple.Do([this] { purple.silent_from = "PurpleFindBuddy"; });
   purple.Say("anna@home/pc", "one");
@@ -193,7 +192,7 @@ TEST_F(PurpleMessengerTest, LosesNoMessageToAClientThatHangs) {
 
 TEST_F(PurpleMessengerTest, FindsWhatHappenedWhileTheClientDidNotAnswer) {
   Restart({.burst = {kNone, kNone},
-           .patience = std::chrono::milliseconds(20),
+           .patience = std::chrono::seconds(1),
            .before_retry = std::chrono::milliseconds(20)});
   ASSERT_NO_FATAL_FAILURE(ComeAndAttach());
   purple.Do([this] { purple.silent_from = "PurpleBuddyGetName"; });
