@@ -43,6 +43,23 @@ class PageList(Rule):
                 yield f"{len(step.effects[0]['items'])} pages"
 
 
+class GroupChats(Rule):
+    """They are switched by their box alone, each time the other way round."""
+
+    def __init__(self, world):
+        super().__init__(world)
+        self.on = False  # of the world, which outlasts the program
+
+    def look(self, step):
+        told = [effect["groupChats"] for effect in step.all("groupChats")]
+        wanted = []
+        if step.alive and step.clicks("chkGroupChats"):
+            self.on = not self.on
+            wanted = [self.on]
+        if told != wanted:
+            yield f"group chats were switched {told} instead of {wanted}"
+
+
 class Store(Rule):
     """What is stored has the form in which it is read."""
 
@@ -159,4 +176,4 @@ def is_kept(shown):
     return name in KEPT_OPTIONS or name.startswith("chk") and name != NOT_KEPT_BOX
 
 
-CONTROLS = [Selection, Combos, PageList, Store, Restart, Kept]
+CONTROLS = [Selection, Combos, PageList, GroupChats, Store, Restart, Kept]

@@ -9,6 +9,7 @@ EFFECTS = {
     "window": {"window"}, "tray": {"tray", "tip"}, "popup": {"popup", "items"},
     "conversation": {"conversation"}, "open": {"open"}, "sendkeys": {"sendkeys"},
     "focus": {"focus", "index"}, "connect": {"connect"}, "send": {"send"}, "ended": {"ended"},
+    "groupChats": {"groupChats"},
 }
 
 # The reports that a user can bring about: procedure and number, and the verb that does.

@@ -95,7 +95,7 @@ class Generated(unittest.TestCase):
         for step in self.steps:
             if "start" in step:
                 people, items = set(), 1
-            elif step.get("raise") == "OnUserStateChanged":
+            elif step.get("raise") in ("OnUserStateChanged", "OnUserStateFound"):
                 people.add(step["email"])
             elif step.get("tray") == 517:
                 items = max(items, len(people))
