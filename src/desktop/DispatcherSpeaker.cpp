@@ -113,11 +113,12 @@ bool DispatcherSpeaker::Say(std::u32string_view& text, const Manner& manner, con
       doubtful_ = true;
       trouble_ = trouble.what();
     }
+    if (stop.Raised()) return true;
     if (text.size() < std::exchange(left, text.size())) failures = 0;
     ++failures;
   }
   SetState(ConnectionState::Failed, trouble_);
-  return stop.Raised();
+  return false;
 }
 
 void DispatcherSpeaker::SayAll(std::u32string_view& text, const Manner& manner,
@@ -130,7 +131,7 @@ void DispatcherSpeaker::SayAll(std::u32string_view& text, const Manner& manner,
     if (piece.empty()) return;
     const bool said = SayPiece(piece, manner, stop);
     if (said && steady_clock::now() >= check_again_at_) CheckEngine(manner, stop);
-    SetState(ConnectionState::Attached, "");
+    if (said) SetState(ConnectionState::Attached, "");
     // What somebody else has silenced is not begun again.
     text = said ? rest : std::u32string_view();
   }
@@ -166,8 +167,8 @@ void DispatcherSpeaker::Use(const Manner& manner, const StopSign& stop) {
 
 // The server does not tell that an engine has died, and has others speak in its place.
 void DispatcherSpeaker::CheckEngine(const Manner& manner, const StopSign& stop) {
-  if (!HasEngine(manner, stop))
-    throw SsipTrouble("Speech Dispatcher's speech engine does not work");
+  if (HasEngine(manner, stop)) return;
+  throw SsipTrouble("Speech Dispatcher's speech engine does not work");
 }
 
 bool DispatcherSpeaker::HasEngine(const Manner& manner, const StopSign& stop) {
@@ -234,7 +235,8 @@ void DispatcherSpeaker::SetState(ConnectionState state, const std::string& detai
     state_ = state;
     detail_ = detail;
   }
-  if (failed && options_.tell) options_.tell(detail + "; eSpeak NG speaks in its place.");
+  if (failed && options_.tell)
+    options_.tell(detail + ". Until it works, eSpeak NG speaks in its place.");
   if (options_.changed) options_.changed();
 }
 

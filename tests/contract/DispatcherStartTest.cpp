@@ -72,6 +72,28 @@ TEST_F(DispatcherStartTest, IsNotStartedWhereItsSettingsForbidIt) {
   EXPECT_EQ(server_.Said(), Said{"gmw/de: Hallo"});
 }
 
+TEST_F(DispatcherStartTest, IsGivenUpAtOnceWhereItIsToBeSilent) {
+  const std::string folder = server_.Inside("bin"), program = folder + "/speech-dispatcher";
+  const std::string started = server_.Inside("started");
+  std::filesystem::create_directory(folder);
+  SetBytes(program, "#!/bin/sh\necho $$ > " + started + "\nexec sleep 1000\n");
+  std::filesystem::permissions(program, std::filesystem::perms::owner_all);
+  const Environment path("PATH", folder + ":/usr/bin:/bin");
+  DispatchedVoice voice(server_, DispatcherAddressOfSession());
+  voice.SetVoice(voice.GetVoices().size() - 1);
+  voice.Speak("Never said", SVSFlagsAsync);
+  ASSERT_TRUE(Await([&] {
+    std::error_code none;
+    return std::filesystem::file_size(started, none) < 100 && BytesOf(started).ends_with('\n');
+  }));
+  voice.SetVoice(0);
+  voice.Speak("Two", SVSFlagsAsync + SVSFPurgeBeforeSpeak);
+  ASSERT_TRUE(voice.WaitUntilSilent(std::chrono::minutes(1)));
+  EXPECT_EQ(server_.Said(), Said{"gmw/en: Two"});
+  EXPECT_TRUE(voice.Told().empty());
+  EXPECT_NE(::kill(std::stoi(BytesOf(started)), 0), 0);
+}
+
 TEST_F(DispatcherStartTest, IsOutOfTheListWhereItIsNotInstalled) {
   const Environment path("PATH", "/nowhere");
   DispatchedVoice voice(server_, DispatcherAddressOfSession());
