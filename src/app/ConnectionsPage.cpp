@@ -97,14 +97,18 @@ std::string ConnectionsPage::StateText(const Connection& connection) const {
   return {};
 }
 
-// Line by line, so that the chosen line stays chosen.
+// The list is in the order of the names: the application that is chosen stays so when another comes
+// in front of it.
 void ConnectionsPage::ShowApplications() {
-  applications_ = connections_.Applications();
   ListBox& list = form_.lstApplications;
+  const std::string chosen = ChosenApplication();
+  applications_ = connections_.Applications();
   const int count = static_cast<int>(applications_.size());
   while (list.ListCount() > count) list.RemoveItem(list.ListCount() - 1);
+  int place = -1;
   for (int i = 0; i < count; ++i) {
     const SeenApplication& seen = applications_[static_cast<std::size_t>(i)];
+    if (seen.Name == chosen) place = i;
     const std::string line =
         seen.On ? texts_.GetText(texts_.LoadText(kReadAloud), seen.Name) : seen.Name;
     if (i == list.ListCount()) {
@@ -113,14 +117,20 @@ void ConnectionsPage::ShowApplications() {
       list.SetList(i, line);
     }
   }
+  list.SetListIndex(place);
+}
+
+std::string ConnectionsPage::ChosenApplication() const {
+  const auto chosen = static_cast<std::size_t>(form_.lstApplications.ListIndex());
+  return chosen < applications_.size() ? applications_[chosen].Name : "";
 }
 
 void ConnectionsPage::SwitchApplication() {
   log_.Trap(kModule, "lstApplications_DblClick", [&] {
-    const int chosen = form_.lstApplications.ListIndex();
-    if (chosen < 0) return;
-    const SeenApplication seen = applications_.at(static_cast<std::size_t>(chosen));
-    connections_.SwitchApplication(seen.Name, !seen.On);
+    const std::string chosen = ChosenApplication();
+    for (const SeenApplication& seen : connections_.Applications()) {
+      if (seen.Name == chosen) connections_.SwitchApplication(seen.Name, !seen.On);
+    }
     Show();
   });
 }

@@ -30,6 +30,8 @@ class ConnectionsPage {
   void WireControls();
   void ShowConnections(std::span<ConnectionControls> rows, const std::vector<Connection>& shown);
   void ShowApplications();
+  // Empty where none is.
+  std::string ChosenApplication() const;
   std::string StateText(const Connection& connection) const;
   void SwitchApplication();
   void TestSource(std::size_t index);

@@ -47,26 +47,30 @@ std::string EngineProgram() {
   return (QFileInfo::exists(installed) ? installed : folder + "/brenwick-voice").toStdString();
 }
 
-using Tell = std::function<void(const std::string&)>;
+void Warn(const std::string& message) { qWarning("%s", message.c_str()); }
 
-EspeakVoice::Others MakeOtherSpeakers(const Tell& tell) {
+// changed: called on any thread when one of those who speak is in another state.
+EspeakVoice::Others MakeOtherSpeakers(const std::function<void()>& changed) {
   EspeakVoice::Others others;
   others.push_back(std::make_unique<DispatcherSpeaker>(
       DispatcherOptions{.address = DispatcherAddressOfSession(),
                         .locale = Locale(),
                         .memory = XdgStateHome() + "/brenwick/speech-dispatcher-voices",
-                        .tell = tell}));
+                        .tell = Warn,
+                        .changed = changed}));
   return others;
 }
 
 // A second start ends before it speaks; the engine would be loaded for nothing.
-std::unique_ptr<SpVoice> MakeVoice(bool first, RegistryStore& store, const Tell& tell) {
+std::unique_ptr<SpVoice> MakeVoice(bool first, RegistryStore& store,
+                                   const std::function<void()>& changed) {
   if (!first) return std::make_unique<AbsentVoice>();
   const EspeakOptions options{
       .locale = Locale(),
-      .no_sound = [tell] { tell(EspeakSpeaker::kNoSound); },
-      .engine = [tell] { return std::make_unique<EngineProcess>(EngineProgram(), tell); }};
-  auto voice = std::make_unique<EspeakVoice>(options, MakeOtherSpeakers(tell));
+      .no_sound = [] { Warn(EspeakSpeaker::kNoSound); },
+      .changed = changed,
+      .engine = [] { return std::make_unique<EngineProcess>(EngineProgram(), Warn); }};
+  auto voice = std::make_unique<EspeakVoice>(options, MakeOtherSpeakers(changed));
   StoreFirstVoices(store, voice->Preferred());
   return voice;
 }
@@ -87,7 +91,7 @@ Desktop::Desktop(Instance& instance, const std::string& commandLine, bool first)
       ini_(DefaultStoreFile(), clock_, TellUser),
       store_(ini_, XdgConfigHome() + "/autostart/brenwick.desktop",
              QCoreApplication::applicationFilePath().toStdString()),
-      voice_(MakeVoice(first, store_, [this](const std::string& trouble) { SpeechIs(trouble); })),
+      voice_(MakeVoice(first, store_, [this] { SpeechIsAnother(); })),
       watch_(end_),
       purple_(end_, QDBusConnection::sessionBus()),
       notifications_(SessionBusAddress(), store_, watch_),
@@ -137,11 +141,10 @@ void Desktop::Run() {
   }
 }
 
-// On the thread that speaks.
-void Desktop::SpeechIs(const std::string& trouble) {
-  qWarning("%s", trouble.c_str());
+// On a thread of those who speak.
+void Desktop::SpeechIsAnother() {
   QMetaObject::invokeMethod(
-      QCoreApplication::instance(),
+      &speech_news_,
       [this] {
         end_.Guard([this] {
           if (connections_.Changed) connections_.Changed();

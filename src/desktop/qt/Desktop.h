@@ -2,6 +2,7 @@
 // views.
 #pragma once
 
+#include <QObject>
 #include <QString>
 #include <memory>
 #include <string>
@@ -44,13 +45,15 @@ class Desktop {
  private:
   void Do(Verb verb, int repeat);
   void SaveWithoutDisplay();
-  void SpeechIs(const std::string& trouble);
+  void SpeechIsAnother();
 
   EndOfProgram end_;
   SystemClock clock_;
   PosixFolders folders_;
   IniStore ini_;
   AutostartStore store_;
+  // It drops what the voice has posted and nobody has heard of yet.
+  QObject speech_news_;
   std::unique_ptr<SpVoice> voice_;
   SocketWatch watch_;
   PurpleMessenger purple_;
