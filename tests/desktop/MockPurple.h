@@ -144,6 +144,7 @@ class MockPurple {
   std::map<int, Transfer> transfers;
   QString wrong_answer;  // the method that answers in another type
   QString silent_from;   // from this method on nothing is answered
+  int asked = 0;         // how many calls have come
   QStringList opened;    // conversations that were presented, "account id"
 
  private:
@@ -164,6 +165,7 @@ class MockPurple {
   };
 
   bool Answer(const QDBusMessage& call) {
+    ++asked;
     silent_ = silent_ || call.member() == silent_from;
     if (silent_from.isEmpty()) silent_ = false;
     if (silent_) return true;
