@@ -18,6 +18,7 @@
 #include "desktop/MessengerSources.h"
 #include "desktop/MockNotifications.h"
 #include "desktop/MockPurple.h"
+#include "desktop/NotificationMessenger.h"
 #include "desktop/PrivateBus.h"
 #include "desktop/TestApplication.h"
 #include "desktop/qt/FeedMessenger.h"
