@@ -59,7 +59,10 @@ class PurpleStage : public Stage {
     purple_.buddies[11] = {1, "anna", "Anna", kAvailable};
     purple_.Come();
   }
-  ~PurpleStage() override { QDBusConnection::disconnectFromBus("purple"); }
+  ~PurpleStage() override {
+    QDBusConnection::disconnectFromBus("program");
+    QDBusConnection::disconnectFromBus("purple");
+  }
   MessengerClient& Client() override { return messenger_; }
   void Write(const std::string& text) override {
     purple_.Say("anna", QString::fromStdString(text));
