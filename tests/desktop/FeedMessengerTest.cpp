@@ -232,6 +232,14 @@ TEST_F(FeedTest, ReachesNobodyAfterDetach) {
   EXPECT_EQ(listener.events, Events{});
 }
 
+TEST_F(FeedTest, MayBeDetachedByTheHandlerThatHearsOfTheFirstEvent) {
+  feed->Attach(listener);
+  listener.Meanwhile = [&] { feed->Detach(); };
+  EXPECT_EQ(Message("anna", "Anna", "hello"), "");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !listener.events.empty(); }));
+  EXPECT_EQ(listener.events, Events{"own 2"});
+}
+
 TEST_F(FeedTest, ReachesNoProgramThatHasEnded) {
   feed->Attach(listener);
   Message("anna", "Anna", "hello");

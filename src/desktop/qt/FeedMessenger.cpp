@@ -186,8 +186,10 @@ void FeedMessenger::Come() {
 void FeedMessenger::Raise(const Event& event) {
   if (listener_ == nullptr) return;
   if (event.is_test) return listener_->OnTextReceived({"", kName}, "", event.text);
-  Come();
   contacts_.insert(event.contact.SigninName);
+  Come();
+  // The handler may have ended the listening.
+  if (listener_ == nullptr) return;
   if (event.state) {
     listener_->OnUserStateChanged(event.contact, *event.state);
   } else {
