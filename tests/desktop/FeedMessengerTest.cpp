@@ -173,6 +173,26 @@ TEST_F(FeedTest, TakesFiftyASecondFromOneSenderAndAsManyFromAnother) {
   EXPECT_EQ(Message("anna", "Anna", "hello"), "");
 }
 
+TEST_F(FeedTest, TakesAThousandContactsInOneRun) {
+  feed->Attach(listener);
+  const auto raise = [this](std::size_t contact) {
+    now += std::chrono::seconds(1);
+    return State(QString::number(contact), "", "away");
+  };
+  for (std::size_t i = 0; i < FeedMessenger::kMostContacts; ++i) ASSERT_EQ(raise(i), "");
+  listener.events.clear();
+  const QString refused = QString(kFeed) + ".Error.TooManyContacts";
+  EXPECT_EQ(raise(FeedMessenger::kMostContacts), refused);
+  EXPECT_EQ(said, "only 1000 contacts are taken until the program starts again");
+  EXPECT_EQ(Message("another", "", "hello"), refused);
+  EXPECT_EQ(listener.events, Events{});
+  EXPECT_FALSE(feed->Knows("another"));
+  EXPECT_EQ(raise(0), "");
+  feed->Test("Can you hear me?");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return listener.events.size() == 2; }));
+  EXPECT_EQ(listener.events, (Events{"0 changed 34", ",D-Bus,,Can you hear me?"}));
+}
+
 TEST_F(FeedTest, AnswersBeforeTheEventIsHandled) {
   feed->Attach(listener);
   Message("anna", "Anna", "the first, which makes the user signed in");

@@ -8,7 +8,6 @@
 #include "base/Failure.h"
 #include "base/ProgramState.h"
 #include "base/Text.h"
-#include "desktop/FeedEvents.h"
 #include "desktop/qt/Strings.h"
 
 namespace brenwick {
@@ -25,7 +24,7 @@ constexpr const char* kSignature = "sss";
 
 std::string FromQt(const QVariant& value) { return Repaired(value.toString().toStdString()); }
 
-FeedError Refusal(Admission admission) {
+FeedError TooMuch(Admission admission) {
   if (admission == Admission::TooMany) {
     return {"TooManyEvents", "only " + std::to_string(FeedLimit::kMostEvents) +
                                  " events a second are taken from one sender"};
@@ -160,13 +159,21 @@ bool FeedMessenger::handleMessage(const QDBusMessage& call, const QDBusConnectio
   if (!mine || !known || call.signature() != kSignature) return false;
   Event event(call);
   event.is_test = !tester_.isEmpty() && call.service() == tester_;
-  if (!event.error) {
-    const Admission admission = limit_.Admit(call.service().toStdString());
-    if (admission != Admission::Granted) event.error = Refusal(admission);
-  }
+  if (!event.error) event.error = Refusal(call, event);
   Answer(call, event);
   if (!event.error) end_.Guard([&] { Raise(event); });
   return true;
+}
+
+std::optional<FeedError> FeedMessenger::Refusal(const QDBusMessage& call, const Event& event) {
+  const bool known = event.is_test || contacts_.contains(event.contact.SigninName);
+  if (!known && contacts_.size() >= kMostContacts) {
+    return FeedError{"TooManyContacts", "only " + std::to_string(kMostContacts) +
+                                            " contacts are taken until the program starts again"};
+  }
+  const Admission admission = limit_.Admit(call.service().toStdString());
+  if (admission == Admission::Granted) return std::nullopt;
+  return TooMuch(admission);
 }
 
 // The answer goes out before the event is raised, which may take as long as a user thinks.

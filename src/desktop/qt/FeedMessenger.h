@@ -6,11 +6,14 @@
 #include <QDBusMessage>
 #include <QDBusVirtualObject>
 #include <QString>
+#include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <set>
 #include <string>
 
+#include "desktop/FeedEvents.h"
 #include "desktop/FeedLimit.h"
 #include "desktop/MessengerSource.h"
 #include "desktop/qt/EndOfProgram.h"
@@ -22,6 +25,8 @@ class FeedMessenger : public QDBusVirtualObject, public MessengerSource {
   Q_OBJECT
  public:
   static constexpr const char* kName = "D-Bus";
+  // In one run of the program. Each takes a place in the contact list, and that is not without end.
+  static constexpr std::size_t kMostContacts = 1'000;
 
   // busAddress: where the same bus listens, for a second connection that tries the feed.
   FeedMessenger(EndOfProgram& end, QDBusConnection bus, std::string busAddress,
@@ -48,6 +53,7 @@ class FeedMessenger : public QDBusVirtualObject, public MessengerSource {
   struct Event;
 
   Q_SLOT void Disconnected();
+  std::optional<FeedError> Refusal(const QDBusMessage& call, const Event& event);
   void Answer(const QDBusMessage& call, const Event& event);
   void Raise(const Event& event);
   void Fail(std::string why);
