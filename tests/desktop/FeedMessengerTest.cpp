@@ -131,13 +131,24 @@ TEST_F(FeedTest, HasNoOtherDoor) {
   feed->Attach(listener);
   const QString unknown = "org.freedesktop.DBus.Error.UnknownMethod";
   for (const QDBusMessage& call :
-       {Call("Message", {"anna", "Anna"}), Call("Message", {"anna", "Anna", 5}),
-        Call("Message", {"anna", "Anna", "a", "b"}), Call("Say", {"a", "b", "c"}),
-        Call("message", {"a", "b", "c"}), Call("Message", {"a", "b", "c"}, "org.example.Other")}) {
+       {Call("Say", {"a", "b", "c"}), Call("message", {"a", "b", "c"}),
+        Call("Message", {"a", "b", "c"}, "org.example.Other")}) {
     const QString answer = Answer(call);
     EXPECT_TRUE(answer == unknown || answer == "org.freedesktop.DBus.Error.UnknownInterface" ||
                 answer == "org.freedesktop.DBus.Error.UnknownObject")
         << answer.toStdString();
+  }
+  EXPECT_EQ(listener.events, Events{});
+}
+
+TEST_F(FeedTest, TellsWhatItTakesWhereTheArgumentsAreWrong) {
+  feed->Attach(listener);
+  for (const QVariantList& values : {QVariantList{"anna", "Anna"}, QVariantList{"anna", "Anna", 5},
+                                     QVariantList{"anna", "Anna", "a", "b"}, QVariantList{}}) {
+    EXPECT_EQ(Answer(Call("Message", values)), "org.freedesktop.DBus.Error.InvalidArgs");
+    EXPECT_EQ(said, "Message takes three texts: contact, name, text");
+    EXPECT_EQ(Answer(Call("State", values)), "org.freedesktop.DBus.Error.InvalidArgs");
+    EXPECT_EQ(said, "State takes three texts: contact, name, state");
   }
   EXPECT_EQ(listener.events, Events{});
 }

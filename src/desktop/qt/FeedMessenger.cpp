@@ -24,6 +24,14 @@ constexpr const char* kSignature = "sss";
 
 std::string FromQt(const QVariant& value) { return Repaired(value.toString().toStdString()); }
 
+const char* LastArgument(const QString& method) { return method == kMessage ? "text" : "state"; }
+
+QDBusMessage WrongArguments(const QDBusMessage& call) {
+  return call.createErrorReply(QDBusError::InvalidArgs,
+                               call.member() + " takes three texts: contact, name, " +
+                                   LastArgument(call.member()));
+}
+
 FeedError TooMuch(Admission admission) {
   if (admission == Admission::TooMany) {
     return {"TooManyEvents", "only " + std::to_string(FeedLimit::kMostEvents) +
@@ -137,13 +145,9 @@ void FeedMessenger::Test(const std::string& sentence) {
 
 QString FeedMessenger::introspect(const QString& /*path*/) const {
   QString xml = "<interface name=\"" + kService + "\">\n";
-  const struct {
-    const char* method;
-    const char* last;
-  } kMethods[] = {{kMessage, "text"}, {kState, "state"}};
-  for (const auto& each : kMethods) {
-    xml += QString("<method name=\"%1\">").arg(each.method);
-    for (const char* argument : {"contact", "name", each.last}) {
+  for (const char* method : {kMessage, kState}) {
+    xml += QString("<method name=\"%1\">").arg(method);
+    for (const char* argument : {"contact", "name", LastArgument(method)}) {
       xml += QString("<arg name=\"%1\" type=\"s\" direction=\"in\"/>").arg(argument);
     }
     xml += "</method>\n";
@@ -156,7 +160,11 @@ QString FeedMessenger::introspect(const QString& /*path*/) const {
 bool FeedMessenger::handleMessage(const QDBusMessage& call, const QDBusConnection& /*bus*/) {
   const bool mine = call.interface().isEmpty() || call.interface() == kService;
   const bool known = call.member() == kMessage || call.member() == kState;
-  if (!mine || !known || call.signature() != kSignature) return false;
+  if (!mine || !known) return false;
+  if (call.signature() != kSignature) {
+    if (call.isReplyRequired()) bus_.send(WrongArguments(call));
+    return true;
+  }
   Event event(call);
   event.is_test = !tester_.isEmpty() && call.service() == tester_;
   if (!event.error) event.error = Refusal(call, event);
