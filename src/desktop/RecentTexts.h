@@ -8,10 +8,12 @@
 namespace brenwick {
 
 // Applications replace a notification that is still shown by the same one, or by one that has a
-// further message under the former ones. Only what is new is worth hearing.
+// further message under the former ones, or above them. Only what is new is worth hearing.
 class RecentTexts {
  public:
   static constexpr std::size_t kMost = 32;  // contacts
+  // Of each, for several notifications of one contact may be shown at the same time.
+  static constexpr std::size_t kMostTexts = 8;
 
   // The part of the contact's text that has not been said: all of it where it takes the place of
   // no other, or of quite another text; nothing where it is the same again.
@@ -20,8 +22,10 @@ class RecentTexts {
  private:
   struct Said {
     std::string contact;
-    std::string text;
+    std::deque<std::string> texts;  // the latest at the end
   };
+
+  std::deque<std::string>& Of(const std::string& contact);
 
   std::deque<Said> said_;  // the latest at the end
 };

@@ -28,6 +28,36 @@ TEST(RecentTexts, AFurtherLineIsTheNewPart) {
   EXPECT_EQ(said.NewPart("Anna", "quite another", true), "quite another");
 }
 
+TEST(RecentTexts, AFurtherLineAboveTheOthersIsTheNewPart) {
+  RecentTexts said;
+  said.NewPart("Anna", "one", false);
+  EXPECT_EQ(said.NewPart("Anna", "two\none", true), "two");
+  EXPECT_EQ(said.NewPart("Anna", "three\ntwo\none", true), "three");
+  EXPECT_EQ(said.NewPart("Anna", "more than one", true), "more than one");
+}
+
+TEST(RecentTexts, AnyOfTheLastOnesOfAContactMayBeReplaced) {
+  RecentTexts said;
+  said.NewPart("Anna", "a", false);
+  said.NewPart("Anna", "b", false);
+  EXPECT_EQ(said.NewPart("Anna", "a", true), "");
+  EXPECT_EQ(said.NewPart("Anna", "b\nc", true), "c");
+  EXPECT_EQ(said.NewPart("Anna", "a\nd", true), "d");
+  EXPECT_EQ(said.NewPart("Anna", "b", false), "b");
+}
+
+TEST(RecentTexts, TheOldestOfThemIsForgotten) {
+  RecentTexts said;
+  said.NewPart("Anna", "first", false);
+  said.NewPart("Anna", "second", false);
+  for (std::size_t i = 2; i <= RecentTexts::kMostTexts; ++i) {
+    said.NewPart("Anna", std::to_string(i), false);
+    EXPECT_EQ(said.NewPart("Anna", std::to_string(i), true), "");
+  }
+  EXPECT_EQ(said.NewPart("Anna", "second", true), "");
+  EXPECT_EQ(said.NewPart("Anna", "first", true), "first");
+}
+
 TEST(RecentTexts, AFurtherLineOfANewOneIsNone) {
   RecentTexts said;
   said.NewPart("Anna", "one", false);
