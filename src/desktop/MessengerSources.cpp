@@ -70,7 +70,10 @@ class MessengerSources::Relay : public MessengerListener {
   void OnSPMessageReceived() override { all_.Raise(&L::OnSPMessageReceived); }
 
  private:
-  void HeardOf(const MessengerContact& contact) { all_.heard_at_[contact.SigninName] = &source_; }
+  // A source that opens no conversations with its senders may have any number of them.
+  void HeardOf(const MessengerContact& contact) {
+    if (source_.Knows(contact.SigninName)) all_.heard_at_[contact.SigninName] = &source_;
+  }
 
   MessengerSources& all_;
   MessengerSource& source_;

@@ -137,6 +137,14 @@ TEST_F(MessengerSourcesTest, OpenAConversationWhereTheContactWasHeardOf) {
   EXPECT_THAT(one.opened, ElementsAre("ann", "ann"));
 }
 
+TEST_F(MessengerSourcesTest, OpenNothingWhereTheContactWasHeardOfAndNotKnown) {
+  two.Send("ann", "hello");
+  one.known = two.known = "ann";
+  sources.InstantMessage("ann");
+  EXPECT_THAT(one.opened, ElementsAre("ann"));
+  EXPECT_THAT(two.opened, IsEmpty());
+}
+
 TEST_F(MessengerSourcesTest, SayThatNobodyKnowsAContact) {
   std::vector<std::string> unknown;
   sources.NobodyKnows = [&](const std::string& contact) { unknown.push_back(contact); };
