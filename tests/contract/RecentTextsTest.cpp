@@ -24,7 +24,8 @@ TEST(RecentTexts, AFurtherLineIsTheNewPart) {
   said.NewPart("Anna", "one", false);
   EXPECT_EQ(said.NewPart("Anna", "one\ntwo", true), "two");
   EXPECT_EQ(said.NewPart("Anna", "one\ntwo\nthree", true), "three");
-  EXPECT_EQ(said.NewPart("Anna", "one\ntwo\nthree and more", true), "one\ntwo\nthree and more");
+  EXPECT_EQ(said.NewPart("Anna", "one\ntwo\nthree and more", true), "three and more");
+  EXPECT_EQ(said.NewPart("Anna", "one and more", true), "one and more");
   EXPECT_EQ(said.NewPart("Anna", "quite another", true), "quite another");
 }
 
