@@ -4,6 +4,7 @@
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusVirtualObject>
+#include <QMap>
 #include <QThread>
 #include <functional>
 #include <map>
@@ -36,6 +37,7 @@ class MockPurple {
     QString alias;
     int primitive = kAvailable;
     bool connected = true;
+    int login_time = 0;
   };
   struct Buddy {
     int account = 0;
@@ -133,6 +135,13 @@ class MockPurple {
     Signal("ReceivedImMsg", {account, sender, message, 0, flags});
   }
 
+  // How often this method was called.
+  int CallsOf(const QString& method) {
+    int calls = 0;
+    Do([&] { calls = calls_.value(method); });
+    return calls;
+  }
+
   // Handles of different things are different numbers.
   static int StatusOf(int whose, int primitive) { return 20000 + whose * 10 + primitive; }
 
@@ -151,6 +160,7 @@ class MockPurple {
   static constexpr int kPresence = 10000;
   static constexpr int kType = 30000;
   static constexpr int kOpened = 40000;
+  static constexpr int kOwnPresence = 50000;
 
   class Object : public QDBusVirtualObject {
    public:
@@ -166,6 +176,7 @@ class MockPurple {
 
   bool Answer(const QDBusMessage& call) {
     ++asked;
+    ++calls_[call.member()];
     silent_ = silent_ || call.member() == silent_from;
     if (silent_from.isEmpty()) silent_ = false;
     if (silent_) return true;
@@ -194,6 +205,7 @@ class MockPurple {
       return StatusOf(handle - kPresence, buddies.at(handle - kPresence).primitive);
     }
     if (method == "PresenceIsIdle") return buddies.at(handle - kPresence).idle ? 1 : 0;
+    if (method == "PresenceGetLoginTime") return accounts.at(handle - kOwnPresence).login_time;
     if (method == "StatusGetType") return kType + handle % 10;
     if (method == "StatusTypeGetPrimitive") return handle - kType;
     throw std::out_of_range("method");
@@ -209,6 +221,7 @@ class MockPurple {
     if (method == "AccountIsConnected") return account.connected ? 1 : 0;
     if (method == "AccountGetUsername") return account.name;
     if (method == "AccountGetAlias") return account.alias;
+    if (method == "AccountGetPresence") return kOwnPresence + handle;
     if (method == "AccountGetActiveStatus") return StatusOf(handle, account.primitive);
     throw std::out_of_range("method");
   }
@@ -278,6 +291,7 @@ class MockPurple {
   QThread thread_;
   Object object_;
   bool silent_ = false;
+  QMap<QString, int> calls_;
   QStringList opening_;
 };
 

@@ -1,8 +1,7 @@
 #include "desktop/qt/PurpleInbox.h"
 
 #include <QDateTime>
-#include <algorithm>
-#include <cstddef>
+#include <utility>
 
 #include "desktop/qt/PurpleText.h"
 
@@ -24,12 +23,24 @@ constexpr unsigned kNotSaid = kSent | kSystem | kAutoReply | kError | kNotify;
 
 // The clocks of the client and of the program are read in whole seconds.
 constexpr std::int64_t kRounding = 1;
+// So many seconds after the sign-on all that was kept for the user has arrived.
+constexpr std::int64_t kDelivery = 60;
 
 }  // namespace
 
-void PurpleInbox::SignOn(int account) { signed_on_[account] = QDateTime::currentSecsSinceEpoch(); }
+// What tells of the sign-on may be heard late.
+void PurpleInbox::SignOn(int account) {
+  const std::int64_t now = QDateTime::currentSecsSinceEpoch();
+  const int presence = bus_.Number("PurpleAccountGetPresence", {account});
+  const std::int64_t told =
+      presence == 0 ? 0 : bus_.Number("PurplePresenceGetLoginTime", {presence});
+  signed_on_[account] = told > 0 && told <= now ? told : now;
+}
 
-void PurpleInbox::Forget() { signed_on_.clear(); }
+void PurpleInbox::Forget() {
+  signed_on_.clear();
+  said_.clear();
+}
 
 std::optional<Arrival> PurpleInbox::ReceivedImMsg(const QVariantList& values) {
   const int account = values[0].toInt();
@@ -75,23 +86,37 @@ std::optional<Arrival> PurpleInbox::ChatInvited(const QVariantList& values) {
 bool PurpleInbox::IsOld(int account, const QString& sender, const QString& message) {
   const auto signed_on = signed_on_.find(account);
   if (signed_on == signed_on_.end()) return false;
+  if (QDateTime::currentSecsSinceEpoch() - signed_on->second > kDelivery) {
+    signed_on_.erase(signed_on);
+    if (signed_on_.empty()) said_.clear();
+    return false;
+  }
   const std::int64_t sent = TimeOf(account, sender, message);
   return sent != 0 && sent + kRounding < signed_on->second;
 }
 
-// The conversation's newest messages come first. Others may have arrived behind this one.
+// The conversation's newest messages come first. Any number may have arrived behind this one.
 std::int64_t PurpleInbox::TimeOf(int account, const QString& sender, const QString& message) {
-  constexpr std::size_t kLookedThrough = 50;
   const int conversation = bus_.Number("PurpleFindConversationWithAccount", {kIm, sender, account});
   if (conversation == 0) return 0;
-  std::vector<int> messages = bus_.Handles("PurpleConversationGetMessageHistory", {conversation});
-  messages.resize(std::min(messages.size(), kLookedThrough));
-  for (const int each : messages) {
-    if (bus_.Text("PurpleConversationMessageGetMessage", {each}) == message) {
-      return bus_.Number("PurpleConversationMessageGetTimestamp", {each});
+  for (const int each : bus_.Handles("PurpleConversationGetMessageHistory", {conversation})) {
+    const Said& said = SaidIn(each);
+    if (bus_.Silent()) {
+      said_.erase(each);
+      return 0;
     }
+    if (said.text == message) return said.time;
   }
   return 0;
+}
+
+// Each is asked for once: with many that were kept, all of them are looked through for each.
+const PurpleInbox::Said& PurpleInbox::SaidIn(int handle) {
+  const auto known = said_.find(handle);
+  if (known != said_.end()) return known->second;
+  Said said{bus_.Text("PurpleConversationMessageGetMessage", {handle}),
+            bus_.Number("PurpleConversationMessageGetTimestamp", {handle})};
+  return said_[handle] = std::move(said);
 }
 
 }  // namespace brenwick

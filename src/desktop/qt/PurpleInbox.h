@@ -7,6 +7,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <unordered_map>
 
 #include "desktop/qt/PurpleBus.h"
 #include "desktop/qt/PurplePeople.h"
@@ -26,7 +27,7 @@ class PurpleInbox {
  public:
   PurpleInbox(PurpleBus& bus, PurplePeople& people) : bus_(bus), people_(people) {}
 
-  // The user has signed on with this account just now.
+  // The user has signed on with this account: just now, where the client does not tell when.
   void SignOn(int account);
   void Forget();
 
@@ -36,13 +37,20 @@ class PurpleInbox {
   std::optional<Arrival> ChatInvited(const QVariantList& values);
 
  private:
+  struct Said {
+    QString text;
+    std::int64_t time = 0;
+  };
+
   // Seconds since 1970 at which it was sent; 0 where the client does not tell.
   std::int64_t TimeOf(int account, const QString& sender, const QString& message);
   bool IsOld(int account, const QString& sender, const QString& message);
+  const Said& SaidIn(int handle);
 
   PurpleBus& bus_;
   PurplePeople& people_;
-  std::map<int, std::int64_t> signed_on_;  // when, by account
+  std::map<int, std::int64_t> signed_on_;  // when, by account, for as long as it matters
+  std::unordered_map<int, Said> said_;     // by handle, what was asked for since the sign-on
 };
 
 }  // namespace brenwick
