@@ -5,7 +5,6 @@
 #include <QFileInfo>
 #include <cstdlib>
 
-#include "base/Text.h"
 #include "desktop/AbsentVoice.h"
 #include "desktop/BusConnection.h"
 #include "desktop/DispatcherSpeaker.h"
@@ -117,8 +116,7 @@ Desktop::Desktop(Instance& instance, const std::string& commandLine, bool first)
   tray_.Observe(program_.Form(), program_.State(), views_);
   signals_.Asked = [this] { end_.Guard([this] { program_.Close(); }); };
   notifications_.HeardElsewhere = [this](const std::string& application) {
-    const Connection client = purple_.Describe();
-    return client.State == ConnectionState::Attached && LowerCase(client.Name) == application;
+    return purple_.IsHeard(application);
   };
   messenger_.NobodyKnows = [](const std::string& contact) {
     TellUser("No messenger that is connected knows " + contact + ".");

@@ -10,6 +10,8 @@ namespace {
 
 const QString kAnyClient = QStringLiteral("Pidgin or Finch");
 const QString kBus = QStringLiteral("org.freedesktop.DBus");
+const QString kLocal = QStringLiteral("org.freedesktop.DBus.Local");
+const QString kLocalPath = QStringLiteral("/org/freedesktop/DBus/Local");
 const QString kBusPath = QStringLiteral("/org/freedesktop/DBus");
 
 PurpleStates::Moment Now() { return std::chrono::steady_clock::now(); }
@@ -62,6 +64,7 @@ PurpleClient::PurpleClient(QDBusConnection bus, const PurpleOptions& options, Po
 void PurpleClient::Follow(const Met& met) {
   connection_.connect(kBus, kBusPath, kBus, "NameOwnerChanged", {kPurpleService}, "sss", this,
                       SLOT(OwnerChanged(QString, QString, QString)));
+  connection_.connect({}, kLocalPath, kLocal, "Disconnected", this, SLOT(Disconnected()));
   for (const Signal& signal : kSignals) {
     connection_.connect({}, kPurplePath, kPurpleInterface, signal.name, this,
                         SLOT(Hear(QDBusMessage)));
@@ -90,9 +93,16 @@ void PurpleClient::OwnerChanged(const QString& /*name*/, const QString& /*before
   LookAgain();
 }
 
+void PurpleClient::Disconnected() {
+  bus_gone_ = true;
+  Lose();
+  TellConnection();
+}
+
 void PurpleClient::Lose() {
   bus_.SetClient({});
   retry_.stop();
+  hangs_ = false;
   name_ = kAnyClient;
   while (!accounts_.empty()) SignOff(accounts_.begin()->first);
   inbox_.Forget();
@@ -108,7 +118,8 @@ void PurpleClient::LookAgain() {
 
 void PurpleClient::LookAtAccounts() {
   if (bus_.Client().isEmpty()) return;
-  name_ = NameOfClient(bus_.Text("PurpleCoreGetUi"));
+  const QString ui = bus_.Text("PurpleCoreGetUi");
+  if (!bus_.Silent()) name_ = NameOfClient(ui);
   for (const int account : bus_.Handles("PurpleAccountsGetAllActive")) {
     if (bus_.Number("PurpleAccountIsConnected", {account}) != 0) {
       LookAtOwn(account);
@@ -146,7 +157,12 @@ PurpleBuddy PurpleClient::Meet(int handle) {
 }
 
 void PurpleClient::NoticeSilence() {
-  if (bus_.TakeSilence() && !retry_.isActive()) retry_.start();
+  if (bus_.TakeSilence()) {
+    hangs_ = true;
+    if (!retry_.isActive()) retry_.start();
+  } else if (!retry_.isActive()) {
+    hangs_ = false;
+  }
   TellConnection();
 }
 
@@ -287,10 +303,13 @@ void PurpleClient::TellConnection() {
     if (!now.Detail.empty()) now.Detail += ", ";
     now.Detail += own.id;
   }
-  if (retry_.isActive()) now = {now.Name, ConnectionState::Failed, "It does not answer"};
+  if (hangs_) now = {now.Name, ConnectionState::Failed, "It does not answer"};
+  if (bus_gone_) now = {now.Name, ConnectionState::Failed, "The session bus has gone"};
   if (now == told_) return;
   told_ = now;
-  post_([now](PurpleListener& listener) { listener.ConnectionIs(now); });
+  post_([now, there = !bus_.Client().isEmpty()](PurpleListener& listener) {
+    listener.ConnectionIs(now, there);
+  });
 }
 
 void PurpleClient::TellReach(int account, const MessengerContact& contact) {

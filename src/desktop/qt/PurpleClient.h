@@ -28,7 +28,8 @@ class PurpleListener {
  public:
   virtual ~PurpleListener() = default;
 
-  virtual void ConnectionIs(const Connection& connection) = 0;
+  // there: a client is on the bus, even if it does not answer for a while.
+  virtual void ConnectionIs(const Connection& connection, bool there) = 0;
   virtual void OwnStateIs(std::int32_t state, const std::string& name) = 0;
   // With this contact a conversation can be opened, as long as the account is signed on.
   virtual void CanReach(const std::string& contact, int account) = 0;
@@ -71,6 +72,7 @@ class PurpleClient : public QObject {
 
   Q_SLOT void Hear(const QDBusMessage& signal);
   Q_SLOT void OwnerChanged(const QString& name, const QString& before, const QString& now);
+  Q_SLOT void Disconnected();
 
   QString OwnerNow();
   void Lose();
@@ -121,7 +123,9 @@ class PurpleClient : public QObject {
   std::map<int, OwnAccount> accounts_;  // those that are signed on
   QString name_;                        // of the client, as people call it
   Connection told_;
-  QTimer retry_;  // runs while the client is silent
+  QTimer retry_;        // asks a silent client again
+  bool hangs_ = false;  // the client has not answered, nor has it since
+  bool bus_gone_ = false;
   std::atomic<bool> group_chats_ = false;
 };
 

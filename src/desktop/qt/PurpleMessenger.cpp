@@ -70,7 +70,7 @@ void PurpleMessenger::Detach() {
 }
 
 void PurpleMessenger::InstantMessage(const std::string& contact) {
-  if (client_ == nullptr || connection_.State == ConnectionState::Waiting) {
+  if (client_ == nullptr || !there_) {
     throw Failure(kInvalidCall, "Neither Pidgin nor Finch is running", kTitle);
   }
   const auto found = accounts_.find(contact);
@@ -84,6 +84,11 @@ void PurpleMessenger::Test(const std::string& sentence) {
   QMetaObject::invokeMethod(client_, [client = client_, sentence] { client->Test(sentence); });
 }
 
+// Only one of the two can have the name on the bus, and which one it is may not be known yet.
+bool PurpleMessenger::IsHeard(const std::string& application) const {
+  return there_ && (application == "pidgin" || application == "finch");
+}
+
 void PurpleMessenger::SetGroupChats(bool on) {
   group_chats_ = on;
   if (client_ != nullptr) client_->SetGroupChats(on);
@@ -94,7 +99,8 @@ void PurpleMessenger::Tell(const std::function<void(PurpleListener&)>& news) {
   end_.Guard([&] { news(*this); });
 }
 
-void PurpleMessenger::ConnectionIs(const Connection& connection) {
+void PurpleMessenger::ConnectionIs(const Connection& connection, bool there) {
+  there_ = there;
   connection_ = connection;
   if (Changed) Changed();
 }

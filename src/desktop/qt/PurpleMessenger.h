@@ -35,12 +35,15 @@ class PurpleMessenger : public MessengerSource, private PurpleListener {
   bool Knows(const std::string& contact) override { return accounts_.count(contact) != 0; }
   void Test(const std::string& sentence) override;
 
+  // Whether what this application, whose name is in lower case, has to tell comes from here.
+  bool IsHeard(const std::string& application) const;
+
   // Whether what is said in group chats is raised too; it is not at first. The sender is then no
   // contact but a place in the chat: its sign-in name is ROOM/NICK.
   void SetGroupChats(bool on);
 
  private:
-  void ConnectionIs(const Connection& connection) override;
+  void ConnectionIs(const Connection& connection, bool there) override;
   void OwnStateIs(std::int32_t state, const std::string& name) override;
   void CanReach(const std::string& contact, int account) override;
   void SignedOff(int account) override;
@@ -57,6 +60,7 @@ class PurpleMessenger : public MessengerSource, private PurpleListener {
   QThread thread_;
   QObject here_;  // on the program's thread
   Connection connection_;
+  bool there_ = false;  // a client is on the bus
   std::int32_t own_state_ = MSTATE_OFFLINE;
   std::string own_name_;
   std::map<std::string, std::set<int>> accounts_;  // by contact
