@@ -22,6 +22,18 @@ TEST(MailService, IsNobodyElse) {
   EXPECT_EQ(OrdinaryContact("Chat:Anna", "Anna").SigninName, "Chat:Anna");
 }
 
+TEST(MailService, IsNotEvenWhoIsSignedInAsThat) {
+  EXPECT_EQ(QuotedContact("hotmail", "Hotmail").FriendlyName, "\"hotmail\"");
+  EXPECT_EQ(QuotedContact("hotmail", "Hotmail").SigninName, "hotmail");
+  EXPECT_EQ(QuotedContact("anna", "Hotmail").FriendlyName, "anna");
+  EXPECT_EQ(QuotedContact("hotmail", "Anna").FriendlyName, "Anna");
+}
+
+TEST(InboxNotice, CountsAsFarAsTheProgramDoes) {
+  EXPECT_EQ(InboxNotice(7), "INBOX-UNREAD:7\r");
+  EXPECT_EQ(InboxNotice(4000000000U), "INBOX-UNREAD:32767\r");
+}
+
 TEST(NewMailNotice, IsOneLineWithItsEnd) {
   EXPECT_EQ(NewMailNotice("Anna Baker"), "FROM:Anna Baker\r");
   EXPECT_EQ(NewMailNotice("Anna\rBaker\nCole"), "FROM:Anna Baker Cole\r");

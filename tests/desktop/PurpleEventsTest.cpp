@@ -137,7 +137,7 @@ TEST_F(PurpleEventsTest, InAGroupChatOnlyOthersAndOnlyNewsIsRaised) {
 
 TEST_F(PurpleEventsTest, AContactThatIsCalledLikeTheMailServiceIsCalledByItsId) {
   ASSERT_NO_FATAL_FAILURE(ComeAndAttach());
-  for (const char* name : {"HOTMAIL", "Hotmail", "hotma\u0131l"}) {
+  for (const char* name : {"HOTMAIL", "Hotmail", "hotma\u0131l", "\nHotmail\n"}) {
     purple.Do([&] { purple.buddies[kAnna].alias = name; });
     purple.Say("anna@home", "INBOX-UNREAD:5");
     EXPECT_TRUE(Awaited("text anna@home (anna@home): INBOX-UNREAD:5\n")) << name;
@@ -192,6 +192,18 @@ TEST_F(PurpleEventsTest, AFileThatTheUserSendsIsNot) {
   EXPECT_TRUE(AwaitedUntilNow(""));
 }
 
+TEST_F(PurpleEventsTest, WhatIsOfferedIsCalledByOneLine) {
+  ASSERT_NO_FATAL_FAILURE(ComeAndAttach());
+  purple.Do([this] {
+    purple.buddies[kAnna].alias = "Anna\nBaker";
+    purple.transfers[700] = {1, "anna@home/pc", "a\r\nb.txt" + QString("x").repeated(2000)};
+  });
+  purple.Signal("FileRecvRequest", {700});
+  EXPECT_TRUE(Awaited("file Anna Baker (anna@home): a  b.txt" + std::string(1024 - 8, 'x') + "\n"));
+  purple.Signal("ChatInvited", {1, "eve\n@home/pc", "lobby\n@rooms", "come", 0});
+  EXPECT_TRUE(Awaited("chat eve @home (eve @home): lobby @rooms\n"));
+}
+
 TEST_F(PurpleEventsTest, AnInvitationToAChatIsRaised) {
   ASSERT_NO_FATAL_FAILURE(ComeAndAttach());
   purple.Signal("ChatInvited", {1, "anna@home/pc", "lobby@rooms", "come", 0});
@@ -207,8 +219,8 @@ TEST_F(PurpleEventsTest, MailIsTheMailServicesNotice) {
                 {"subject", "Anna Baker <anna@example.org>", "me@home", "http://mail"});
   purple.Signal("DisplayingEmailsNotification", {0, 0, 0, 0, 3U});
   EXPECT_TRUE(
-      Awaited("text HOTMAIL (): FROM:Anna Baker\r\n"
-              "text HOTMAIL (): INBOX-UNREAD:3\r\n"));
+      Awaited("text Hotmail (): FROM:Anna Baker\r\n"
+              "text Hotmail (): INBOX-UNREAD:3\r\n"));
 }
 
 TEST_F(PurpleEventsTest, NoMailIsNoNotice) {

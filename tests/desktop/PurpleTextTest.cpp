@@ -63,6 +63,17 @@ TEST_F(PurpleTextTest, GetsThroughWhatIsMeantToStopIt) {
   EXPECT_EQ(PlainMessage(QString("&lt;").repeated(kMany)), std::string(kMany, '<'));
   EXPECT_EQ(PlainMessage(QString("<").repeated(kMany)), std::string(kMany, '<'));
   EXPECT_EQ(PlainMessage(QString("<style>").repeated(kMany)), "");
+  std::string lines = "x";
+  for (int i = 1; i < kMany; ++i) lines += "\nx";
+  EXPECT_EQ(PlainMessage(QString(" ") + QString("<p>x").repeated(kMany)), lines);
+}
+
+TEST_F(PurpleTextTest, EndsWhereNobodyReadsOn) {
+  constexpr int kText = 64 * 1024;
+  constexpr int kHtml = 128 * 1024;
+  EXPECT_EQ(PlainMessage(QString("x").repeated(kText)), std::string(kText, 'x'));
+  EXPECT_EQ(PlainMessage(QString("x").repeated(kText + 1)), std::string(kText, 'x'));
+  EXPECT_EQ(PlainMessage(QString("<b>").repeated(kHtml / 3) + "ends"), "en");
 }
 
 TEST(PurpleMail, IsToldByItsSendersName) {
@@ -78,13 +89,31 @@ TEST(PurpleMail, WithoutASenderIsOneMoreInTheInbox) {
 }
 
 TEST(PurpleMail, IsNoNumberOfMailsWhateverItsSenderIsCalled) {
-  EXPECT_EQ(MailNotice("Inbox-Unread: many"), "FROM:Inbox-Unread many\r");
-  EXPECT_EQ(MailNotice("\u0131nbox-unread:"), "FROM:\u0131nbox-unread\r");
+  EXPECT_EQ(MailNotice("Inbox-Unread: many"), "FROM:Inbox-Unread  many\r");
+  EXPECT_EQ(MailNotice("\u0131nbox-unread:"), "FROM:\u0131nbox-unread \r");
 }
 
-TEST(PurpleMail, IsCountedAsFarAsTheProgramCounts) {
-  EXPECT_EQ(InboxNotice(7), "INBOX-UNREAD:7\r");
-  EXPECT_EQ(InboxNotice(4000000000U), "INBOX-UNREAD:32767\r");
+TEST(PurpleMail, IsFromASenderWhoseNameEndsSomewhere) {
+  EXPECT_EQ(MailNotice(QString("x").repeated(5000)), "FROM:" + std::string(1024, 'x') + "\r");
+}
+
+TEST(PurpleName, IsOneLine) {
+  EXPECT_EQ(NameOf("Anna\r\nBaker\u2028\t"), "Anna  Baker");
+  EXPECT_EQ(NameOf("\n"), "");
+}
+
+TEST(PurpleName, EndsSomewhere) {
+  EXPECT_EQ(NameOf(QString("x").repeated(1024)), std::string(1024, 'x'));
+  EXPECT_EQ(NameOf(QString("x").repeated(1025)), std::string(1024, 'x'));
+  const std::string name = NameOf(QString("\u20AC").repeated(1025));
+  EXPECT_EQ(name.size(), 1023U) << "no character is cut in two";
+  EXPECT_TRUE(IsValidUtf8(name));
+}
+
+TEST(PurpleName, IsNotTheMailServicesHoweverItIsWritten) {
+  EXPECT_EQ(HonestContact("anna@home", "Hotmail\n").FriendlyName, "anna@home");
+  EXPECT_EQ(HonestContact("\rhotmail", "\tHOTMAIL ").FriendlyName, "\"hotmail\"");
+  EXPECT_EQ(HonestContact("anna@home", "\n").FriendlyName, "anna@home");
 }
 
 }  // namespace

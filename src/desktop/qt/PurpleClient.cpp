@@ -3,6 +3,7 @@
 #include <QStringList>
 #include <utility>
 
+#include "desktop/MailService.h"
 #include "desktop/qt/PurpleText.h"
 
 namespace brenwick {
@@ -131,8 +132,9 @@ void PurpleClient::LookAtAccounts() {
 
 void PurpleClient::LookAtOwn(int account) {
   OwnAccount& own = accounts_[account];
-  own.id = TextOf(people_.OwnId(account));
-  own.name = TextOf(people_.OwnName(account));
+  own.id = NameOf(people_.OwnId(account));
+  own.name = NameOf(people_.OwnName(account));
+  if (own.name.empty()) own.name = own.id;
   const int status = bus_.Number("PurpleAccountGetActiveStatus", {account});
   own.state = people_.StateOfStatus(status).value_or(MSTATE_ONLINE);
 }
@@ -327,7 +329,7 @@ void PurpleClient::TellText(const std::optional<Arrival>& arrival) {
 
 void PurpleClient::TellMail(const std::string& notice) {
   Raise([notice](MessengerListener& listener) {
-    listener.OnTextReceived(MailService(), "", notice);
+    listener.OnTextReceived({"", kMailService}, "", notice);
   });
 }
 

@@ -67,7 +67,7 @@ std::optional<Arrival> PurpleInbox::FileRecvRequest(const QVariantList& values) 
   const QString sender = bus_.Text("PurpleXferGetRemoteUser", {transfer});
   if (account == 0 || sender.isEmpty()) return std::nullopt;
   return Arrival{account, people_.Sender(account, sender),
-                 TextOf(bus_.Text("PurpleXferGetFilename", {transfer}))};
+                 NameOf(bus_.Text("PurpleXferGetFilename", {transfer}))};
 }
 
 // The invitation may come from a place in the chat itself.
@@ -79,7 +79,7 @@ std::optional<Arrival> PurpleInbox::ChatInvited(const QVariantList& values) {
   return Arrival{account,
                  from_room ? HonestContact(sender, sender.mid(room.size() + 1))
                            : people_.Sender(account, sender),
-                 TextOf(room)};
+                 NameOf(room)};
 }
 
 // What was kept for the user arrives as if it were new; only the conversation knows better.

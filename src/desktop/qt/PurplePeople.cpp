@@ -14,7 +14,7 @@ QString WithoutDevice(const QString& id) { return id.section('/', 0, 0); }
 
 PurpleBuddy PurplePeople::Buddy(int buddy) {
   const QString id = bus_.Text("PurpleBuddyGetName", {buddy});
-  if (id.isEmpty()) return {};
+  if (NameOf(id).empty()) return {};
   return {bus_.Number("PurpleBuddyGetAccount", {buddy}),
           HonestContact(id, bus_.Text("PurpleBuddyGetAlias", {buddy}))};
 }

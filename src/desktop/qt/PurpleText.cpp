@@ -4,18 +4,16 @@
 #include <QTextDocumentFragment>
 #include <algorithm>
 #include <iterator>
-#include <limits>
 
-#include "base/Text.h"
+#include "desktop/ForeignText.h"
+#include "desktop/MailService.h"
 
 namespace brenwick {
 namespace {
 
-constexpr const char* kMailService = "HOTMAIL";
-// By this a notice tells a number of mails; in a sender's name it would be taken for that.
-constexpr const char* kInbox = "INBOX-UNREAD:";
-
-bool IsMailService(const std::string& name) { return UpperCase(name) == kMailService; }
+constexpr std::size_t kLongestName = 1024;          // in bytes
+constexpr std::size_t kLongestText = 64 * 1024;     // in bytes
+constexpr qsizetype kLongestHtml = 256 * 1024 / 2;  // in characters of Qt's, of two bytes
 
 bool Stands(const char* const* begin, const char* const* end, const QString& name) {
   return std::find(begin, end, name) != end;
@@ -46,11 +44,13 @@ class TagRemover {
 
  private:
   void Add(const QString& text) {
+    const bool has_words = !text.trimmed().isEmpty();
     if (new_line_) {
-      if (text.trimmed().isEmpty()) return;
-      if (!text_.trimmed().isEmpty()) text_ += "<br>";
+      if (!has_words) return;
+      if (begun_) text_ += "<br>";
       new_line_ = false;
     }
+    begun_ = begun_ || has_words;
     text_ += text;
   }
 
@@ -63,7 +63,10 @@ class TagRemover {
     }
     const bool closes = html_.mid(tag + 1, 1) == "/";
     const QString name = NameAt(tag + (closes ? 2 : 1));
-    if (name == "br") text_ += "<br>";
+    if (name == "br") {
+      text_ += "<br>";
+      begun_ = true;
+    }
     if (Stands(std::begin(kBlocks), std::end(kBlocks), name)) new_line_ = true;
     if (!closes && Stands(std::begin(kHidden), std::end(kHidden), name)) {
       return Behind(">", html_.indexOf("</" + name, end, Qt::CaseInsensitive));
@@ -85,6 +88,7 @@ class TagRemover {
 
   const QString& html_;
   QString text_;
+  bool begun_ = false;     // it is not all white space
   bool new_line_ = false;  // what follows stands on a new line
 };
 
@@ -97,35 +101,26 @@ QString NameOfSender(const QString& from) {
 
 }  // namespace
 
-std::string TextOf(const QString& text) { return text.toStdString(); }
-
-std::string PlainMessage(const QString& html) {
-  return TextOf(QTextDocumentFragment::fromHtml(TagRemover(html).Text()).toPlainText());
+std::string NameOf(const QString& name) {
+  const std::string text = name.left(kLongestName).toStdString();
+  return OneLine(FirstBytes(text, kLongestName));
 }
 
-MessengerContact MailService() { return {"", kMailService}; }
+std::string PlainMessage(const QString& html) {
+  const QString words = TagRemover(html.left(kLongestHtml)).Text();
+  const std::string text = QTextDocumentFragment::fromHtml(words).toPlainText().toStdString();
+  return std::string(FirstBytes(text, kLongestText));
+}
 
 MessengerContact HonestContact(const QString& id, const QString& name) {
-  MessengerContact contact{TextOf(id), TextOf(name)};
-  if (contact.FriendlyName.empty() || IsMailService(contact.FriendlyName)) {
-    contact.FriendlyName = contact.SigninName;
-  }
-  if (IsMailService(contact.FriendlyName)) {
-    contact.FriendlyName = "\"" + contact.FriendlyName + "\"";
-  }
-  return contact;
+  const std::string signin = NameOf(id);
+  const std::string friendly = NameOf(name);
+  return QuotedContact(signin, friendly.empty() ? signin : friendly);
 }
 
 std::string MailNotice(const QString& from) {
-  QString name = NameOfSender(from);
-  if (name.isEmpty()) return InboxNotice(1);
-  if (UpperCase(TextOf(name)).find(kInbox) != std::string::npos) name.remove(':');
-  return "FROM:" + TextOf(name) + "\r";
-}
-
-std::string InboxNotice(unsigned count) {
-  constexpr unsigned kMost = std::numeric_limits<std::int16_t>::max();
-  return kInbox + std::to_string(std::min(count, kMost)) + "\r";
+  const std::string name = NameOf(NameOfSender(from.left(kLongestHtml)));
+  return name.empty() ? InboxNotice(1) : NewMailNotice(name);
 }
 
 }  // namespace brenwick

@@ -8,21 +8,18 @@
 
 namespace brenwick {
 
-// The program's form of a text: UTF-8, which Qt writes valid whatever the text holds.
-std::string TextOf(const QString& text);
+// What somebody or something is called: one line, of a length that can be listened to, in UTF-8,
+// which Qt writes valid whatever the name holds.
+std::string NameOf(const QString& name);
 
-// A message as it is read: libpurple's are HTML, whatever the network.
+// A message as it is read: libpurple's are HTML, whatever the network. The end of one that nobody
+// can have written by hand is missing.
 std::string PlainMessage(const QString& html);
 
-// The one whose messages are notices of mail. Nobody else may be called so: see HonestContact.
-MessengerContact MailService();
-
-// The contact under a name that is not the mail service's. One who took that name appears under the
-// sign-in name, and one who is even signed in as that in quotation marks.
+// The contact by its name, or by its id where it has none or poses as the mail service.
 MessengerContact HonestContact(const QString& id, const QString& name);
 
-// What the mail service says of one new mail from this sender, and of so many unread ones.
+// What the mail service says of one new mail from this sender.
 std::string MailNotice(const QString& from);
-std::string InboxNotice(unsigned count);
 
 }  // namespace brenwick
