@@ -1,4 +1,6 @@
-// Clients that hang, and a bus that goes.
+// Clients that hang or say too much, and a bus that goes.
+#include <QTimer>
+#include <thread>
 #include <vector>
 
 #include "base/Failure.h"
@@ -72,6 +74,31 @@ TEST_F(PurpleTroubleTest, ABusThatGoesTakesAllAlong) {
   EXPECT_EQ(messenger->MyStatus(), MSTATE_OFFLINE);
   EXPECT_FALSE(messenger->IsHeard("pidgin"));
   EXPECT_THROW(messenger->InstantMessage("anna@home"), Failure);
+}
+
+// The program is busy with the first message until the client has told nearly all.
+TEST_F(PurpleTroubleTest, AFloodLeavesOthersTheirTurn) {
+  constexpr int kMany = 2000;
+  ASSERT_NO_FATAL_FAILURE(ComeAndAttach());
+  int heard = 0;
+  int turns = 0;
+  QTimer other;
+  QObject::connect(&other, &QTimer::timeout, &other, [&] { turns += heard < kMany ? 1 : 0; });
+  events.Heard = [&] {
+    if (heard++ > 0) return;
+    while (purple.CallsOf("PurpleFindBuddy") < kMany) std::this_thread::yield();
+    other.start(0);
+  };
+  std::string all;
+  for (int i = 0; i < kMany; ++i) {
+    const std::string message = std::to_string(i);
+    purple.Say("eve@elsewhere", QString::fromStdString(message));
+    all += "text eve@elsewhere (eve@elsewhere): " + message + "\n";
+  }
+  constexpr int kPatience = 60000;
+  ASSERT_TRUE(QTest::qWaitFor([&] { return heard >= kMany; }, kPatience));
+  EXPECT_TRUE(AwaitedUntilNow(all));
+  EXPECT_GT(turns, kMany / 100);
 }
 
 }  // namespace

@@ -12,6 +12,7 @@ namespace brenwick {
 namespace {
 
 constexpr std::chrono::seconds kFirstMeeting{1};
+constexpr int kAtATime = 10;
 
 struct Own {
   std::int32_t state;
@@ -24,6 +25,8 @@ PurpleMessenger::PurpleMessenger(EndOfProgram& end, QDBusConnection bus,
                                  const PurpleOptions& options)
     : end_(end), bus_(std::move(bus)), options_(options) {
   connection_ = {"Pidgin or Finch", ConnectionState::Waiting, ""};
+  soon_.setSingleShot(true);
+  QObject::connect(&soon_, &QTimer::timeout, &here_, [this] { Tell(); });
 }
 
 PurpleMessenger::~PurpleMessenger() { PurpleMessenger::Detach(); }
@@ -35,9 +38,9 @@ void PurpleMessenger::Attach(MessengerListener& listener) {
     connection_.Detail = "There is no session bus";
     return;
   }
-  client_ = new PurpleClient(bus_, options_, [this](std::function<void(PurpleListener&)> news) {
+  client_ = new PurpleClient(bus_, options_, [this](News news) {
     QMetaObject::invokeMethod(
-        &here_, [this, news = std::move(news)] { Tell(news); }, Qt::QueuedConnection);
+        &here_, [this, news = std::move(news)] { Keep(news); }, Qt::QueuedConnection);
   });
   client_->SetGroupChats(group_chats_);
   client_->moveToThread(&thread_);
@@ -62,6 +65,7 @@ void PurpleMessenger::MeetTheClient() {
 
 void PurpleMessenger::Detach() {
   listener_ = nullptr;
+  news_.clear();
   if (client_ == nullptr) return;
   client_->GiveUp();
   thread_.quit();
@@ -94,9 +98,21 @@ void PurpleMessenger::SetGroupChats(bool on) {
   if (client_ != nullptr) client_->SetGroupChats(on);
 }
 
-void PurpleMessenger::Tell(const std::function<void(PurpleListener&)>& news) {
+void PurpleMessenger::Keep(News news) {
   if (listener_ == nullptr) return;
-  end_.Guard([&] { news(*this); });
+  news_.push_back(std::move(news));
+  if (!soon_.isActive()) soon_.start();
+}
+
+// Of a flood only some are told at a time, so that the window has its turn. The program may let Qt
+// run, or detach, while it is told: the others do not wait for that.
+void PurpleMessenger::Tell() {
+  for (int told = 0; told < kAtATime && !news_.empty(); ++told) {
+    const News news = std::move(news_.front());
+    news_.pop_front();
+    if (!news_.empty()) soon_.start();
+    end_.Guard([&] { news(*this); });
+  }
 }
 
 void PurpleMessenger::ConnectionIs(const Connection& connection, bool there) {

@@ -5,6 +5,9 @@
 #include <QDBusConnection>
 #include <QObject>
 #include <QThread>
+#include <QTimer>
+#include <deque>
+#include <functional>
 #include <map>
 #include <set>
 #include <string>
@@ -49,7 +52,9 @@ class PurpleMessenger : public MessengerSource, private PurpleListener {
   void SignedOff(int account) override;
   void Raise(const std::function<void(MessengerListener&)>& event) override;
 
-  void Tell(const std::function<void(PurpleListener&)>& news);
+  using News = std::function<void(PurpleListener&)>;
+  void Keep(News news);
+  void Tell();
   void MeetTheClient();
 
   EndOfProgram& end_;
@@ -59,6 +64,8 @@ class PurpleMessenger : public MessengerSource, private PurpleListener {
   PurpleClient* client_ = nullptr;  // on the thread, which deletes it at its end
   QThread thread_;
   QObject here_;  // on the program's thread
+  std::deque<News> news_;
+  QTimer soon_;  // tells of it
   Connection connection_;
   bool there_ = false;  // a client is on the bus
   std::int32_t own_state_ = MSTATE_OFFLINE;
