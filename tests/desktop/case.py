@@ -40,7 +40,7 @@ class DesktopTest(unittest.TestCase):
 
     def tearDown(self):
         """What the program says on its error output is a failure, unless it was expected."""
-        if not self._outcome.success:
+        if self.has_failed():
             self._look()
         for program in self.programs:
             program.put_away()
@@ -48,6 +48,12 @@ class DesktopTest(unittest.TestCase):
             words = [line for line in program.errors().splitlines()
                      if line not in self.expected_words]
             self.assertEqual(words, [], "the program's error output")
+
+    def has_failed(self):
+        """Whether the test itself has, as seen from its clean-up."""
+        result = self._outcome.result
+        return any(getattr(test, "test_case", test) is self
+                   for test, _ in result.failures + result.errors)
 
     def _look(self):
         """Keeps a picture of the screen of a test that has failed."""
