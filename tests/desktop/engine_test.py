@@ -2,11 +2,11 @@
 """The process of the speech engine: one a program, and it goes with it."""
 import os
 import pathlib
-import shutil
 import signal
 from unittest import mock
 
 import case
+from program import with_engine
 from servers import await_that
 
 
@@ -32,17 +32,10 @@ class Engine(case.DesktopTest):
         await_that(gone, "the end of the engine")
 
     def test_is_not_started_by_a_second_program(self):
-        built = pathlib.Path(case.PROGRAM).parent
-        folder = self.desktop.folder / "built"
-        folder.mkdir()
-        shutil.copy(case.PROGRAM, folder)
-        (folder / "program").symlink_to(built / "program")
-        starts = folder / "starts"
-        engine = folder / "brenwick-voice"
-        engine.write_text(f'#!/bin/sh\necho started >>"{starts}"\n'
-                          f'exec "{built / "brenwick-voice"}"\n', encoding="utf-8")
-        engine.chmod(0o755)
-        with mock.patch.object(case, "PROGRAM", str(folder / "brenwick")):
+        starts = self.desktop.folder / "starts"
+        program = with_engine(self.desktop, case.PROGRAM,
+                              f'echo started >>"{starts}"\nexec "$ENGINE"')
+        with mock.patch.object(case, "PROGRAM", program):
             self.start()
             self.assertEqual(starts.read_text(encoding="utf-8"), "started\n")
             self.assertEqual(self.ask().returncode, 0)

@@ -2,6 +2,7 @@
 import os
 import pathlib
 import re
+import shutil
 import signal
 import subprocess
 
@@ -36,6 +37,19 @@ def write_store(desktop, settings):
 def debug_log(desktop):
     logs = sorted((desktop.documents / "Brenwick/DebugLogs").glob("*.log"))
     return "".join(log.read_text(encoding="utf-8") for log in logs)
+
+
+def with_engine(desktop, file, script):
+    """The program once more, with a shell script in the place of its engine. The script may use the
+    engine by the name of ENGINE."""
+    built = pathlib.Path(file).parent
+    folder = desktop.folder / "built"
+    folder.mkdir()
+    (folder / "program").symlink_to(built / "program")
+    engine = folder / "brenwick-voice"
+    engine.write_text(f'#!/bin/sh\nENGINE="{built / engine.name}"\n{script}\n', encoding="utf-8")
+    engine.chmod(0o755)
+    return shutil.copy(file, folder)
 
 
 class Program:
