@@ -1,6 +1,8 @@
-// Tells when something has come at a descriptor; the world's event loop stands behind it.
+// Tells when something has come at a descriptor, or when it is time to look for another one; the
+// world's event loop stands behind it.
 #pragma once
 
+#include <chrono>
 #include <functional>
 
 namespace brenwick {
@@ -17,7 +19,9 @@ class DescriptorWatch {
   virtual void Start(int descriptor, std::function<void()> readable) = 0;
   // Calls the handler once more, behind what waits for the program meanwhile.
   virtual void Again() = 0;
-  // The handler is not called again. It may be running.
+  // Watches nothing any more, and calls this handler once when the time is over.
+  virtual void Later(std::chrono::milliseconds time, std::function<void()> over) = 0;
+  // No handler is called again. One may be running.
   virtual void Stop() = 0;
 };
 

@@ -67,8 +67,7 @@ void NotificationMessenger::Attach(MessengerListener& listener) {
   listener_ = &listener;
   failure_.clear();
   try {
-    monitor_ = Monitor(bus_address_);
-    watch_.Start(monitor_->Descriptor(), [this] { Ready(); });
+    Watch();
   } catch (const std::runtime_error& failure) {
     failure_ = Repaired(failure.what());
   }
@@ -78,10 +77,15 @@ void NotificationMessenger::Attach(MessengerListener& listener) {
 
 void NotificationMessenger::Detach() {
   listener_ = nullptr;
-  if (monitor_) watch_.Stop();
+  watch_.Stop();
   monitor_.reset();
   tester_.reset();
   applications_.Save();
+}
+
+void NotificationMessenger::Watch() {
+  monitor_ = Monitor(bus_address_);
+  watch_.Start(monitor_->Descriptor(), [this] { Ready(); });
 }
 
 std::int32_t NotificationMessenger::MyStatus() {
@@ -143,9 +147,20 @@ void NotificationMessenger::Ready() {
 }
 
 void NotificationMessenger::Fail(const std::string& why) {
-  watch_.Stop();
+  watch_.Later(kPause, [this] { TryAgain(); });
   monitor_.reset();
   failure_ = why;
+  StateMayHaveChanged();
+}
+
+void NotificationMessenger::TryAgain() {
+  try {
+    Watch();
+  } catch (const std::runtime_error&) {
+    // It is still gone.
+    return watch_.Later(kPause, [this] { TryAgain(); });
+  }
+  failure_.clear();
   StateMayHaveChanged();
 }
 

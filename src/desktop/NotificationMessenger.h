@@ -5,6 +5,7 @@
 // Nothing is ever sent on it, and no notification is answered, marked or closed.
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -49,7 +50,12 @@ class NotificationMessenger : public MessengerSource {
   // Shows a notification, which comes back as the desktop gets it.
   void Test(const std::string& sentence) override;
 
+  // A bus may drop one connection and stay. How long until a new one is tried:
+  static constexpr std::chrono::minutes kPause{1};
+
  private:
+  void Watch();
+  void TryAgain();
   void Ready();
   void Hear(const Notification& notification);
   void Raise(const Notification& notification, const std::string& application);

@@ -2,9 +2,11 @@
 #include "desktop/NotificationMessenger.h"
 
 #include <gtest/gtest.h>
+#include <sys/socket.h>
 
 #include <QCoreApplication>
 #include <QTest>
+#include <QTimer>
 #include <memory>
 #include <string>
 #include <vector>
@@ -23,6 +25,31 @@ namespace brenwick {
 namespace {
 
 using Events = std::vector<std::string>;
+
+// Cuts the watched connection as a bus does, and lets no time pass.
+class ImpatientWatch : public SocketWatch {
+ public:
+  using SocketWatch::SocketWatch;
+
+  void Start(int descriptor, std::function<void()> readable) override {
+    descriptor_ = descriptor;
+    SocketWatch::Start(descriptor, std::move(readable));
+  }
+  void Later(std::chrono::milliseconds time, std::function<void()> over) override {
+    pauses.push_back(time);
+    SocketWatch::Later({}, [this, over] {
+      if (WhenOver) WhenOver();
+      over();
+    });
+  }
+  void Cut() const { EXPECT_EQ(shutdown(descriptor_, SHUT_RDWR), 0); }
+
+  std::vector<std::chrono::milliseconds> pauses;
+  std::function<void()> WhenOver;
+
+ private:
+  int descriptor_ = -1;
+};
 
 class NotificationsTest : public testing::Test {
  protected:
@@ -65,7 +92,7 @@ class NotificationsTest : public testing::Test {
   TestClock clock;
   IniStore store{folder.Inside("store.ini"), clock, [](const std::string&) {}};
   EndOfProgram end;
-  SocketWatch watch{end};
+  ImpatientWatch watch{end};
   RecordingListener listener;
   int changes = 0;
   std::unique_ptr<NotificationMessenger> messenger = Make();
@@ -315,6 +342,42 @@ TEST_F(NotificationsTest, TellThatTheBusHasGone) {
   EXPECT_EQ(messenger->Describe().State, ConnectionState::Failed);
   EXPECT_EQ(messenger->Describe().Detail, "the session bus has gone");
   messenger->Test("Can you hear me?");
+}
+
+TEST_F(NotificationsTest, AreHeardAgainAfterTheBusHasCutTheConnection) {
+  AttachWith("Chat");
+  watch.Cut();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return listener.events.size() == 2; }));
+  EXPECT_EQ(listener.events, (Events{"own 1", "own 2"}));
+  EXPECT_EQ(watch.pauses.size(), 1U);
+  EXPECT_EQ(watch.pauses.front(), std::chrono::minutes(1));
+  EXPECT_EQ(messenger->Describe().State, ConnectionState::Attached);
+  listener.events.clear();
+  Application("Chat").Show("Anna", "hello");
+  EXPECT_EQ(Settled(), Events{"Chat:Anna,Anna,,hello"});
+}
+
+TEST_F(NotificationsTest, AreLookedForAsLongAsTheBusIsGone) {
+  AttachWith("Chat");
+  bus.Go();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return watch.pauses.size() == 4; }));
+  EXPECT_EQ(watch.pauses.back(), std::chrono::minutes(1));
+  EXPECT_EQ(listener.events, Events{"own 1"});
+  EXPECT_EQ(messenger->Describe().Detail, "the session bus has gone");
+}
+
+TEST_F(NotificationsTest, AreNotLookedForAfterDetach) {
+  AttachWith("Chat");
+  listener.Meanwhile = [&] { messenger->Detach(); };
+  bool over = false;
+  watch.WhenOver = [&] { over = true; };
+  watch.Cut();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !listener.events.empty(); }));
+  bool behind = false;
+  QTimer::singleShot(0, [&] { behind = true; });
+  ASSERT_TRUE(QTest::qWaitFor([&] { return behind; }));
+  EXPECT_FALSE(over);
+  EXPECT_EQ(listener.events, Events{"own 1"});
 }
 
 TEST_F(NotificationsTest, TellThatThereIsNoBus) {

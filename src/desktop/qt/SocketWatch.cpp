@@ -11,23 +11,29 @@ SocketWatch::SocketWatch(EndOfProgram& end) : end_(end) {
 }
 
 void SocketWatch::Start(int descriptor, std::function<void()> readable) {
-  readable_ = std::move(readable);
+  handler_ = std::move(readable);
   notifier_.setSocket(descriptor);
   notifier_.setEnabled(true);
   Again();
 }
 
-void SocketWatch::Again() { again_.start(); }
+void SocketWatch::Again() { again_.start(0); }
+
+void SocketWatch::Later(std::chrono::milliseconds time, std::function<void()> over) {
+  notifier_.setEnabled(false);
+  handler_ = std::move(over);
+  again_.start(time);
+}
 
 void SocketWatch::Stop() {
   again_.stop();
   notifier_.setEnabled(false);
-  readable_ = nullptr;
+  handler_ = nullptr;
 }
 
 void SocketWatch::Tell() {
   end_.Guard([this] {
-    if (const auto readable = readable_) readable();
+    if (const auto handler = handler_) handler();
   });
 }
 

@@ -3,6 +3,7 @@
 
 #include <QSocketNotifier>
 #include <QTimer>
+#include <chrono>
 #include <functional>
 
 #include "desktop/DescriptorWatch.h"
@@ -16,13 +17,14 @@ class SocketWatch : public DescriptorWatch {
 
   void Start(int descriptor, std::function<void()> readable) override;
   void Again() override;
+  void Later(std::chrono::milliseconds time, std::function<void()> over) override;
   void Stop() override;
 
  private:
   void Tell();
 
   EndOfProgram& end_;
-  std::function<void()> readable_;
+  std::function<void()> handler_;
   QTimer again_;
   QSocketNotifier notifier_{QSocketNotifier::Read};
 };
