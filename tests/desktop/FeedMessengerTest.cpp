@@ -6,8 +6,10 @@
 #include <QCoreApplication>
 #include <QDBusPendingCall>
 #include <QTest>
+#include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "base/Failure.h"
@@ -34,9 +36,9 @@ class FeedTest : public testing::Test {
     if (!connections.contains(name)) connections.push_back(name);
     return bus.Connect(name);
   }
-  std::unique_ptr<FeedMessenger> Make() {
-    auto made = std::make_unique<FeedMessenger>(end, Connect("feed"), bus.Address(),
-                                                [this] { return now; });
+  std::unique_ptr<FeedMessenger> Make(std::function<FeedLimit::Time()> clock) {
+    auto made =
+        std::make_unique<FeedMessenger>(end, Connect("feed"), bus.Address(), std::move(clock));
     made->Changed = [this] { ++changes; };
     return made;
   }
@@ -70,7 +72,7 @@ class FeedTest : public testing::Test {
   RecordingListener listener;
   int changes = 0;
   QString said;
-  std::unique_ptr<FeedMessenger> feed = Make();
+  std::unique_ptr<FeedMessenger> feed = Make([this] { return now; });
 };
 
 TEST_F(FeedTest, RaisesMessagesAndStates) {
@@ -130,9 +132,8 @@ TEST_F(FeedTest, LetsNobodyPoseAsTheMailService) {
 TEST_F(FeedTest, HasNoOtherDoor) {
   feed->Attach(listener);
   const QString unknown = "org.freedesktop.DBus.Error.UnknownMethod";
-  for (const QDBusMessage& call :
-       {Call("Say", {"a", "b", "c"}), Call("message", {"a", "b", "c"}),
-        Call("Message", {"a", "b", "c"}, "org.example.Other")}) {
+  for (const QDBusMessage& call : {Call("Say", {"a", "b", "c"}), Call("message", {"a", "b", "c"}),
+                                   Call("Message", {"a", "b", "c"}, "org.example.Other")}) {
     const QString answer = Answer(call);
     EXPECT_TRUE(answer == unknown || answer == "org.freedesktop.DBus.Error.UnknownInterface" ||
                 answer == "org.freedesktop.DBus.Error.UnknownObject")
@@ -185,23 +186,24 @@ TEST_F(FeedTest, TakesFiftyASecondFromOneSenderAndAsManyFromAnother) {
 }
 
 TEST_F(FeedTest, TakesAThousandContactsInOneRun) {
+  feed = Make([this] { return now += std::chrono::seconds(1); });
   feed->Attach(listener);
-  const auto raise = [this](std::size_t contact) {
-    now += std::chrono::seconds(1);
-    return State(QString::number(contact), "", "away");
-  };
-  for (std::size_t i = 0; i < FeedMessenger::kMostContacts; ++i) ASSERT_EQ(raise(i), "");
+  for (std::size_t i = 1; i < FeedMessenger::kMostContacts; ++i) {
+    Connect("script").send(Call("State", {QString::number(i), "", "away"}));
+  }
+  EXPECT_EQ(State("the last", "", "away"), "");
+  EXPECT_EQ(listener.events.size(), 1 + FeedMessenger::kMostContacts);
   listener.events.clear();
   const QString refused = QString(kFeed) + ".Error.TooManyContacts";
-  EXPECT_EQ(raise(FeedMessenger::kMostContacts), refused);
+  EXPECT_EQ(State("one more", "", "away"), refused);
   EXPECT_EQ(said, "only 1000 contacts are taken until the program starts again");
   EXPECT_EQ(Message("another", "", "hello"), refused);
   EXPECT_EQ(listener.events, Events{});
   EXPECT_FALSE(feed->Knows("another"));
-  EXPECT_EQ(raise(0), "");
+  EXPECT_EQ(State("the last", "", "busy"), "");
   feed->Test("Can you hear me?");
   ASSERT_TRUE(QTest::qWaitFor([&] { return listener.events.size() == 2; }));
-  EXPECT_EQ(listener.events, (Events{"0 changed 34", ",D-Bus,,Can you hear me?"}));
+  EXPECT_EQ(listener.events, (Events{"the last changed 10", ",D-Bus,,Can you hear me?"}));
 }
 
 TEST_F(FeedTest, AnswersBeforeTheEventIsHandled) {

@@ -27,9 +27,9 @@ std::string FromQt(const QVariant& value) { return Repaired(value.toString().toS
 const char* LastArgument(const QString& method) { return method == kMessage ? "text" : "state"; }
 
 QDBusMessage WrongArguments(const QDBusMessage& call) {
-  return call.createErrorReply(QDBusError::InvalidArgs,
-                               call.member() + " takes three texts: contact, name, " +
-                                   LastArgument(call.member()));
+  return call.createErrorReply(
+      QDBusError::InvalidArgs,
+      call.member() + " takes three texts: contact, name, " + LastArgument(call.member()));
 }
 
 FeedError TooMuch(Admission admission) {
