@@ -46,7 +46,8 @@ bool StartDispatcher(const std::string& socket, const StopSign& stop) {
   while (::waitpid(id, &status, WNOHANG) == 0) {
     const bool late = std::chrono::steady_clock::now() > until;
     if (late || stop.Await(kLookAgain)) {
-      ::kill(id, SIGTERM);
+      // A plea can be ignored, and the speech waits for the end.
+      ::kill(id, SIGKILL);
       ::waitpid(id, nullptr, 0);
       return false;
     }

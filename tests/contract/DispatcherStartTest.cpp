@@ -3,10 +3,12 @@
 
 #include <csignal>
 #include <filesystem>
+#include <future>
 
 #include "contract/DispatchedVoice.h"
 #include "contract/Environment.h"
 #include "contract/PrivateDispatcher.h"
+#include "desktop/DispatcherStart.h"
 
 namespace brenwick {
 namespace {
@@ -26,7 +28,25 @@ class DispatcherStartTest : public testing::Test {
 
   bool Runs() const { return std::filesystem::exists(server_.Socket()); }
 
+  // A folder whose "speech-dispatcher" ignores every plea, notes its process and does that.
+  std::string FolderOfServer(const std::string& commands) const {
+    const std::string folder = server_.Inside("bin"), program = folder + "/speech-dispatcher";
+    std::filesystem::create_directory(folder);
+    SetBytes(program, "#!/bin/sh\ntrap '' TERM\necho $$ > " + started_ + "\n" + commands + "\n");
+    std::filesystem::permissions(program, std::filesystem::perms::owner_all);
+    return folder;
+  }
+
+  pid_t AwaitStarted() const {
+    EXPECT_TRUE(Await([&] {
+      std::error_code none;
+      return std::filesystem::file_size(started_, none) < 100 && BytesOf(started_).ends_with('\n');
+    }));
+    return std::stoi(BytesOf(started_));
+  }
+
   PrivateDispatcher server_;
+  const std::string started_ = server_.Inside("started");
   const Environment home_{"HOME", server_.Folder()};
   const Environment runtime_{"XDG_RUNTIME_DIR", server_.Folder()};
   const Environment config_{"XDG_CONFIG_HOME", server_.Inside("config")};
@@ -73,25 +93,29 @@ TEST_F(DispatcherStartTest, IsNotStartedWhereItsSettingsForbidIt) {
 }
 
 TEST_F(DispatcherStartTest, IsGivenUpAtOnceWhereItIsToBeSilent) {
-  const std::string folder = server_.Inside("bin"), program = folder + "/speech-dispatcher";
-  const std::string started = server_.Inside("started");
-  std::filesystem::create_directory(folder);
-  SetBytes(program, "#!/bin/sh\necho $$ > " + started + "\nexec sleep 1000\n");
-  std::filesystem::permissions(program, std::filesystem::perms::owner_all);
-  const Environment path("PATH", folder + ":/usr/bin:/bin");
+  const Environment path("PATH", FolderOfServer("exec sleep 1000") + ":/usr/bin:/bin");
   DispatchedVoice voice(server_, DispatcherAddressOfSession());
   voice.SetVoice(voice.GetVoices().size() - 1);
   voice.Speak("Never said", SVSFlagsAsync);
-  ASSERT_TRUE(Await([&] {
-    std::error_code none;
-    return std::filesystem::file_size(started, none) < 100 && BytesOf(started).ends_with('\n');
-  }));
+  const pid_t process = AwaitStarted();
   voice.SetVoice(0);
   voice.Speak("Two", SVSFlagsAsync + SVSFPurgeBeforeSpeak);
   ASSERT_TRUE(voice.WaitUntilSilent(std::chrono::minutes(1)));
   EXPECT_EQ(server_.Said(), Said{"gmw/en: Two"});
   EXPECT_TRUE(voice.Told().empty());
-  EXPECT_NE(::kill(std::stoi(BytesOf(started)), 0), 0);
+  EXPECT_NE(::kill(process, 0), 0);
+}
+
+TEST_F(DispatcherStartTest, IsGivenUpWhereItIgnoresAPlea) {
+  const Environment path("PATH", FolderOfServer("while :; do sleep 1; done") + ":/usr/bin:/bin");
+  StopSign stop;
+  auto started =
+      std::async(std::launch::async, [&] { return StartDispatcher(server_.Socket(), stop); });
+  const pid_t process = AwaitStarted();
+  stop.Raise();
+  EXPECT_EQ(started.wait_for(std::chrono::minutes(1)), std::future_status::ready);
+  EXPECT_NE(::kill(process, SIGKILL), 0);
+  EXPECT_FALSE(started.get());
 }
 
 TEST_F(DispatcherStartTest, IsOutOfTheListWhereItIsNotInstalled) {
