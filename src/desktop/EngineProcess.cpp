@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <cstring>
 #include <exception>
 #include <sstream>
@@ -35,6 +36,14 @@ std::vector<std::int16_t> SamplesIn(const std::string& content) {
 }
 
 bool AlwaysListening(std::span<const std::int16_t> /*samples*/) { return true; }
+bool NeverListening(std::span<const std::int16_t> /*samples*/) { return false; }
+
+// 0 where that is no number.
+int SamplesASecond(const std::string& content) {
+  int samples = 0;
+  std::from_chars(content.data(), content.data() + content.size(), samples);
+  return samples;
+}
 
 }  // namespace
 
@@ -46,7 +55,8 @@ EngineProcess::EngineProcess(std::string program, Tell tell, milliseconds patien
   }
   const EngineMessage greeting = socket_->Take();
   if (greeting.word != EngineWord::Ready) CannotSpeak(greeting.content);
-  sample_rate_ = std::stoi(greeting.content);
+  sample_rate_ = SamplesASecond(greeting.content);
+  if (sample_rate_ <= 0) CannotSpeak("The speech engine " + program_ + " has no sample rate");
 }
 
 EngineProcess::~EngineProcess() = default;
@@ -150,6 +160,13 @@ EngineProcess::Outcome EngineProcess::Settle(const Listener& listener) {
   return alive ? Outcome::Done : Outcome::Failed;
 }
 
+void EngineProcess::Rest() {
+  if (!ending_) return;
+  const Outcome outcome = Settle(NeverListening);
+  const bool late = steady_clock::now() > cut_at_ + patience_;
+  if (outcome == Outcome::Failed || (ending_ && late)) Stop();
+}
+
 // Hands on what lies beyond the samples that an earlier try delivered.
 EngineProcess::Outcome EngineProcess::Hear(std::size_t& delivered, const Listener& listener) {
   std::size_t known = delivered;
@@ -158,6 +175,7 @@ EngineProcess::Outcome EngineProcess::Hear(std::size_t& delivered, const Listene
     if (outcome != Outcome::Done) return outcome;
     const EngineMessage message = socket_->Take();
     if (message.word == EngineWord::End) return Outcome::Done;
+    if (message.word != EngineWord::Samples) return Outcome::Failed;
     const std::vector<std::int16_t> samples = SamplesIn(message.content);
     const std::size_t skipped = std::min(known, samples.size());
     known -= skipped;

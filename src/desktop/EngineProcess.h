@@ -37,6 +37,8 @@ class EngineProcess : public SpeechEngine {
   void Use(const std::string& voice, int rate, int volume) override;
   // Returns as soon as the listener wants no more, however busy the process is.
   void Say(const std::string& piece, const Listener& listener) override;
+  // Ends a process that should have come to an end of its text by now.
+  void Rest() override;
 
   // The process that speaks; 0 while there is none.
   pid_t ProcessId() const { return process_ ? process_->Id() : 0; }

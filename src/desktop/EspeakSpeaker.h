@@ -58,7 +58,10 @@ class EspeakSpeaker final : public Speaker {
   bool Say(std::u32string_view& text, const Manner& manner, const StopSign& stop) override;
   void Cut() override { output_->Cut(); }
   std::chrono::milliseconds Finish() override { return output_->Finish(); }
-  void Rest() override { output_->Rest(); }
+  void Rest() override {
+    output_->Rest();
+    engine_->Rest();
+  }
 
   // False while there is no sound device. It is looked for by Prepare and at every sentence.
   bool HasSound() const { return has_sound_; }

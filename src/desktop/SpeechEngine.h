@@ -33,6 +33,9 @@ class SpeechEngine {
   // Speaks a text, which NextPiece has made, and returns when the listener has had all of it or
   // has returned false. Between two texts there is the pause between two sentences.
   virtual void Say(const std::string& piece, const Listener& listener) = 0;
+
+  // Nothing was said for a while.
+  virtual void Rest() {}
 };
 
 }  // namespace brenwick

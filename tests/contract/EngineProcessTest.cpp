@@ -13,6 +13,7 @@
 #include <thread>
 
 #include "base/Failure.h"
+#include "contract/PrivateDispatcher.h"
 #include "desktop/EspeakEngine.h"
 
 namespace brenwick {
@@ -241,6 +242,36 @@ TEST_F(EngineProcessTest, LeavesOutATextAtWhichTheEngineSaysWhatIsNoMessage) {
   ExpectLeftOut("this will babble", kEndlessPatience);
 }
 
+TEST_F(EngineProcessTest, LeavesOutATextAtWhichTheEngineSaysWhatIsNoAnswer) {
+  ExpectLeftOut("this will mumble", kEndlessPatience);
+}
+
+// It would otherwise be at it until the next text.
+TEST_F(EngineProcessTest, EndsAProcessThatHangsAtItsRest) {
+  EngineProcess engine = Make(BRENWICK_BAD_VOICE, kShortPatience);
+  const pid_t process = engine.ProcessId();
+  engine.Say("this will hang", [](std::span<const std::int16_t>) { return false; });
+  EXPECT_EQ(kill(process, 0), 0);
+  EXPECT_TRUE(Await([&] {
+    engine.Rest();
+    return kill(process, 0) != 0;
+  }));
+  EXPECT_EQ(engine.ProcessId(), 0);
+  EXPECT_EQ(Said(engine, "fine"), (Samples{1, 2, 3}));
+  EXPECT_EQ(told, std::vector<std::string>{});
+}
+
+TEST_F(EngineProcessTest, KeepsAProcessThatIsNotLateAtItsRest) {
+  EngineProcess engine = Make(BRENWICK_BAD_VOICE, kEndlessPatience);
+  const pid_t process = engine.ProcessId();
+  engine.Rest();
+  EXPECT_EQ(engine.ProcessId(), process);
+  engine.Say("this will hang", [](std::span<const std::int16_t>) { return false; });
+  engine.Rest();
+  EXPECT_EQ(engine.ProcessId(), process);
+  EXPECT_EQ(kill(process, 0), 0);
+}
+
 void ExpectCannotStart(const char* program, const std::string& reason) {
   try {
     const EngineProcess engine(program, {});
@@ -257,6 +288,10 @@ TEST_F(EngineProcessTest, TellsWhyItCannotStart) {
   ExpectCannotStart(BRENWICK_BAD_VOICE, "no data");
   ASSERT_EQ(setenv("BRENWICK_BAD_VOICE", "die", 1), 0);
   ExpectCannotStart(BRENWICK_BAD_VOICE, "does not start");
+  for (const char* rate : {"rate ", "rate many", "rate 0", "rate -8000", "rate 99999999999"}) {
+    ASSERT_EQ(setenv("BRENWICK_BAD_VOICE", rate, 1), 0);
+    ExpectCannotStart(BRENWICK_BAD_VOICE, "has no sample rate");
+  }
   ASSERT_EQ(unsetenv("BRENWICK_BAD_VOICE"), 0);
 }
 

@@ -67,6 +67,7 @@ class RecordingEngine : public SpeechEngine {
       return listener(samples);
     });
   }
+  void Rest() override { process_.Rest(); }
 
  protected:
   pid_t Process() const { return process_.ProcessId(); }

@@ -1,5 +1,6 @@
 // An engine's process that fails as a word of the text tells it, or the environment variable
-// BRENWICK_BAD_VOICE when it starts. Any other text is three samples.
+// BRENWICK_BAD_VOICE when it starts, where "rate 7" is its sample rate. Any other text is three
+// samples.
 #include <unistd.h>
 
 #include <cstdlib>
@@ -38,7 +39,7 @@ int Main() {
     program.Send(EngineWord::Failed, "no data");
     return 1;
   }
-  program.Send(EngineWord::Ready, "8000");
+  program.Send(EngineWord::Ready, how.starts_with("rate ") ? how.substr(5) : "8000");
   for (;;) {
     const EngineSocket::Arrival arrival = program.Wait(std::chrono::hours(1));
     if (arrival == EngineSocket::Arrival::Closed) return 0;
@@ -46,6 +47,7 @@ int Main() {
     const EngineMessage message = program.Take();
     if (message.word != EngineWord::Say) continue;
     MisbehaveAt(message.content);
+    if (message.content.find("mumble") != std::string::npos) program.Send(EngineWord::Ready, "mm");
     SayThreeSamples(program);
   }
 }
