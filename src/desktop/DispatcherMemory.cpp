@@ -95,28 +95,31 @@ void DispatcherMemory::Refresh() {
 }
 
 void DispatcherMemory::Work() {
-  bool reached = false;
-  bool news = false;
+  std::optional<bool> news;
   try {
     news = Ask();
-    reached = true;
   } catch (const SsipTrouble&) {
     // The voices are asked for again when somebody has reached the server.
   } catch (const SsipStopped&) {
     return;
   }
-  done_(reached, news);
+  done_(news.has_value(), news.value_or(false));
   const std::lock_guard lock(mutex_);
-  asked_ = reached;
+  asked_ = news.has_value();
 }
 
-bool DispatcherMemory::Ask() {
+// Whether other voices are remembered now; nothing where none of the server's engines works.
+std::optional<bool> DispatcherMemory::Ask() {
   SsipConnection server(address_);
   const Listings remembered = Voices();
   server.Ask("SET SELF CLIENT_NAME user:brenwick:voices", &stop_);
   std::map<std::string, Rows> modules;
   for (const std::string& module : server.Ask("LIST OUTPUT_MODULES", &stop_)) {
     if (module != kNoEngine) modules[module] = Listed(server, module, stop_);
+  }
+  if (std::all_of(modules.begin(), modules.end(),
+                  [](const auto& module) { return IsOfNoEngine(module.second); })) {
+    return std::nullopt;
   }
   Listings listings;
   for (const auto& [module, rows] : modules) {

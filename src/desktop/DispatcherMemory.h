@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <thread>
 #include <vector>
@@ -19,7 +20,8 @@ namespace brenwick {
 
 class DispatcherMemory {
  public:
-  // Whether the server was reached, and whether other voices are remembered now than before.
+  // Whether a server was reached that has an engine, and whether other voices are remembered now
+  // than before.
   using Done = std::function<void(bool reached, bool news)>;
 
   // path: the file of the remembered voices. `done` is called on the thread that asks.
@@ -36,7 +38,7 @@ class DispatcherMemory {
   void Refresh();
 
  private:
-  bool Ask();
+  std::optional<bool> Ask();
   void Work();
 
   const DispatcherAddress address_;

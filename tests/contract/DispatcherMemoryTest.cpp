@@ -66,10 +66,17 @@ TEST_F(DispatcherMemoryTest, KeepsWhatItKnowsWhileThereIsNoServer) {
   EXPECT_EQ(Remembered(), kBoth);
 }
 
+TEST_F(DispatcherMemoryTest, TakesAServerWithoutAnEngineForNone) {
+  Ask();
+  server_.SetVoices({"dummy\ten\tnone"});
+  EXPECT_EQ(Ask(), (Answer{false, false}));
+  EXPECT_EQ(Remembered(), kBoth);
+}
+
 TEST_F(DispatcherMemoryTest, KeepsTheVoicesOfAnEngineThatIsOutOfOrder) {
   Ask();
   server_.SignalEngine(SIGKILL);
-  EXPECT_EQ(Ask(), (Answer{true, false}));
+  EXPECT_EQ(Ask(), (Answer{false, false}));
   EXPECT_EQ(Remembered(), kBoth);
 }
 
