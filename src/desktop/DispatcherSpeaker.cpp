@@ -18,13 +18,15 @@ using std::chrono::steady_clock;
 using Event = SsipConnection::Event;
 
 constexpr const char* kName = "Speech Dispatcher";
+constexpr const char* kNoEngineThere = "Speech Dispatcher's speech engine does not work";
 constexpr const char* kNews = "Its voices are in the lists from the next start on";
+
+// How long the server may take to tell that a message is silenced.
+constexpr milliseconds kSilenceIn{250};
 
 // How often a sentence is tried before it is left to somebody else.
 constexpr int kTries = 2;
 
-// So long another program may be talking.
-constexpr seconds kTurn{60};
 // So much longer than usual a text may take while its engine is there.
 constexpr int kPatienceWithSlowSpeech = 4;
 // The user has paused all speech, and goes on whenever the user likes.
@@ -43,6 +45,8 @@ milliseconds TimeOf(char32_t character) {
   const bool ideograph = character >= 0x3040 && character <= 0xD7AF;
   return ideograph ? kIdeograph : kSymbol;
 }
+
+bool IsOver(std::u32string_view text) { return NextPiece(text).empty(); }
 
 std::vector<std::string> Commands(const DispatcherVoiceEntry* voice, const Manner& manner) {
   constexpr int kRateSteps = 10;
@@ -72,6 +76,7 @@ milliseconds UsualTime(std::string_view text, int rate) {
 
 DispatcherSpeaker::DispatcherSpeaker(DispatcherOptions options)
     : options_(std::move(options)),
+      retry_after_(options_.patience.retry),
       memory_(options_.address, options_.memory,
               [this](bool reached, bool news) { VoicesAsked(reached, news); }) {
   if (!DispatcherMayBeThere(options_.address)) {
@@ -99,7 +104,8 @@ Connection DispatcherSpeaker::State() const {
 
 // A sentence that gets further with each try is tried on.
 bool DispatcherSpeaker::Say(std::u32string_view& text, const Manner& manner, const StopSign& stop) {
-  const int tries = State().State == ConnectionState::Failed ? 1 : kTries;
+  if (!manner.try_anyway && steady_clock::now() < retry_at_) return false;
+  int tries = State().State == ConnectionState::Failed ? 1 : kTries;
   std::size_t left = text.size();
   for (int failures = 0; failures < tries;) {
     try {
@@ -108,32 +114,55 @@ bool DispatcherSpeaker::Say(std::u32string_view& text, const Manner& manner, con
     } catch (const SsipStopped&) {
       connection_.reset();
       return true;
+    } catch (const SsipSilence& silence) {
+      Lose(silence);
+      tries = 0;
     } catch (const SsipTrouble& trouble) {
-      connection_.reset();
-      doubtful_ = true;
-      trouble_ = trouble.what();
+      Lose(trouble);
     }
-    if (stop.Raised()) return true;
+    if (stop.Raised() || IsOver(text)) return true;
     if (text.size() < std::exchange(left, text.size())) failures = 0;
     ++failures;
   }
-  SetState(ConnectionState::Failed, trouble_);
+  LeaveAlone();
   return false;
+}
+
+void DispatcherSpeaker::Lose(const SsipTrouble& trouble) {
+  connection_.reset();
+  doubtful_ = true;
+  trouble_ = trouble.what();
+}
+
+void DispatcherSpeaker::LeaveAlone() {
+  retry_at_ = steady_clock::now() + retry_after_;
+  retry_after_ = std::min<milliseconds>(2 * retry_after_, DispatcherPatience::kLongestRetry);
+  SetState(ConnectionState::Failed, trouble_);
 }
 
 void DispatcherSpeaker::SayAll(std::u32string_view& text, const Manner& manner,
                                const StopSign& stop) {
   Connect(stop);
   Use(manner, stop);
+  bool again = false;  // the piece was begun before, and hardly heard
   while (!stop.Raised()) {
     std::u32string_view rest = text;
     const std::string piece = NextPiece(rest);
     if (piece.empty()) return;
-    const bool said = SayPiece(piece, manner, stop);
-    if (said && steady_clock::now() >= check_again_at_) CheckEngine(manner, stop);
-    if (said) SetState(ConnectionState::Attached, "");
-    // What somebody else has silenced is not begun again.
-    text = said ? rest : std::u32string_view();
+    const Outcome outcome = SayPiece(piece, manner, stop);
+    if (outcome == Outcome::Silenced) return;
+    if (outcome == Outcome::HardlyHeard && !std::exchange(again, true)) continue;
+    again = false;
+    const std::u32string_view before = std::exchange(text, rest);
+    // What has been said is not said again even where the question behind it remains unanswered.
+    if (outcome != Outcome::Said || stop.Raised()) continue;
+    if (steady_clock::now() >= check_again_at_ && !HasEngine(manner, stop)) {
+      text = before;
+      throw SsipTrouble(kNoEngineThere);
+    }
+    retry_at_ = {};
+    retry_after_ = options_.patience.retry;
+    SetState(ConnectionState::Attached, "");
   }
 }
 
@@ -141,10 +170,10 @@ void DispatcherSpeaker::Connect(const StopSign& stop) {
   if (connection_) return;
   in_use_.clear();
   try {
-    connection_ = std::make_unique<SsipConnection>(options_.address, options_.patience);
+    connection_ = std::make_unique<SsipConnection>(options_.address, options_.patience.answer);
   } catch (const SsipTrouble&) {
     if (options_.address.given || !StartDispatcher(options_.address.socket, stop)) throw;
-    connection_ = std::make_unique<SsipConnection>(options_.address, options_.patience);
+    connection_ = std::make_unique<SsipConnection>(options_.address, options_.patience.answer);
   }
   connection_->Ask("SET SELF CLIENT_NAME user:brenwick:speech", &stop);
   connection_->Ask("SET SELF NOTIFICATION ALL on", &stop);
@@ -168,7 +197,7 @@ void DispatcherSpeaker::Use(const Manner& manner, const StopSign& stop) {
 // The server does not tell that an engine has died, and has others speak in its place.
 void DispatcherSpeaker::CheckEngine(const Manner& manner, const StopSign& stop) {
   if (HasEngine(manner, stop)) return;
-  throw SsipTrouble("Speech Dispatcher's speech engine does not work");
+  throw SsipTrouble(kNoEngineThere);
 }
 
 bool DispatcherSpeaker::HasEngine(const Manner& manner, const StopSign& stop) {
@@ -185,39 +214,44 @@ bool DispatcherSpeaker::HasEngine(const Manner& manner, const StopSign& stop) {
   }
 }
 
-// False where the text was silenced.
-bool DispatcherSpeaker::SayPiece(const std::string& piece, const Manner& manner,
-                                 const StopSign& stop) {
+DispatcherSpeaker::Outcome DispatcherSpeaker::SayPiece(const std::string& piece,
+                                                       const Manner& manner, const StopSign& stop) {
   const std::string message = connection_->Say(piece, &stop);
-  milliseconds patience = options_.patience;
-  milliseconds left = kTurn;
+  milliseconds patience = options_.patience.answer;
+  milliseconds left = options_.patience.turn;
+  std::optional<steady_clock::time_point> begun;
   while (left.count() > 0) {
     const std::optional<Event> event = connection_->Await(message, patience, &stop);
+    if (event == Event::End) return Outcome::Said;
     if (stop.Raised()) {
-      Silence(message);
-      return false;
+      if (event != Event::Canceled) Silence(message);
+      return Outcome::Silenced;
     }
     if (!event) {
-      CheckEngine(manner, stop);
+      if (steady_clock::now() >= check_again_at_) CheckEngine(manner, stop);
       left -= patience;
-    } else if (*event == Event::Begin || *event == Event::Resumed) {
-      patience = options_.patience + UsualTime(piece, manner.rate);
+    } else if (event == Event::Begin || event == Event::Resumed) {
+      if (!begun) begun = steady_clock::now();
+      patience = options_.patience.answer + UsualTime(piece, manner.rate);
       left = kPatienceWithSlowSpeech * patience;
-    } else if (*event == Event::Paused) {
+    } else if (event == Event::Paused) {
       patience = left = kPause;
-    } else if (*event == Event::End || *event == Event::Canceled) {
-      return *event == Event::End;
+    } else if (event == Event::Canceled) {
+      const bool heard = begun && steady_clock::now() >= *begun + options_.patience.heard;
+      return heard ? Outcome::PushedAside : Outcome::HardlyHeard;
     }
   }
   Silence(message);
+  if (!begun) throw SsipSilence("Speech Dispatcher does not begin to speak");
   throw SsipTrouble("Speech Dispatcher does not say whether it has spoken");
 }
 
-// Returns when nothing more is heard of the message. The server's own silence takes a moment.
+// The server's own silence takes a moment. Where it takes longer the connection is given up, which
+// takes the message back as well.
 void DispatcherSpeaker::Silence(const std::string& message) {
   try {
-    connection_->Ask("CANCEL SELF", nullptr);
-    while (const auto event = connection_->Await(message, options_.patience, nullptr)) {
+    connection_->Ask("CANCEL SELF", nullptr, kSilenceIn);
+    while (const auto event = connection_->Await(message, kSilenceIn, nullptr)) {
       if (*event == Event::End || *event == Event::Canceled) return;
     }
   } catch (const SsipTrouble&) {
@@ -240,13 +274,18 @@ void DispatcherSpeaker::SetState(ConnectionState state, const std::string& detai
   if (options_.changed) options_.changed();
 }
 
+// Who has voices and failed to speak has not got any better by that.
 void DispatcherSpeaker::VoicesAsked(bool reached, bool news) {
   if (!reached) return;
   {
     const std::lock_guard lock(mutex_);
     news_ = news;
+    if (state_ == ConnectionState::Waiting) {
+      state_ = ConnectionState::Attached;
+      detail_.clear();
+    }
   }
-  SetState(ConnectionState::Attached, "");
+  if (options_.changed) options_.changed();
 }
 
 }  // namespace brenwick

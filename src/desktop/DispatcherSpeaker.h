@@ -1,9 +1,9 @@
 // Says sentences through speech-dispatcher, where the user's desktop has it.
 //
 // The server plays the sound itself; a sentence is over when it says so. Where the connection
-// breaks, the server hangs or its engine dies, the sentence is said once more over a new
-// connection, and where that fails too, somebody else has to say it. The server is started only for
-// a sentence: the user has chosen one of its voices or tests it.
+// breaks or its engine dies, the sentence is said once more over a new connection; where that fails
+// too or the server hangs, somebody else has to say it, and for a while the server is not asked.
+// The server is started only for a sentence: the user has chosen one of its voices or tests it.
 #pragma once
 
 #include <chrono>
@@ -22,14 +22,26 @@
 
 namespace brenwick {
 
+struct DispatcherPatience {
+  // How long the server may take to answer, or to begin.
+  std::chrono::milliseconds answer = SsipConnection::kPatience;
+  // So long others may be talking before it begins.
+  std::chrono::milliseconds turn = std::chrono::seconds(10);
+  // So long a server that has failed is left alone: the next time for twice as long, up to
+  // kLongestRetry, until it has said something.
+  std::chrono::milliseconds retry = std::chrono::seconds(30);
+  static constexpr std::chrono::minutes kLongestRetry{5};
+  // What others cut off later than this has been heard.
+  std::chrono::milliseconds heard = std::chrono::milliseconds(300);
+};
+
 struct DispatcherOptions {
   DispatcherAddress address;
   // Its voices come first in the list.
   std::string locale;
   // The file in which the voices are remembered.
   std::string memory;
-  // How long the server may take to answer, or to begin.
-  std::chrono::milliseconds patience = SsipConnection::kPatience;
+  DispatcherPatience patience = {};
   // Called, on the thread that speaks, once when it stops working.
   std::function<void(const std::string& message)> tell = {};
   // Called, on any thread, when State() may be another.
@@ -52,13 +64,18 @@ class DispatcherSpeaker final : public Speaker {
   std::chrono::milliseconds Finish() override { return {}; }
 
  private:
+  // Silenced: by the sign. The last two: by another program.
+  enum class Outcome { Said, Silenced, PushedAside, HardlyHeard };
+
   void SayAll(std::u32string_view& text, const Manner& manner, const StopSign& stop);
   void Connect(const StopSign& stop);
   void Use(const Manner& manner, const StopSign& stop);
   void CheckEngine(const Manner& manner, const StopSign& stop);
   bool HasEngine(const Manner& manner, const StopSign& stop);
-  bool SayPiece(const std::string& piece, const Manner& manner, const StopSign& stop);
+  Outcome SayPiece(const std::string& piece, const Manner& manner, const StopSign& stop);
   void Silence(const std::string& message);
+  void Lose(const SsipTrouble& trouble);
+  void LeaveAlone();
   void SetState(ConnectionState state, const std::string& detail);
   void VoicesAsked(bool reached, bool news);
 
@@ -72,6 +89,8 @@ class DispatcherSpeaker final : public Speaker {
   bool doubtful_ = false;            // whether the engine is there has to be asked first
   std::chrono::steady_clock::time_point check_again_at_;
   std::string trouble_;
+  std::chrono::milliseconds retry_after_;
+  std::chrono::steady_clock::time_point retry_at_;
 
   mutable std::mutex mutex_;
   ConnectionState state_ = ConnectionState::Waiting;

@@ -75,6 +75,7 @@ void QueuedVoice::TestEngine(std::size_t index, const std::string& sentence) {
   Speaker& speaker = *speakers_.at(index);
   Manner manner = manner_;
   manner.voice.reset();
+  manner.try_anyway = true;
   if (places_[voice_].speaker == &speaker) {
     manner.voice = places_[voice_].voice;
   } else if (!speaker.Voices().empty()) {

@@ -18,6 +18,7 @@ struct Manner {
   std::optional<std::size_t> voice;  // an index into the speaker's own voices; none: its usual one
   int rate = 0;                      // −10..10
   int volume = 100;                  // 0..100
+  bool try_anyway = false;           // even by a speaker that has failed a moment ago
 };
 
 class Speaker {

@@ -76,16 +76,17 @@ SsipConnection::~SsipConnection() {
   ::close(socket_);
 }
 
-std::vector<std::string> SsipConnection::Ask(std::string_view command, const StopSign* stop) {
+std::vector<std::string> SsipConnection::Ask(std::string_view command, const StopSign* stop,
+                                             milliseconds patience) {
   Send(std::string(command) + "\r\n");
-  return ReceiveAnswer(stop).lines;
+  return ReceiveAnswer(stop, patience).lines;
 }
 
 std::string SsipConnection::Say(const std::string& text, const StopSign* stop) {
   Ask("SPEAK", stop);
   // A line that is nothing but a dot ends the text; at the front of one it is doubled.
   Send((text.starts_with('.') ? "." : "") + text + "\r\n.\r\n");
-  const std::vector<std::string> lines = ReceiveAnswer(stop).lines;
+  const std::vector<std::string> lines = ReceiveAnswer(stop, patience_).lines;
   if (lines.empty()) throw SsipTrouble(kUnclear);
   return lines.front();
 }
@@ -110,17 +111,17 @@ std::optional<SsipConnection::Event> SsipConnection::Await(const std::string& me
 void SsipConnection::Send(const std::string& bytes) {
   const ssize_t sent = ::send(socket_, bytes.data(), bytes.size(), MSG_NOSIGNAL);
   if (sent < 0 && errno != EAGAIN) throw SsipTrouble(kGone);
-  if (sent != static_cast<ssize_t>(bytes.size())) throw SsipTrouble(kNoAnswer);
+  if (sent != static_cast<ssize_t>(bytes.size())) throw SsipSilence(kNoAnswer);
 }
 
-SsipConnection::Answer SsipConnection::ReceiveAnswer(const StopSign* stop) {
+SsipConnection::Answer SsipConnection::ReceiveAnswer(const StopSign* stop, milliseconds patience) {
   for (;;) {
     std::optional<Answer> answer = TakeAnswer();
     if (!answer) {
       // A long answer may take longer, as long as it goes on.
-      if (Read(steady_clock::now() + patience_, stop)) continue;
+      if (Read(steady_clock::now() + patience, stop)) continue;
       if (stop && stop->Raised()) throw SsipStopped();
-      throw SsipTrouble(kNoAnswer);
+      throw SsipSilence(kNoAnswer);
     }
     if (KeepAsEvent(*answer)) continue;
     if (answer->code < kFirstRefusal) return std::move(*answer);

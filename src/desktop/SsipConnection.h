@@ -23,6 +23,12 @@ class SsipTrouble : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+// The server hangs, and would over another connection as well.
+class SsipSilence : public SsipTrouble {
+ public:
+  using SsipTrouble::SsipTrouble;
+};
+
 // The server does not do what it was asked; the connection is as good as before.
 class SsipRefusal : public SsipTrouble {
  public:
@@ -50,7 +56,11 @@ class SsipConnection {
   // The lines of the server's answer, without their numbers and without the last, which only says
   // how it went. Raises SsipRefusal where it refuses the command, SsipTrouble where it does not
   // answer or is gone, and SsipStopped. Without a sign it waits through everything.
-  std::vector<std::string> Ask(std::string_view command, const StopSign* stop);
+  std::vector<std::string> Ask(std::string_view command, const StopSign* stop) {
+    return Ask(command, stop, patience_);
+  }
+  std::vector<std::string> Ask(std::string_view command, const StopSign* stop,
+                               std::chrono::milliseconds patience);
 
   // Hands over a text and returns the number of its message. The text is valid UTF-8 (any other
   // ends the connection), one line and not empty.
@@ -71,7 +81,7 @@ class SsipConnection {
   };
 
   void Send(const std::string& bytes);
-  Answer ReceiveAnswer(const StopSign* stop);
+  Answer ReceiveAnswer(const StopSign* stop, std::chrono::milliseconds patience);
   std::optional<Answer> Receive(Moment until, const StopSign* stop);
   std::optional<Answer> TakeAnswer();
   bool Read(Moment until, const StopSign* stop);

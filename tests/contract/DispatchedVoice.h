@@ -44,11 +44,14 @@ class SilentOutput : public SoundOutput {
 
 class DispatchedVoice : public EspeakVoice {
  public:
+  // It asks a server that has failed again at once.
   explicit DispatchedVoice(const PrivateDispatcher& server,
-                           std::chrono::milliseconds patience = SsipConnection::kPatience)
+                           std::chrono::milliseconds answer = SsipConnection::kPatience)
+      : DispatchedVoice(server, DispatcherPatience{.answer = answer, .retry = {}}) {}
+  DispatchedVoice(const PrivateDispatcher& server, const DispatcherPatience& patience)
       : DispatchedVoice(server, server.Address(), patience, std::make_shared<Notes>()) {}
   DispatchedVoice(const PrivateDispatcher& server, const DispatcherAddress& address)
-      : DispatchedVoice(server, address, SsipConnection::kPatience, std::make_shared<Notes>()) {}
+      : DispatchedVoice(server, address, {}, std::make_shared<Notes>()) {}
 
   std::vector<std::string> Told() const {
     const std::lock_guard lock(notes_->mutex);
@@ -77,7 +80,7 @@ class DispatchedVoice : public EspeakVoice {
   };
 
   DispatchedVoice(const PrivateDispatcher& server, const DispatcherAddress& address,
-                  std::chrono::milliseconds patience, const std::shared_ptr<Notes>& notes)
+                  const DispatcherPatience& patience, const std::shared_ptr<Notes>& notes)
       : EspeakVoice({.locale = "en_US.UTF-8",
                      .engine = [file = server.Inside(
                                     "said")] { return std::make_unique<NotingEngine>(file); },
@@ -87,7 +90,7 @@ class DispatchedVoice : public EspeakVoice {
 
   static EspeakVoice::Others Others(const PrivateDispatcher& server,
                                     const DispatcherAddress& address,
-                                    std::chrono::milliseconds patience,
+                                    const DispatcherPatience& patience,
                                     const std::shared_ptr<Notes>& notes) {
     EspeakVoice::Others others;
     others.push_back(std::make_unique<DispatcherSpeaker>(

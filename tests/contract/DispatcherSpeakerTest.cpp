@@ -83,6 +83,17 @@ TEST_F(DispatcherSpeakerTest, IsSilencedByAPurge) {
             Lines({Anna("A story without an end [hold]"), "stopped", Anna("Something else")}));
 }
 
+TEST_F(DispatcherSpeakerTest, IsNotHeldUpByAServerThatDoesNotTellOfItsSilence) {
+  const auto voice = MakeAnna(std::chrono::hours(1));
+  voice->Speak("[deaf]", SVSFlagsAsync);
+  ASSERT_TRUE(server_.AwaitSaid(Anna("[deaf]")));
+  voice->Choose("English");
+  voice->Speak("Two", kPurge);
+  EXPECT_TRUE(voice->WaitUntilSilent(std::chrono::minutes(1)));
+  EXPECT_EQ(server_.Said(), Lines({Anna("[deaf]"), "gmw/en: Two"}));
+  EXPECT_TRUE(voice->Told().empty());
+}
+
 TEST_F(DispatcherSpeakerTest, IsSilencedByTheEndOfTheProgram) {
   auto voice = MakeAnna();
   voice->Speak("A story without an end [hold]", SVSFlagsAsync);
@@ -211,6 +222,24 @@ TEST_F(DispatcherSpeakerTest, LeavesASentenceToTheFirstSpeakerThatNeverComesToAn
   EXPECT_EQ(voice->Dispatcher().Detail, "Speech Dispatcher does not say whether it has spoken");
 }
 
+TEST_F(DispatcherSpeakerTest, LeavesAServerAloneThatDoesNotBegin) {
+  DispatchedVoice voice(server_, DispatcherPatience{.answer = kLittlePatience,
+                                                    .turn = kLittlePatience,
+                                                    .retry = std::chrono::hours(1)});
+  voice.Choose(kAnna);
+  voice.SayToTheEnd("[mute]");
+  EXPECT_EQ(voice.Dispatcher().Detail, "Speech Dispatcher does not begin to speak");
+  server_.Replace();
+  voice.SayToTheEnd("Zwei");
+  EXPECT_EQ(server_.Said(), Lines({Anna("[mute]"), "gmw/de: [mute]", "gmw/de: Zwei"}));
+  EXPECT_EQ(voice.Dispatcher().State, ConnectionState::Failed);
+  voice.TestEngine(1, "Drei");
+  voice.SayToTheEnd("Vier");
+  EXPECT_EQ(server_.Said(),
+            Lines({Anna("[mute]"), "gmw/de: [mute]", "gmw/de: Zwei", Anna("Drei"), Anna("Vier")}));
+  EXPECT_EQ(voice.Dispatcher().State, ConnectionState::Attached);
+}
+
 TEST_F(DispatcherSpeakerTest, NoticesThatItsEngineDiedBeforeTheFirstSentence) {
   const auto voice = MakeAnna(kLittlePatience);
   server_.SignalEngine(SIGKILL);
@@ -241,6 +270,58 @@ TEST_F(DispatcherSpeakerTest, WaitsWhileAnotherProgramSpeaks) {
   EXPECT_TRUE(voice->WaitUntilSilent(std::chrono::minutes(1)));
   EXPECT_EQ(server_.Said(), Lines({"Kal One|0|100|[hold]", "stopped", Anna("Eins")}));
   EXPECT_EQ(voice->Dispatcher().State, ConnectionState::Attached);
+}
+
+// Another program that has something important to say.
+class Alarm {
+ public:
+  explicit Alarm(const PrivateDispatcher& server) : connection_(server.Address()) {
+    connection_.Ask("SET SELF NOTIFICATION ALL on", nullptr);
+    connection_.Ask("SET SELF PRIORITY important", nullptr);
+    connection_.Ask("SET SELF SYNTHESIS_VOICE Kal One", nullptr);
+    connection_.Ask("SET SELF VOLUME 100", nullptr);
+  }
+
+  void Sound() {
+    const std::string message = connection_.Say("Alarm", nullptr);
+    while (const auto event = connection_.Await(message, std::chrono::minutes(1), nullptr)) {
+      if (event == SsipConnection::Event::End) return;
+    }
+    ADD_FAILURE() << "it is not said";
+  }
+
+ private:
+  SsipConnection connection_;
+};
+
+TEST_F(DispatcherSpeakerTest, GoesOnBehindThePieceThatAnotherProgramCutOff) {
+  DispatchedVoice voice(server_, DispatcherPatience{.retry = {}, .heard = {}});
+  voice.Choose(kAnna);
+  const std::string first = "[hold] " + std::string(600, 'a') + ".";
+  const std::string second = std::string(600, 'b') + ".";
+  voice.Speak(first + " " + second, SVSFlagsAsync);
+  ASSERT_TRUE(server_.AwaitSaid(Anna(first)));
+  Alarm(server_).Sound();
+  ASSERT_TRUE(voice.WaitUntilSilent(std::chrono::minutes(1)));
+  EXPECT_EQ(server_.Said(), Lines({Anna(first), "stopped", "Kal One|0|100|Alarm", Anna(second)}));
+  EXPECT_TRUE(voice.Told().empty());
+}
+
+TEST_F(DispatcherSpeakerTest, SaysOnceMoreWhatAnotherProgramCutOffAtOnce) {
+  DispatchedVoice voice(server_, DispatcherPatience{.retry = {}, .heard = std::chrono::hours(1)});
+  voice.Choose(kAnna);
+  voice.Speak("[hold]", SVSFlagsAsync);
+  voice.Speak("Zwei", SVSFlagsAsync);
+  Alarm alarm(server_);
+  for (const std::size_t lines : {1U, 4U}) {
+    ASSERT_TRUE(Await([&] { return server_.Said().size() == lines; }));
+    alarm.Sound();
+  }
+  ASSERT_TRUE(voice.WaitUntilSilent(std::chrono::minutes(1)));
+  const std::string heard = "Kal One|0|100|Alarm";
+  EXPECT_EQ(server_.Said(), Lines({Anna("[hold]"), "stopped", heard, Anna("[hold]"), "stopped",
+                                   heard, Anna("Zwei")}));
+  EXPECT_TRUE(voice.Told().empty());
 }
 
 TEST_F(DispatcherSpeakerTest, IsTestedAlone) {

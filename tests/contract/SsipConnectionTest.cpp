@@ -4,12 +4,10 @@
 #include <arpa/inet.h>
 #include <gtest/gtest.h>
 #include <sys/socket.h>
-#include <sys/un.h>
 #include <unistd.h>
 
-#include <cstring>
-
 #include "contract/PrivateDispatcher.h"
+#include "contract/ScriptedDispatcher.h"
 
 namespace brenwick {
 namespace {
@@ -24,25 +22,15 @@ constexpr milliseconds kLittlePatience{50};
 // A server that says what the test has it say.
 class Script {
  public:
-  Script() {
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    const std::string path = folder_.Inside("socket");
-    std::strncpy(address.sun_path, path.c_str(), sizeof address.sun_path - 1);
-    EXPECT_EQ(::bind(listening_, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
-    EXPECT_EQ(::listen(listening_, 1), 0);
-  }
-  ~Script() {
-    ::close(listening_);
-    HangUp();
-  }
+  Script() = default;
+  ~Script() { HangUp(); }
   Script(const Script&) = delete;
   Script& operator=(const Script&) = delete;
 
-  DispatcherAddress Address() const { return {folder_.Inside("socket"), "", 0, true}; }
+  DispatcherAddress Address() const { return socket_.Address(); }
 
   void Say(const std::string& bytes) {
-    if (connected_ < 0) connected_ = ::accept(listening_, nullptr, nullptr);
+    if (connected_ < 0) connected_ = socket_.Accept();
     EXPECT_EQ(::send(connected_, bytes.data(), bytes.size(), MSG_NOSIGNAL),
               static_cast<ssize_t>(bytes.size()));
   }
@@ -51,8 +39,7 @@ class Script {
   }
 
  private:
-  TemporaryFolder folder_;
-  int listening_ = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+  const ListeningSocket socket_;
   int connected_ = -1;
 };
 

@@ -3,7 +3,8 @@
 
 Its configuration file names the folder for its files: `voices` holds its voices, one a line, and
 `said` is where it writes to. "[hold]" in a text is said until somebody stops it, "[hold once]" only
-the first time, and at "[die]" the engine dies.
+the first time, and at "[die]" the engine dies. "[mute]" is neither begun nor ended, and "[deaf]" is
+held and not stopped.
 """
 
 import os
@@ -48,14 +49,14 @@ class Engine:
 
     def say(self):
         text = xml.sax.saxutils.unescape(re.sub("<[^>]*>", "", "\n".join(block())))
-        put("200 OK SPEAKING", "701 BEGIN")
+        put("200 OK SPEAKING", *(["701 BEGIN"] if "[mute]" not in text else []))
         used = [self.settings.get(name, "") for name in ("synthesis_voice", "rate", "volume")]
         note("|".join([*used, text]))
         if "[die]" in text:
             os.remove(folder + "/module.pid")
             os._exit(1)
         self.holding = "[hold]" in text or ("[hold once]" in text and held_once())
-        if not self.holding:
+        if not self.holding and "[mute]" not in text and "[deaf]" not in text:
             put("702 END")
 
     def obey(self, command):
