@@ -20,10 +20,11 @@ NOTIFICATIONS = "org.freedesktop.Notifications"
 # Of a message a line stays in the list of spoken words, and its sentence waits for the engine, in
 # all a few hundred bytes.
 BYTES_A_MESSAGE = 1024
-# For the rest: the bus, the log, and an engine that was not yet at work.
-BYTES_AT_ALL = 16 << 20
+# For the rest: the bus with the calls that wait there at one time, the log, an engine that was not
+# yet at work, and what the sanitizers lay around each piece of all that.
+BYTES_AT_ALL = 24 << 20
 # What the sanitizers keep back of freed memory is none of the program's.
-SANITIZERS = "quarantine_size_mb=8"
+SANITIZERS = "quarantine_size_mb=0"
 
 
 class Flood(threading.Thread):
