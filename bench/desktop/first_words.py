@@ -23,7 +23,7 @@ from world import PATIENCE, World  # noqa: E402
 
 LEAST = 10  # times as fast
 NOTIFICATIONS = "org.freedesktop.Notifications"
-SETTINGS = """[Software\\Brenwick\\General]
+HIDDEN = """[Software\\Brenwick\\General]
 Introduce = "0"
 ShowStartupScreen = "1"
 Language = "English"
@@ -45,7 +45,7 @@ done
 class Ear:
     """The pipe that a program's sound goes to."""
 
-    def __init__(self, world, name, settings=SETTINGS):
+    def __init__(self, world, name, settings=HIDDEN):
         self.home = pathlib.Path(world.folder.name) / name
         (self.home / ".config/brenwick").mkdir(parents=True)
         (self.home / ".config/brenwick/store.ini").write_text(settings, encoding="utf-8")

@@ -10,6 +10,12 @@ namespace {
 
 using L = MessengerListener;
 
+// Takes a flag back on the way out, by whichever way: a handler may end the program.
+struct Lowered {
+  bool& flag;
+  ~Lowered() { flag = false; }
+};
+
 }  // namespace
 
 // What one source raises. It is copied, because it may have to wait.
@@ -141,8 +147,7 @@ void MessengerSources::Raise(Event event) {
   if (listener_ == nullptr) return;
   waiting_.push_back(std::move(event));
   if (std::exchange(handling_, true)) return;
-  // A handler may end the program.
-  const std::shared_ptr<void> done(nullptr, [this](void*) { handling_ = false; });
+  const Lowered done{handling_};
   while (!waiting_.empty() && listener_ != nullptr) {
     const Event next = std::move(waiting_.front());
     waiting_.pop_front();

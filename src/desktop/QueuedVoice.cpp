@@ -76,7 +76,7 @@ void QueuedVoice::TestEngine(std::size_t index, const std::string& sentence) {
   Manner manner = manner_;
   manner.voice.reset();
   manner.try_anyway = true;
-  if (places_[voice_].speaker == &speaker) {
+  if (!places_.empty() && places_[voice_].speaker == &speaker) {
     manner.voice = places_[voice_].voice;
   } else if (!speaker.Voices().empty()) {
     manner.voice = 0;

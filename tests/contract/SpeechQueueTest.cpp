@@ -50,6 +50,9 @@ class Events {
 class Sayer : public Speaker {
  public:
   Sayer(std::string name, Events& events) : name_(std::move(name)), events_(events) {}
+  // One that has no voices.
+  Sayer(Events& events, std::vector<std::string> voices)
+      : name_("N"), voices_(std::move(voices)), events_(events) {}
 
   const std::vector<std::string>& Voices() const override { return voices_; }
   std::string Language(std::size_t voice) const override { return voice == 0 ? "en" : "de-AT"; }
@@ -192,6 +195,16 @@ TEST_F(SpeechQueueTest, TestsASpeakerAloneWithTheChosenVoiceOrItsFirst) {
   voice_->TestEngine(0, "x");
   voice_->TestEngine(1, "y");
   EXPECT_EQ(Said(), Log({"A1 x", "B0 y"}));
+}
+
+TEST(QueuedVoiceTest, TestsASpeakerWhereNobodyHasAVoice) {
+  Events events;
+  std::vector<std::unique_ptr<Speaker>> speakers;
+  speakers.push_back(std::make_unique<Sayer>(events, std::vector<std::string>()));
+  QueuedVoice voice(std::move(speakers));
+  voice.TestEngine(0, "x");
+  ASSERT_TRUE(voice.WaitUntilSilent(kLongEnough));
+  EXPECT_EQ(events.All().front(), "N9 x");
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include <QThread>
 #include <functional>
 #include <map>
+#include <numeric>
 #include <stdexcept>
 #include <utility>
 #include <vector>
@@ -135,6 +136,12 @@ class MockPurple {
     Signal("ReceivedImMsg", {account, sender, message, 0, flags});
   }
 
+  // How many calls have come.
+  int Calls() {
+    int calls = 0;
+    Do([&] { calls = std::accumulate(calls_.begin(), calls_.end(), 0); });
+    return calls;
+  }
   // How often this method was called.
   int CallsOf(const QString& method) {
     int calls = 0;
@@ -153,7 +160,6 @@ class MockPurple {
   std::map<int, Transfer> transfers;
   QString wrong_answer;  // the method that answers in another type
   QString silent_from;   // from this method on nothing is answered
-  int asked = 0;         // how many calls have come
   QStringList opened;    // conversations that were presented, "account id"
 
  private:
@@ -175,7 +181,6 @@ class MockPurple {
   };
 
   bool Answer(const QDBusMessage& call) {
-    ++asked;
     ++calls_[call.member()];
     silent_ = silent_ || call.member() == silent_from;
     if (silent_from.isEmpty()) silent_ = false;
