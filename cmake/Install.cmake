@@ -36,7 +36,7 @@ install(FILES ${packaged}/${BRENWICK_ID}.desktop
   DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES ${filled}/${BRENWICK_ID}.metainfo.xml
   DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
-install(FILES ${PROJECT_SOURCE_DIR}/src/desktop/qt/icons/brenwick.svg
+install(FILES ${PROJECT_SOURCE_DIR}/src/qt/icons/brenwick.svg
   DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps RENAME ${BRENWICK_ID}.svg)
 install(FILES ${filled}/brenwick.1.gz ${filled}/brenwick-rehearse.1.gz
   DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)

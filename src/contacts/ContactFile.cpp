@@ -7,7 +7,7 @@
 #include "base/Failure.h"
 #include "base/Lines.h"
 #include "base/ProgramState.h"
-#include "language/SystemText.h"
+#include "base/SystemText.h"
 
 namespace brenwick {
 namespace {

@@ -6,8 +6,8 @@
 #include <system_error>
 
 #include "base/Lines.h"
+#include "base/SystemText.h"
 #include "base/Text.h"
-#include "language/SystemText.h"
 
 namespace brenwick {
 namespace {

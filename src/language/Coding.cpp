@@ -4,9 +4,9 @@
 #include <optional>
 #include <utility>
 
+#include "base/CodePage.h"
 #include "base/Lines.h"
 #include "base/Text.h"
-#include "language/CodePage.h"
 
 namespace brenwick {
 namespace {

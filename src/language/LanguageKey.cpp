@@ -1,8 +1,8 @@
 #include "language/LanguageKey.h"
 
+#include "base/CodePage.h"
 #include "base/Lines.h"
 #include "base/Text.h"
-#include "language/CodePage.h"
 #include "language/Coding.h"
 #include "language/FindFile.h"
 

@@ -4,10 +4,10 @@
 #include <charconv>
 #include <cstdint>
 
+#include "base/CodePage.h"
 #include "base/Lines.h"
 #include "base/ProgramState.h"
 #include "base/Text.h"
-#include "language/CodePage.h"
 #include "language/Coding.h"
 #include "language/FindFile.h"
 

@@ -3,8 +3,8 @@
 #include <cstddef>
 
 #include "base/Lines.h"
+#include "base/SystemText.h"
 #include "base/Text.h"
-#include "language/SystemText.h"
 
 namespace brenwick {
 namespace {

@@ -3,9 +3,9 @@
 #include <utility>
 
 #include "base/Lines.h"
+#include "base/SystemText.h"
 #include "base/Text.h"
 #include "fuzz/Fuzz.h"
-#include "language/SystemText.h"
 #include "speech/Abbreviations.h"
 
 namespace brenwick {

@@ -1,10 +1,10 @@
 // A language file of any bytes, and the coder that makes language files from any text.
 #include <algorithm>
 
+#include "base/CodePage.h"
 #include "base/Lines.h"
 #include "base/Text.h"
 #include "fuzz/Fuzz.h"
-#include "language/CodePage.h"
 #include "language/Coding.h"
 #include "language/Languages.h"
 

@@ -161,7 +161,7 @@ class Described(Folder):
         self.assertEqual(root.find("releases/release").get("version"), version())
 
     def test_the_icon_is_a_picture(self):
-        icon = SOURCE / "src/desktop/qt/icons/brenwick.svg"
+        icon = SOURCE / "src/qt/icons/brenwick.svg"
         root = xml.etree.ElementTree.parse(icon).getroot()
         self.assertEqual(root.tag, "{http://www.w3.org/2000/svg}svg")
         picture = self.folder / "icon.png"

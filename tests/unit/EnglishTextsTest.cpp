@@ -11,9 +11,9 @@
 #include <string_view>
 #include <vector>
 
+#include "base/CodePage.h"
 #include "base/Lines.h"
 #include "base/Text.h"
-#include "language/CodePage.h"
 #include "language/Coding.h"
 
 namespace brenwick {

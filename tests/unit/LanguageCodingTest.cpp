@@ -3,9 +3,9 @@
 #include <string>
 #include <string_view>
 
+#include "base/CodePage.h"
 #include "base/Lines.h"
 #include "base/Text.h"
-#include "language/CodePage.h"
 #include "language/Coding.h"
 
 namespace brenwick {

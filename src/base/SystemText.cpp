@@ -1,7 +1,7 @@
-#include "language/SystemText.h"
+#include "base/SystemText.h"
 
+#include "base/CodePage.h"
 #include "base/Text.h"
-#include "language/CodePage.h"
 
 namespace brenwick {
 

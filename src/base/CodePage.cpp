@@ -1,4 +1,4 @@
-#include "language/CodePage.h"
+#include "base/CodePage.h"
 
 #include <algorithm>
 #include <array>
