@@ -8,7 +8,7 @@
 #include "base/Lines.h"
 #include "base/ProgramState.h"
 #include "base/Text.h"
-#include "desktop/AtomicFile.h"
+#include "files/AtomicFile.h"
 #include "settings/SettingsTable.h"
 
 namespace brenwick {

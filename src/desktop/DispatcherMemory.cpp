@@ -8,9 +8,9 @@
 #include <utility>
 
 #include "base/Lines.h"
-#include "desktop/AtomicFile.h"
-#include "desktop/FileCalls.h"
 #include "desktop/SsipConnection.h"
+#include "files/AtomicFile.h"
+#include "files/FileCalls.h"
 
 namespace brenwick {
 namespace {

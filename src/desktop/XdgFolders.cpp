@@ -8,7 +8,7 @@
 
 #include "base/Lines.h"
 #include "base/Text.h"
-#include "desktop/FileCalls.h"
+#include "files/FileCalls.h"
 
 namespace brenwick {
 namespace {

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "desktop/PosixFolders.h"
+#include "files/PosixFolders.h"
 
 namespace brenwick {
 

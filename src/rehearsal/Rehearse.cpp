@@ -13,7 +13,7 @@
 #include <system_error>
 
 #include "desktop/EspeakVoice.h"
-#include "desktop/IniStore.h"
+#include "files/IniStore.h"
 #include "rehearsal/Interruption.h"
 #include "rehearsal/PlainText.h"
 #include "rehearsal/ReadableTranscript.h"

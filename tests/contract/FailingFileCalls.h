@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "desktop/FileCalls.h"
+#include "files/FileCalls.h"
 
 namespace brenwick {
 

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "base/Failure.h"
-#include "desktop/PosixFolders.h"
+#include "files/PosixFolders.h"
 
 namespace brenwick {
 namespace {

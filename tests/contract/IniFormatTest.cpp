@@ -1,4 +1,4 @@
-#include "desktop/IniFormat.h"
+#include "files/IniFormat.h"
 
 #include <gtest/gtest.h>
 

@@ -5,7 +5,7 @@
 #include <filesystem>
 
 #include "contract/IniStoreFixture.h"
-#include "desktop/IniFormat.h"
+#include "files/IniFormat.h"
 
 namespace brenwick {
 namespace {

@@ -10,7 +10,7 @@
 #include "contract/FailingFileCalls.h"
 #include "contract/TemporaryFolder.h"
 #include "contract/TestClock.h"
-#include "desktop/IniStore.h"
+#include "files/IniStore.h"
 
 namespace brenwick {
 

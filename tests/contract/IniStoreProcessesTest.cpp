@@ -7,7 +7,7 @@
 #include <random>
 
 #include "contract/IniStoreFixture.h"
-#include "desktop/IniFormat.h"
+#include "files/IniFormat.h"
 
 namespace brenwick {
 namespace {

@@ -1,9 +1,9 @@
-#include "desktop/IniStore.h"
+#include "files/IniStore.h"
 
 #include <filesystem>
 
 #include "contract/IniStoreFixture.h"
-#include "desktop/IniFormat.h"
+#include "files/IniFormat.h"
 
 namespace brenwick {
 namespace {

@@ -1,4 +1,4 @@
-#include "desktop/PosixFolders.h"
+#include "files/PosixFolders.h"
 
 #include <sys/stat.h>
 

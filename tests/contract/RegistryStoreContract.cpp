@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "contract/TestClock.h"
-#include "desktop/IniStore.h"
+#include "files/IniStore.h"
 
 namespace brenwick {
 namespace {

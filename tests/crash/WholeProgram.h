@@ -11,11 +11,11 @@
 #include <vector>
 
 #include "contract/TemporaryFolder.h"
-#include "desktop/FileCalls.h"
-#include "desktop/IniData.h"
-#include "desktop/IniFormat.h"
-#include "desktop/IniStore.h"
-#include "desktop/PosixFolders.h"
+#include "files/FileCalls.h"
+#include "files/IniData.h"
+#include "files/IniFormat.h"
+#include "files/IniStore.h"
+#include "files/PosixFolders.h"
 #include "rehearsal/Rehearsal.h"
 #include "settings/SettingsTable.h"
 

@@ -14,7 +14,6 @@
 #include "contract/RecordingListener.h"
 #include "contract/TemporaryFolder.h"
 #include "contract/TestClock.h"
-#include "desktop/IniStore.h"
 #include "desktop/MessengerSources.h"
 #include "desktop/MockNotifications.h"
 #include "desktop/MockPurple.h"
@@ -24,6 +23,7 @@
 #include "desktop/qt/FeedMessenger.h"
 #include "desktop/qt/PurpleMessenger.h"
 #include "desktop/qt/SocketWatch.h"
+#include "files/IniStore.h"
 #include "rehearsal/ScriptedWorld.h"
 
 namespace brenwick {

@@ -15,11 +15,11 @@
 #include "contract/RecordingListener.h"
 #include "contract/TemporaryFolder.h"
 #include "contract/TestClock.h"
-#include "desktop/IniStore.h"
 #include "desktop/MockNotifications.h"
 #include "desktop/PrivateBus.h"
 #include "desktop/TestApplication.h"
 #include "desktop/qt/SocketWatch.h"
+#include "files/IniStore.h"
 
 namespace brenwick {
 namespace {

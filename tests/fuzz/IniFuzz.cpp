@@ -2,7 +2,7 @@
 #include <optional>
 
 #include "base/Text.h"
-#include "desktop/IniFormat.h"
+#include "files/IniFormat.h"
 #include "fuzz/Fuzz.h"
 
 namespace brenwick {

@@ -6,7 +6,7 @@
 
 #include "base/Lines.h"
 #include "base/Text.h"
-#include "desktop/IniData.h"
+#include "files/IniData.h"
 #include "fuzz/Fuzz.h"
 #include "language/Coding.h"
 #include "rehearsal/ReadableTranscript.h"

@@ -7,8 +7,8 @@
 #include <optional>
 
 #include "base/Text.h"
-#include "desktop/IniFormat.h"
-#include "desktop/IniStore.h"
+#include "files/IniFormat.h"
+#include "files/IniStore.h"
 #include "fuzz/Fuzz.h"
 
 namespace brenwick {

@@ -6,7 +6,7 @@
 #include <stdexcept>
 
 #include "RecordingTranscript.h"
-#include "desktop/IniStore.h"
+#include "files/IniStore.h"
 #include "rehearsal/RehearsalFolders.h"
 #include "rehearsal/ScratchFolder.h"
 

@@ -13,7 +13,7 @@
 #include "RecordingTranscript.h"
 #include "app/Program.h"
 #include "base/Lines.h"
-#include "desktop/IniStore.h"
+#include "files/IniStore.h"
 #include "rehearsal/FormObserver.h"
 #include "rehearsal/RehearsalFolders.h"
 #include "rehearsal/ScratchFolder.h"

@@ -6,8 +6,8 @@
 #include <string>
 
 #include "contract/SpeakingToFile.h"
-#include "desktop/IniStore.h"
-#include "desktop/PosixFolders.h"
+#include "files/IniStore.h"
+#include "files/PosixFolders.h"
 #include "rehearsal/Rehearsal.h"
 
 namespace brenwick {

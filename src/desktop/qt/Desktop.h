@@ -9,10 +9,8 @@
 
 #include "app/Program.h"
 #include "desktop/AutostartStore.h"
-#include "desktop/IniStore.h"
 #include "desktop/MessengerSources.h"
 #include "desktop/NotificationMessenger.h"
-#include "desktop/PosixFolders.h"
 #include "desktop/qt/DesktopConnections.h"
 #include "desktop/qt/DesktopSystem.h"
 #include "desktop/qt/DesktopTray.h"
@@ -31,6 +29,8 @@
 #include "desktop/qt/TcpSocket.h"
 #include "desktop/qt/TimerDriver.h"
 #include "desktop/qt/Views.h"
+#include "files/IniStore.h"
+#include "files/PosixFolders.h"
 
 namespace brenwick {
 

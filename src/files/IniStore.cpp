@@ -1,4 +1,4 @@
-#include "desktop/IniStore.h"
+#include "files/IniStore.h"
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -11,9 +11,9 @@
 #include <utility>
 
 #include "base/Text.h"
-#include "desktop/AtomicFile.h"
-#include "desktop/IniFormat.h"
 #include "desktop/XdgFolders.h"
+#include "files/AtomicFile.h"
+#include "files/IniFormat.h"
 
 namespace brenwick {
 namespace {

@@ -1,4 +1,4 @@
-#include "desktop/PosixFolders.h"
+#include "files/PosixFolders.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -10,7 +10,7 @@
 
 #include "base/Failure.h"
 #include "base/Text.h"
-#include "desktop/AtomicFile.h"
+#include "files/AtomicFile.h"
 
 namespace brenwick {
 namespace {

@@ -1,4 +1,4 @@
-#include "desktop/FileCalls.h"
+#include "files/FileCalls.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>

@@ -1,11 +1,11 @@
-#include "desktop/IniFile.h"
+#include "files/IniFile.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
 
 #include <cerrno>
 
-#include "desktop/IniFormat.h"
+#include "files/IniFormat.h"
 
 namespace brenwick {
 namespace {

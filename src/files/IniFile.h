@@ -7,8 +7,8 @@
 #include <optional>
 #include <string>
 
-#include "desktop/FileCalls.h"
-#include "desktop/IniData.h"
+#include "files/FileCalls.h"
+#include "files/IniData.h"
 
 namespace brenwick {
 

@@ -1,4 +1,4 @@
-#include "desktop/IniData.h"
+#include "files/IniData.h"
 
 #include <algorithm>
 #include <string_view>

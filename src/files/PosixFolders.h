@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "desktop/FileCalls.h"
+#include "files/FileCalls.h"
 #include "platform/Folders.h"
 
 namespace brenwick {

@@ -20,7 +20,7 @@
 #include <string>
 #include <string_view>
 
-#include "desktop/IniData.h"
+#include "files/IniData.h"
 
 namespace brenwick {
 

@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "desktop/FileCalls.h"
-#include "desktop/IniData.h"
-#include "desktop/IniFile.h"
+#include "files/FileCalls.h"
+#include "files/IniData.h"
+#include "files/IniFile.h"
 #include "platform/Clock.h"
 #include "platform/RegistryStore.h"
 

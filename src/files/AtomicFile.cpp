@@ -1,4 +1,4 @@
-#include "desktop/AtomicFile.h"
+#include "files/AtomicFile.h"
 
 #include <fcntl.h>
 #include <signal.h>

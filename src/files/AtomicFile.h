@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "desktop/FileCalls.h"
+#include "files/FileCalls.h"
 
 namespace brenwick {
 
