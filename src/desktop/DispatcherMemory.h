@@ -14,7 +14,7 @@
 
 #include "desktop/DispatcherAddress.h"
 #include "desktop/DispatcherVoices.h"
-#include "desktop/StopSign.h"
+#include "voice/StopToken.h"
 
 namespace brenwick {
 

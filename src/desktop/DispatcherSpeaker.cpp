@@ -6,8 +6,8 @@
 
 #include "base/Text.h"
 #include "desktop/DispatcherStart.h"
-#include "desktop/EspeakText.h"
-#include "desktop/LanguageTag.h"
+#include "voice/LanguageTag.h"
+#include "voice/SpeakableText.h"
 
 namespace brenwick {
 namespace {

@@ -17,8 +17,8 @@
 #include "desktop/DispatcherAddress.h"
 #include "desktop/DispatcherMemory.h"
 #include "desktop/DispatcherVoices.h"
-#include "desktop/Speaker.h"
 #include "desktop/SsipConnection.h"
+#include "voice/SpeechBackend.h"
 
 namespace brenwick {
 

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "desktop/StopSign.h"
+#include "voice/StopToken.h"
 
 namespace brenwick {
 

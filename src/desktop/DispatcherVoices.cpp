@@ -8,7 +8,7 @@
 #include <tuple>
 
 #include "base/Text.h"
-#include "desktop/LanguageTag.h"
+#include "voice/LanguageTag.h"
 
 namespace brenwick {
 namespace {

@@ -13,7 +13,7 @@
 
 #include "desktop/ChildProcess.h"
 #include "desktop/EngineMessages.h"
-#include "desktop/SpeechEngine.h"
+#include "voice/SpeechEngine.h"
 
 namespace brenwick {
 

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "desktop/SlowSpeech.h"
-#include "desktop/SpeechEngine.h"
+#include "voice/SpeechEngine.h"
 
 namespace brenwick {
 

@@ -6,10 +6,10 @@
 #include "base/Failure.h"
 #include "base/Text.h"
 #include "desktop/EspeakEngine.h"
-#include "desktop/EspeakText.h"
-#include "desktop/LanguageTag.h"
 #include "desktop/SoundDevice.h"
-#include "desktop/WavFile.h"
+#include "voice/LanguageTag.h"
+#include "voice/SpeakableText.h"
+#include "voice/WavFile.h"
 
 namespace brenwick {
 namespace {

@@ -13,9 +13,9 @@
 #include <string>
 #include <vector>
 
-#include "desktop/SoundOutput.h"
-#include "desktop/Speaker.h"
-#include "desktop/SpeechEngine.h"
+#include "voice/SoundOutput.h"
+#include "voice/SpeechBackend.h"
+#include "voice/SpeechEngine.h"
 
 namespace brenwick {
 

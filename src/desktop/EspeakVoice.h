@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "desktop/EspeakSpeaker.h"
-#include "desktop/QueuedVoice.h"
+#include "voice/QueuedVoice.h"
 
 namespace brenwick {
 

@@ -4,7 +4,7 @@
 
 #include <memory>
 
-#include "desktop/SoundOutput.h"
+#include "voice/SoundOutput.h"
 
 struct _snd_pcm;
 

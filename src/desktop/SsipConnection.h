@@ -13,7 +13,7 @@
 #include <vector>
 
 #include "desktop/DispatcherAddress.h"
-#include "desktop/StopSign.h"
+#include "voice/StopToken.h"
 
 namespace brenwick {
 

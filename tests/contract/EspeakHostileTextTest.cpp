@@ -8,7 +8,7 @@
 
 #include "contract/Sound.h"
 #include "contract/SpeakingToFile.h"
-#include "desktop/WavFile.h"
+#include "voice/WavFile.h"
 
 namespace brenwick {
 namespace {

@@ -1,5 +1,5 @@
 // What of a text reaches the speech engine, and in which pieces.
-#include "desktop/EspeakText.h"
+#include "voice/SpeakableText.h"
 
 #include <gtest/gtest.h>
 

@@ -16,7 +16,7 @@
 #include <vector>
 
 #include "desktop/EngineProcess.h"
-#include "desktop/SoundOutput.h"
+#include "voice/SoundOutput.h"
 
 namespace brenwick {
 

@@ -18,7 +18,7 @@
 
 #include "contract/TemporaryFolder.h"
 #include "desktop/DispatcherAddress.h"
-#include "desktop/StopSign.h"
+#include "voice/StopToken.h"
 
 namespace brenwick {
 

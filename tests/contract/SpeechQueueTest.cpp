@@ -1,5 +1,5 @@
 // Several speakers, one sentence at a time.
-#include "desktop/SpeechQueue.h"
+#include "voice/SpeechQueue.h"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +10,7 @@
 #include <mutex>
 
 #include "base/Text.h"
-#include "desktop/QueuedVoice.h"
+#include "voice/QueuedVoice.h"
 
 namespace brenwick {
 namespace {

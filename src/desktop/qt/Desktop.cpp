@@ -5,7 +5,6 @@
 #include <QFileInfo>
 #include <cstdlib>
 
-#include "desktop/AbsentVoice.h"
 #include "desktop/BusConnection.h"
 #include "desktop/DispatcherSpeaker.h"
 #include "desktop/EngineProcess.h"
@@ -14,6 +13,7 @@
 #include "desktop/XdgFolders.h"
 #include "desktop/qt/LostDisplay.h"
 #include "desktop/qt/TellUser.h"
+#include "voice/AbsentVoice.h"
 
 namespace brenwick {
 namespace {

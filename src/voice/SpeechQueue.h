@@ -12,7 +12,7 @@
 #include <thread>
 #include <vector>
 
-#include "desktop/Speaker.h"
+#include "voice/SpeechBackend.h"
 
 namespace brenwick {
 

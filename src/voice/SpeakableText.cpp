@@ -1,4 +1,4 @@
-#include "desktop/EspeakText.h"
+#include "voice/SpeakableText.h"
 
 #include <algorithm>
 #include <optional>

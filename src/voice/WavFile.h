@@ -7,7 +7,7 @@
 #include <filesystem>
 #include <memory>
 
-#include "desktop/SoundOutput.h"
+#include "voice/SoundOutput.h"
 
 namespace brenwick {
 

@@ -1,9 +1,9 @@
-#include "desktop/QueuedVoice.h"
+#include "voice/QueuedVoice.h"
 
 #include <utility>
 
 #include "base/Failure.h"
-#include "desktop/LanguageTag.h"
+#include "voice/LanguageTag.h"
 
 namespace brenwick {
 namespace {

@@ -8,8 +8,8 @@
 #include <string_view>
 #include <vector>
 
-#include "desktop/StopSign.h"
 #include "platform/Connections.h"
+#include "voice/StopToken.h"
 
 namespace brenwick {
 

@@ -1,4 +1,4 @@
-#include "desktop/WavFile.h"
+#include "voice/WavFile.h"
 
 #include <algorithm>
 #include <array>

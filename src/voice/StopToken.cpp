@@ -1,4 +1,4 @@
-#include "desktop/StopSign.h"
+#include "voice/StopToken.h"
 
 #include <poll.h>
 #include <sys/eventfd.h>

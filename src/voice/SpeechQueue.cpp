@@ -1,8 +1,8 @@
-#include "desktop/SpeechQueue.h"
+#include "voice/SpeechQueue.h"
 
 #include <utility>
 
-#include "desktop/EspeakText.h"
+#include "voice/SpeakableText.h"
 
 namespace brenwick {
 namespace {

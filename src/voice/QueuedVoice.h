@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "desktop/Speaker.h"
-#include "desktop/SpeechQueue.h"
 #include "platform/SpVoice.h"
+#include "voice/SpeechBackend.h"
+#include "voice/SpeechQueue.h"
 
 namespace brenwick {
 

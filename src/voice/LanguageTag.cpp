@@ -1,4 +1,4 @@
-#include "desktop/LanguageTag.h"
+#include "voice/LanguageTag.h"
 
 #include <algorithm>
 
