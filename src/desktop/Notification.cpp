@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "base/Text.h"
-#include "desktop/ForeignText.h"
+#include "sources/ForeignText.h"
 
 namespace brenwick {
 namespace {

@@ -6,10 +6,10 @@
 #include "base/Failure.h"
 #include "base/ProgramState.h"
 #include "base/Text.h"
-#include "desktop/ForeignText.h"
-#include "desktop/MailApplications.h"
-#include "desktop/MailService.h"
 #include "desktop/NotificationCalls.h"
+#include "sources/ForeignText.h"
+#include "sources/MailApplications.h"
+#include "sources/MailService.h"
 
 namespace brenwick {
 namespace {

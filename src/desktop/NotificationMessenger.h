@@ -14,10 +14,10 @@
 
 #include "desktop/BusConnection.h"
 #include "desktop/DescriptorWatch.h"
-#include "desktop/MessengerSource.h"
 #include "desktop/Notification.h"
-#include "desktop/RecentTexts.h"
-#include "desktop/SeenApplications.h"
+#include "sources/MessengerSource.h"
+#include "sources/RepeatFilter.h"
+#include "sources/SeenApplications.h"
 
 namespace brenwick {
 

@@ -1,8 +1,8 @@
 // How many events the feed takes, and which.
 #include <gtest/gtest.h>
 
-#include "desktop/FeedEvents.h"
-#include "desktop/FeedLimit.h"
+#include "sources/FeedEvents.h"
+#include "sources/FeedLimit.h"
 
 namespace brenwick {
 namespace {

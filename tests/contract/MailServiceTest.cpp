@@ -1,9 +1,9 @@
-#include "desktop/MailService.h"
+#include "sources/MailService.h"
 
 #include <gtest/gtest.h>
 
 #include "base/Text.h"
-#include "desktop/MailApplications.h"
+#include "sources/MailApplications.h"
 
 namespace brenwick {
 namespace {

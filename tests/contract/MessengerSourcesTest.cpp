@@ -1,4 +1,4 @@
-#include "desktop/MessengerSources.h"
+#include "sources/SourceHub.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

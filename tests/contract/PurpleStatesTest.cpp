@@ -1,4 +1,4 @@
-#include "desktop/PurpleStates.h"
+#include "sources/PurpleStates.h"
 
 #include <gtest/gtest.h>
 

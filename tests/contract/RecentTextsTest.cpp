@@ -1,4 +1,4 @@
-#include "desktop/RecentTexts.h"
+#include "sources/RepeatFilter.h"
 
 #include <gtest/gtest.h>
 

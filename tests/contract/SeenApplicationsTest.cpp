@@ -1,5 +1,5 @@
 // What is remembered of the applications that show notifications, in a real store.
-#include "desktop/SeenApplications.h"
+#include "sources/SeenApplications.h"
 
 #include <gtest/gtest.h>
 

@@ -14,7 +14,6 @@
 #include "contract/RecordingListener.h"
 #include "contract/TemporaryFolder.h"
 #include "contract/TestClock.h"
-#include "desktop/MessengerSources.h"
 #include "desktop/MockNotifications.h"
 #include "desktop/MockPurple.h"
 #include "desktop/NotificationMessenger.h"
@@ -25,6 +24,7 @@
 #include "desktop/qt/SocketWatch.h"
 #include "files/IniStore.h"
 #include "rehearsal/ScriptedWorld.h"
+#include "sources/SourceHub.h"
 
 namespace brenwick {
 namespace {

@@ -9,7 +9,6 @@
 
 #include "app/Program.h"
 #include "desktop/AutostartStore.h"
-#include "desktop/MessengerSources.h"
 #include "desktop/NotificationMessenger.h"
 #include "desktop/qt/DesktopConnections.h"
 #include "desktop/qt/DesktopSystem.h"
@@ -31,6 +30,7 @@
 #include "desktop/qt/Views.h"
 #include "files/IniStore.h"
 #include "files/PosixFolders.h"
+#include "sources/SourceHub.h"
 
 namespace brenwick {
 

@@ -5,11 +5,11 @@
 #include <string>
 #include <vector>
 
-#include "desktop/MessengerSources.h"
 #include "desktop/NotificationMessenger.h"
 #include "desktop/qt/PurpleMessenger.h"
 #include "platform/Connections.h"
 #include "platform/RegistryStore.h"
+#include "sources/SourceHub.h"
 
 namespace brenwick {
 

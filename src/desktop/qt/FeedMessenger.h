@@ -13,10 +13,10 @@
 #include <set>
 #include <string>
 
-#include "desktop/FeedEvents.h"
-#include "desktop/FeedLimit.h"
-#include "desktop/MessengerSource.h"
 #include "desktop/qt/EndOfProgram.h"
+#include "sources/FeedEvents.h"
+#include "sources/FeedLimit.h"
+#include "sources/MessengerSource.h"
 
 namespace brenwick {
 

@@ -3,8 +3,8 @@
 #include <QStringList>
 #include <utility>
 
-#include "desktop/MailService.h"
 #include "desktop/qt/PurpleText.h"
+#include "sources/MailService.h"
 
 namespace brenwick {
 namespace {

@@ -14,12 +14,12 @@
 #include <string>
 #include <vector>
 
-#include "desktop/PurpleStates.h"
 #include "desktop/qt/PurpleBus.h"
 #include "desktop/qt/PurpleInbox.h"
 #include "desktop/qt/PurplePeople.h"
 #include "platform/Connections.h"
 #include "platform/MessengerClient.h"
+#include "sources/PurpleStates.h"
 
 namespace brenwick {
 

@@ -12,9 +12,9 @@
 #include <set>
 #include <string>
 
-#include "desktop/MessengerSource.h"
 #include "desktop/qt/EndOfProgram.h"
 #include "desktop/qt/PurpleClient.h"
+#include "sources/MessengerSource.h"
 
 namespace brenwick {
 

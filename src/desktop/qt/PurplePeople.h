@@ -6,9 +6,9 @@
 #include <optional>
 #include <vector>
 
-#include "desktop/PurpleStates.h"
 #include "desktop/qt/PurpleBus.h"
 #include "platform/MessengerClient.h"
+#include "sources/PurpleStates.h"
 
 namespace brenwick {
 

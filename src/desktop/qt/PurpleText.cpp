@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <iterator>
 
-#include "desktop/ForeignText.h"
-#include "desktop/MailService.h"
+#include "sources/ForeignText.h"
+#include "sources/MailService.h"
 
 namespace brenwick {
 namespace {

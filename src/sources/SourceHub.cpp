@@ -1,4 +1,4 @@
-#include "desktop/MessengerSources.h"
+#include "sources/SourceHub.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,4 +1,4 @@
-#include "desktop/ForeignText.h"
+#include "sources/ForeignText.h"
 
 #include <algorithm>
 #include <charconv>

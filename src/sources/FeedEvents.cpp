@@ -1,12 +1,12 @@
-#include "desktop/FeedEvents.h"
+#include "sources/FeedEvents.h"
 
 #include <algorithm>
 #include <iterator>
 #include <string_view>
 
 #include "base/Text.h"
-#include "desktop/ForeignText.h"
-#include "desktop/MailService.h"
+#include "sources/ForeignText.h"
+#include "sources/MailService.h"
 
 namespace brenwick {
 namespace {

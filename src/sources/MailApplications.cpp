@@ -1,4 +1,4 @@
-#include "desktop/MailApplications.h"
+#include "sources/MailApplications.h"
 
 #include <algorithm>
 #include <iterator>

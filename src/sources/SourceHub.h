@@ -13,7 +13,7 @@
 #include <string>
 #include <vector>
 
-#include "desktop/MessengerSource.h"
+#include "sources/MessengerSource.h"
 
 namespace brenwick {
 

@@ -1,4 +1,4 @@
-#include "desktop/MailService.h"
+#include "sources/MailService.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "base/Text.h"
-#include "desktop/ForeignText.h"
+#include "sources/ForeignText.h"
 
 namespace brenwick {
 namespace {

@@ -1,4 +1,4 @@
-#include "desktop/FeedLimit.h"
+#include "sources/FeedLimit.h"
 
 #include <algorithm>
 

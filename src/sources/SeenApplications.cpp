@@ -1,4 +1,4 @@
-#include "desktop/SeenApplications.h"
+#include "sources/SeenApplications.h"
 
 #include <algorithm>
 
