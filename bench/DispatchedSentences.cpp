@@ -10,7 +10,7 @@
 
 #include "Stage.h"
 #include "desktop/DispatcherSpeaker.h"
-#include "desktop/EspeakVoice.h"
+#include "espeak/EspeakVoice.h"
 
 namespace brenwick {
 namespace {

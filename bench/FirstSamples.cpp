@@ -10,8 +10,8 @@
 
 #include "Stage.h"
 #include "desktop/EngineProcess.h"
-#include "desktop/EspeakEngine.h"
-#include "desktop/EspeakVoice.h"
+#include "espeak/EspeakEngine.h"
+#include "espeak/EspeakVoice.h"
 
 namespace brenwick {
 namespace {

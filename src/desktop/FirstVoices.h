@@ -1,7 +1,7 @@
 // The voices of a user who has chosen none yet.
 #pragma once
 
-#include "desktop/EspeakVoices.h"
+#include "espeak/EspeakVoices.h"
 #include "platform/RegistryStore.h"
 
 namespace brenwick {

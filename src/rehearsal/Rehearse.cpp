@@ -12,7 +12,7 @@
 #include <stdexcept>
 #include <system_error>
 
-#include "desktop/EspeakVoice.h"
+#include "espeak/EspeakVoice.h"
 #include "files/IniStore.h"
 #include "rehearsal/Interruption.h"
 #include "rehearsal/PlainText.h"

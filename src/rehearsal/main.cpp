@@ -1,6 +1,6 @@
 #include <iostream>
 
-#include "desktop/EspeakVoice.h"
+#include "espeak/EspeakVoice.h"
 #include "rehearsal/Interruption.h"
 #include "rehearsal/PlainText.h"
 #include "rehearsal/Rehearse.h"

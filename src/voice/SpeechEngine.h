@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "desktop/EspeakVoices.h"
+#include "espeak/EspeakVoices.h"
 
 namespace brenwick {
 

@@ -11,7 +11,7 @@
 
 #include "contract/PrivateDispatcher.h"
 #include "desktop/DispatcherSpeaker.h"
-#include "desktop/EspeakVoice.h"
+#include "espeak/EspeakVoice.h"
 
 namespace brenwick {
 

@@ -6,7 +6,7 @@
 #include <random>
 
 #include "contract/RecordingEngine.h"
-#include "desktop/EspeakVoice.h"
+#include "espeak/EspeakVoice.h"
 
 namespace brenwick {
 namespace {

@@ -14,7 +14,7 @@
 
 #include "base/Failure.h"
 #include "contract/PrivateDispatcher.h"
-#include "desktop/EspeakEngine.h"
+#include "espeak/EspeakEngine.h"
 
 namespace brenwick {
 namespace {

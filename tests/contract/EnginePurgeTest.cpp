@@ -8,7 +8,7 @@
 #include <thread>
 
 #include "contract/RecordingEngine.h"
-#include "desktop/EspeakVoice.h"
+#include "espeak/EspeakVoice.h"
 
 namespace brenwick {
 namespace {

@@ -1,5 +1,5 @@
 // The order and the descriptions of eSpeak NG's voices.
-#include "desktop/EspeakVoices.h"
+#include "espeak/EspeakVoices.h"
 
 #include <gtest/gtest.h>
 

@@ -7,7 +7,7 @@
 
 #include "contract/Sound.h"
 #include "contract/TemporaryFolder.h"
-#include "desktop/EspeakVoice.h"
+#include "espeak/EspeakVoice.h"
 
 namespace brenwick {
 

@@ -8,11 +8,11 @@
 #include "desktop/BusConnection.h"
 #include "desktop/DispatcherSpeaker.h"
 #include "desktop/EngineProcess.h"
-#include "desktop/EspeakVoice.h"
 #include "desktop/FirstVoices.h"
 #include "desktop/XdgFolders.h"
 #include "desktop/qt/LostDisplay.h"
 #include "desktop/qt/TellUser.h"
+#include "espeak/EspeakVoice.h"
 #include "voice/AbsentVoice.h"
 
 namespace brenwick {

@@ -10,7 +10,7 @@
 #include <sstream>
 
 #include "desktop/EngineMessages.h"
-#include "desktop/EspeakEngine.h"
+#include "espeak/EspeakEngine.h"
 
 namespace brenwick {
 namespace {

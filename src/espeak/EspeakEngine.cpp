@@ -1,4 +1,4 @@
-#include "desktop/EspeakEngine.h"
+#include "espeak/EspeakEngine.h"
 
 #include <espeak-ng/speak_lib.h>
 

@@ -1,12 +1,12 @@
-#include "desktop/EspeakSpeaker.h"
+#include "espeak/EspeakBackend.h"
 
 #include <algorithm>
 #include <utility>
 
 #include "base/Failure.h"
 #include "base/Text.h"
-#include "desktop/EspeakEngine.h"
 #include "desktop/SoundDevice.h"
+#include "espeak/EspeakEngine.h"
 #include "voice/LanguageTag.h"
 #include "voice/SpeakableText.h"
 #include "voice/WavFile.h"

@@ -7,7 +7,7 @@
 #include <memory>
 #include <vector>
 
-#include "desktop/EspeakSpeaker.h"
+#include "espeak/EspeakBackend.h"
 #include "voice/QueuedVoice.h"
 
 namespace brenwick {

@@ -1,4 +1,4 @@
-#include "desktop/SlowSpeech.h"
+#include "espeak/TimeStretch.h"
 
 #include <sonic.h>
 

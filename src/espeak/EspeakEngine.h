@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "desktop/SlowSpeech.h"
+#include "espeak/TimeStretch.h"
 #include "voice/SpeechEngine.h"
 
 namespace brenwick {

@@ -1,4 +1,4 @@
-#include "desktop/EspeakVoices.h"
+#include "espeak/EspeakVoices.h"
 
 #include <espeak-ng/speak_lib.h>
 

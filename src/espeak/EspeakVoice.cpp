@@ -1,4 +1,4 @@
-#include "desktop/EspeakVoice.h"
+#include "espeak/EspeakVoice.h"
 
 #include <utility>
 
