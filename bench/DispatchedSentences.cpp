@@ -9,8 +9,8 @@
 #include <future>
 
 #include "Stage.h"
-#include "desktop/DispatcherSpeaker.h"
 #include "espeak/EspeakVoice.h"
+#include "linux/speechd/SpeechdBackend.h"
 
 namespace brenwick {
 namespace {

@@ -9,9 +9,9 @@
 #include <mutex>
 
 #include "Stage.h"
-#include "desktop/EngineProcess.h"
 #include "espeak/EspeakEngine.h"
 #include "espeak/EspeakVoice.h"
+#include "linux/engine/EngineProcess.h"
 
 namespace brenwick {
 namespace {

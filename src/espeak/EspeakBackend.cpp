@@ -5,8 +5,8 @@
 
 #include "base/Failure.h"
 #include "base/Text.h"
-#include "desktop/SoundDevice.h"
 #include "espeak/EspeakEngine.h"
+#include "linux/sound/SoundDevice.h"
 #include "voice/LanguageTag.h"
 #include "voice/SpeakableText.h"
 #include "voice/WavFile.h"

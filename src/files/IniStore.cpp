@@ -11,9 +11,9 @@
 #include <utility>
 
 #include "base/Text.h"
-#include "desktop/XdgFolders.h"
 #include "files/AtomicFile.h"
 #include "files/IniFormat.h"
+#include "linux/XdgFolders.h"
 
 namespace brenwick {
 namespace {

@@ -1,7 +1,7 @@
 // Which notifications tell of new mail.
 #pragma once
 
-#include "desktop/Notification.h"
+#include "linux/notifications/Notification.h"
 
 namespace brenwick {
 

@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "contract/PrivateDispatcher.h"
-#include "desktop/DispatcherSpeaker.h"
 #include "espeak/EspeakVoice.h"
+#include "linux/speechd/SpeechdBackend.h"
 
 namespace brenwick {
 

@@ -1,5 +1,5 @@
 // Where speech-dispatcher is looked for.
-#include "desktop/DispatcherAddress.h"
+#include "linux/speechd/SpeechdAddress.h"
 
 #include <gtest/gtest.h>
 

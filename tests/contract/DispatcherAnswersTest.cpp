@@ -6,7 +6,7 @@
 
 #include "contract/PrivateDispatcher.h"
 #include "contract/ScriptedDispatcher.h"
-#include "desktop/DispatcherSpeaker.h"
+#include "linux/speechd/SpeechdBackend.h"
 
 namespace brenwick {
 namespace {

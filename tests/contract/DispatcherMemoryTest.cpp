@@ -1,5 +1,5 @@
 // Which voices of speech-dispatcher are remembered, and when it is asked for them.
-#include "desktop/DispatcherMemory.h"
+#include "linux/speechd/SpeechdVoiceCache.h"
 
 #include <gtest/gtest.h>
 

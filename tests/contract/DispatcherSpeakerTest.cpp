@@ -1,5 +1,5 @@
 // What is said through speech-dispatcher, and what happens when it does not work.
-#include "desktop/DispatcherSpeaker.h"
+#include "linux/speechd/SpeechdBackend.h"
 
 #include <gtest/gtest.h>
 

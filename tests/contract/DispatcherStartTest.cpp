@@ -8,7 +8,7 @@
 #include "contract/DispatchedVoice.h"
 #include "contract/Environment.h"
 #include "contract/PrivateDispatcher.h"
-#include "desktop/DispatcherStart.h"
+#include "linux/speechd/SpeechdStart.h"
 
 namespace brenwick {
 namespace {

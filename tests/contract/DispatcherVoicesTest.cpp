@@ -1,5 +1,5 @@
 // Which of speech-dispatcher's voices a person is shown, and in which order.
-#include "desktop/DispatcherVoices.h"
+#include "linux/speechd/SpeechdVoices.h"
 
 #include <gtest/gtest.h>
 

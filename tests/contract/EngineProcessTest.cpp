@@ -1,5 +1,5 @@
 // The engine in its own process says what the engine says, whatever happens to the process.
-#include "desktop/EngineProcess.h"
+#include "linux/engine/EngineProcess.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>

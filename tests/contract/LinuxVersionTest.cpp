@@ -1,4 +1,4 @@
-#include "desktop/LinuxVersion.h"
+#include "linux/LinuxVersion.h"
 
 #include <gtest/gtest.h>
 #include <sys/utsname.h>

@@ -8,7 +8,7 @@
 #include "base/Failure.h"
 #include "contract/FailingFileCalls.h"
 #include "contract/TemporaryFolder.h"
-#include "desktop/XdgFolders.h"
+#include "linux/XdgFolders.h"
 
 namespace brenwick {
 namespace {

@@ -10,8 +10,8 @@
 #include <future>
 
 #include "base/Lines.h"
-#include "desktop/DispatcherMemory.h"
-#include "desktop/SsipConnection.h"
+#include "linux/speechd/SpeechdVoiceCache.h"
+#include "linux/speechd/SsipConnection.h"
 
 namespace brenwick {
 namespace {

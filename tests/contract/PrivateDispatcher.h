@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "contract/TemporaryFolder.h"
-#include "desktop/DispatcherAddress.h"
+#include "linux/speechd/SpeechdAddress.h"
 
 namespace brenwick {
 

@@ -15,7 +15,7 @@
 #include <utility>
 #include <vector>
 
-#include "desktop/EngineProcess.h"
+#include "linux/engine/EngineProcess.h"
 #include "voice/SoundOutput.h"
 
 namespace brenwick {

@@ -17,7 +17,7 @@
 #include <vector>
 
 #include "contract/TemporaryFolder.h"
-#include "desktop/DispatcherAddress.h"
+#include "linux/speechd/SpeechdAddress.h"
 #include "voice/StopToken.h"
 
 namespace brenwick {

@@ -7,7 +7,7 @@
 #include "base/Failure.h"
 #include "contract/DispatchedVoice.h"
 #include "contract/SpeakingToFile.h"
-#include "desktop/EngineProcess.h"
+#include "linux/engine/EngineProcess.h"
 #include "rehearsal/ScriptedVoice.h"
 
 namespace brenwick {

@@ -1,5 +1,5 @@
 // What the protocol of speech-dispatcher means, and what a server may do that does not keep to it.
-#include "desktop/SsipConnection.h"
+#include "linux/speechd/SsipConnection.h"
 
 #include <arpa/inet.h>
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
 // Notifications read aloud, on a bus of the test's own.
-#include "desktop/NotificationMessenger.h"
+#include "linux/notifications/NotificationMessenger.h"
 
 #include <gtest/gtest.h>
 #include <sys/socket.h>

@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """Stands between the program and its speech engine, and writes down the texts that are handed on.
 
-The messages are those of src/desktop/EngineMessages.h: a word, the length of the content, and that.
+The messages are those of src/linux/engine/EngineMessages.h: a word, the length of the content, and that.
 """
 import json
 import os

@@ -5,14 +5,14 @@
 #include <QFileInfo>
 #include <cstdlib>
 
-#include "desktop/BusConnection.h"
-#include "desktop/DispatcherSpeaker.h"
-#include "desktop/EngineProcess.h"
 #include "desktop/FirstVoices.h"
-#include "desktop/XdgFolders.h"
 #include "desktop/qt/LostDisplay.h"
 #include "desktop/qt/TellUser.h"
 #include "espeak/EspeakVoice.h"
+#include "linux/BusConnection.h"
+#include "linux/XdgFolders.h"
+#include "linux/engine/EngineProcess.h"
+#include "linux/speechd/SpeechdBackend.h"
 #include "voice/AbsentVoice.h"
 
 namespace brenwick {

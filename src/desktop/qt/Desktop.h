@@ -8,8 +8,6 @@
 #include <string>
 
 #include "app/Program.h"
-#include "desktop/AutostartStore.h"
-#include "desktop/NotificationMessenger.h"
 #include "desktop/qt/DesktopConnections.h"
 #include "desktop/qt/DesktopSystem.h"
 #include "desktop/qt/DesktopTray.h"
@@ -30,6 +28,8 @@
 #include "desktop/qt/Views.h"
 #include "files/IniStore.h"
 #include "files/PosixFolders.h"
+#include "linux/AutostartStore.h"
+#include "linux/notifications/NotificationMessenger.h"
 #include "sources/SourceHub.h"
 
 namespace brenwick {

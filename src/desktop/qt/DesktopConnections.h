@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "desktop/NotificationMessenger.h"
 #include "desktop/qt/PurpleMessenger.h"
+#include "linux/notifications/NotificationMessenger.h"
 #include "platform/Connections.h"
 #include "platform/RegistryStore.h"
 #include "sources/SourceHub.h"

@@ -5,7 +5,7 @@
 #include <string>
 #include <utility>
 
-#include "desktop/LinuxVersion.h"
+#include "linux/LinuxVersion.h"
 #include "platform/System.h"
 
 namespace brenwick {

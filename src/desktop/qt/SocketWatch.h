@@ -6,8 +6,8 @@
 #include <chrono>
 #include <functional>
 
-#include "desktop/DescriptorWatch.h"
 #include "desktop/qt/EndOfProgram.h"
+#include "linux/ReadinessWatch.h"
 
 namespace brenwick {
 

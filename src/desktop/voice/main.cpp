@@ -9,8 +9,8 @@
 #include <iostream>
 #include <sstream>
 
-#include "desktop/EngineMessages.h"
 #include "espeak/EspeakEngine.h"
+#include "linux/engine/EngineMessages.h"
 
 namespace brenwick {
 namespace {

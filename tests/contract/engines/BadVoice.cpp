@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "desktop/EngineMessages.h"
+#include "linux/engine/EngineMessages.h"
 
 namespace brenwick {
 namespace {

@@ -1,4 +1,4 @@
-#include "desktop/XdgFolders.h"
+#include "linux/XdgFolders.h"
 
 #include <fcntl.h>
 #include <pwd.h>

@@ -1,4 +1,4 @@
-#include "desktop/DispatcherMemory.h"
+#include "linux/speechd/SpeechdVoiceCache.h"
 
 #include <fcntl.h>
 
@@ -8,9 +8,9 @@
 #include <utility>
 
 #include "base/Lines.h"
-#include "desktop/SsipConnection.h"
 #include "files/AtomicFile.h"
 #include "files/FileCalls.h"
+#include "linux/speechd/SsipConnection.h"
 
 namespace brenwick {
 namespace {

@@ -11,8 +11,8 @@
 #include <memory>
 #include <string>
 
-#include "desktop/ChildProcess.h"
-#include "desktop/EngineMessages.h"
+#include "linux/ChildProcess.h"
+#include "linux/engine/EngineMessages.h"
 #include "voice/SpeechEngine.h"
 
 namespace brenwick {

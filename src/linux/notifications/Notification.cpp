@@ -1,4 +1,4 @@
-#include "desktop/Notification.h"
+#include "linux/notifications/Notification.h"
 
 #include <dbus/dbus.h>
 

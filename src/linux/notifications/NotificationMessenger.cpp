@@ -1,4 +1,4 @@
-#include "desktop/NotificationMessenger.h"
+#include "linux/notifications/NotificationMessenger.h"
 
 #include <stdexcept>
 #include <utility>
@@ -6,7 +6,7 @@
 #include "base/Failure.h"
 #include "base/ProgramState.h"
 #include "base/Text.h"
-#include "desktop/NotificationCalls.h"
+#include "linux/notifications/NotificationCalls.h"
 #include "sources/ForeignText.h"
 #include "sources/MailApplications.h"
 #include "sources/MailService.h"

@@ -1,4 +1,4 @@
-#include "desktop/SsipConnection.h"
+#include "linux/speechd/SsipConnection.h"
 
 #include <arpa/inet.h>
 #include <poll.h>

@@ -1,4 +1,4 @@
-#include "desktop/EngineMessages.h"
+#include "linux/engine/EngineMessages.h"
 
 #include <poll.h>
 #include <sys/socket.h>

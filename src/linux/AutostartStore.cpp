@@ -1,4 +1,4 @@
-#include "desktop/AutostartStore.h"
+#include "linux/AutostartStore.h"
 
 #include <filesystem>
 #include <fstream>

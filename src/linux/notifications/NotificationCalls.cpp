@@ -1,4 +1,4 @@
-#include "desktop/NotificationCalls.h"
+#include "linux/notifications/NotificationCalls.h"
 
 #include <dbus/dbus.h>
 

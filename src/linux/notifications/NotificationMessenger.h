@@ -12,9 +12,9 @@
 #include <string>
 #include <vector>
 
-#include "desktop/BusConnection.h"
-#include "desktop/DescriptorWatch.h"
-#include "desktop/Notification.h"
+#include "linux/BusConnection.h"
+#include "linux/ReadinessWatch.h"
+#include "linux/notifications/Notification.h"
 #include "sources/MessengerSource.h"
 #include "sources/RepeatFilter.h"
 #include "sources/SeenApplications.h"

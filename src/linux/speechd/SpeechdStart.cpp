@@ -1,4 +1,4 @@
-#include "desktop/DispatcherStart.h"
+#include "linux/speechd/SpeechdStart.h"
 
 #include <fcntl.h>
 #include <spawn.h>

@@ -12,7 +12,7 @@
 #include <string_view>
 #include <vector>
 
-#include "desktop/DispatcherAddress.h"
+#include "linux/speechd/SpeechdAddress.h"
 #include "voice/StopToken.h"
 
 namespace brenwick {

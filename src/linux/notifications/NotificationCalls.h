@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "desktop/BusConnection.h"
+#include "linux/BusConnection.h"
 
 namespace brenwick {
 

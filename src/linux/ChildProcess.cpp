@@ -1,4 +1,4 @@
-#include "desktop/ChildProcess.h"
+#include "linux/ChildProcess.h"
 
 #include <spawn.h>
 #include <sys/wait.h>

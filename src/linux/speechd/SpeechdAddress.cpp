@@ -1,4 +1,4 @@
-#include "desktop/DispatcherAddress.h"
+#include "linux/speechd/SpeechdAddress.h"
 
 #include <unistd.h>
 

@@ -1,11 +1,11 @@
-#include "desktop/DispatcherSpeaker.h"
+#include "linux/speechd/SpeechdBackend.h"
 
 #include <algorithm>
 #include <cmath>
 #include <utility>
 
 #include "base/Text.h"
-#include "desktop/DispatcherStart.h"
+#include "linux/speechd/SpeechdStart.h"
 #include "voice/LanguageTag.h"
 #include "voice/SpeakableText.h"
 

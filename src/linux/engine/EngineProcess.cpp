@@ -1,4 +1,4 @@
-#include "desktop/EngineProcess.h"
+#include "linux/engine/EngineProcess.h"
 
 #include <sys/socket.h>
 #include <unistd.h>

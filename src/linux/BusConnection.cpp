@@ -1,4 +1,4 @@
-#include "desktop/BusConnection.h"
+#include "linux/BusConnection.h"
 
 #include <dbus/dbus.h>
 

@@ -12,8 +12,8 @@
 #include <thread>
 #include <vector>
 
-#include "desktop/DispatcherAddress.h"
-#include "desktop/DispatcherVoices.h"
+#include "linux/speechd/SpeechdAddress.h"
+#include "linux/speechd/SpeechdVoices.h"
 #include "voice/StopToken.h"
 
 namespace brenwick {

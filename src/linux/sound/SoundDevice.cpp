@@ -1,4 +1,4 @@
-#include "desktop/SoundDevice.h"
+#include "linux/sound/SoundDevice.h"
 
 #include <alsa/asoundlib.h>
 

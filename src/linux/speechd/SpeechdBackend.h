@@ -14,10 +14,10 @@
 #include <string_view>
 #include <vector>
 
-#include "desktop/DispatcherAddress.h"
-#include "desktop/DispatcherMemory.h"
-#include "desktop/DispatcherVoices.h"
-#include "desktop/SsipConnection.h"
+#include "linux/speechd/SpeechdAddress.h"
+#include "linux/speechd/SpeechdVoiceCache.h"
+#include "linux/speechd/SpeechdVoices.h"
+#include "linux/speechd/SsipConnection.h"
 #include "voice/SpeechBackend.h"
 
 namespace brenwick {

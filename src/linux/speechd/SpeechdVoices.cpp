@@ -1,4 +1,4 @@
-#include "desktop/DispatcherVoices.h"
+#include "linux/speechd/SpeechdVoices.h"
 
 #include <algorithm>
 #include <array>
