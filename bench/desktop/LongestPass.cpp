@@ -11,7 +11,7 @@
 
 #include "People.h"
 #include "Stage.h"
-#include "desktop/qt/MainWindowView.h"
+#include "qt/views/MainWindowView.h"
 
 namespace brenwick {
 namespace {

@@ -20,10 +20,10 @@
 #include "base/Lines.h"
 #include "base/Text.h"
 #include "desktop/WindowFixture.h"
-#include "desktop/qt/LabelText.h"
-#include "desktop/qt/PageIcons.h"
-#include "desktop/qt/Strings.h"
 #include "language/FormTextTable.h"
+#include "qt/Strings.h"
+#include "qt/views/LabelText.h"
+#include "qt/views/PageIcons.h"
 
 namespace brenwick {
 namespace {

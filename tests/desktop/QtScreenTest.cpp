@@ -1,5 +1,5 @@
 #include "desktop/TestApplication.h"
-#include "desktop/qt/QtScreen.h"
+#include "qt/QtScreen.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // The version check's socket against real servers.
-#include "desktop/qt/TcpSocket.h"
+#include "qt/TcpSocket.h"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +10,7 @@
 
 #include "desktop/TestApplication.h"
 #include "desktop/WebServer.h"
-#include "desktop/qt/QtEventLoop.h"
+#include "qt/QtEventLoop.h"
 #include "unit/Fakes.h"
 #include "web/WebAccess.h"
 

@@ -8,8 +8,8 @@
 #include <string>
 
 #include "desktop/TestApplication.h"
-#include "desktop/qt/MainWindowView.h"
 #include "forms/frmMain.h"
+#include "qt/views/MainWindowView.h"
 
 namespace brenwick {
 

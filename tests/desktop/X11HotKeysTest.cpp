@@ -13,7 +13,7 @@
 #include "desktop/RecordedKeys.h"
 #include "desktop/TestApplication.h"
 #include "desktop/X11Display.h"
-#include "desktop/qt/EndOfProgram.h"
+#include "qt/EndOfProgram.h"
 
 namespace brenwick {
 namespace {

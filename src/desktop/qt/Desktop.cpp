@@ -7,12 +7,12 @@
 
 #include "desktop/FirstVoices.h"
 #include "desktop/qt/LostDisplay.h"
-#include "desktop/qt/TellUser.h"
 #include "espeak/EspeakVoice.h"
 #include "linux/BusConnection.h"
 #include "linux/XdgFolders.h"
 #include "linux/engine/EngineProcess.h"
 #include "linux/speechd/SpeechdBackend.h"
+#include "qt/TellUser.h"
 #include "voice/AbsentVoice.h"
 
 namespace brenwick {

@@ -1,7 +1,7 @@
 #include "desktop/qt/DesktopTray.h"
 
-#include "desktop/qt/MenuView.h"
-#include "desktop/qt/Strings.h"
+#include "qt/Strings.h"
+#include "qt/views/MenuView.h"
 
 namespace brenwick {
 namespace {

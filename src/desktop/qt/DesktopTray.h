@@ -8,9 +8,9 @@
 
 #include "base/ProgramState.h"
 #include "desktop/qt/TrayHost.h"
-#include "desktop/qt/Views.h"
 #include "forms/frmMain.h"
 #include "platform/TrayIcon.h"
+#include "qt/views/Views.h"
 
 namespace brenwick {
 

@@ -8,7 +8,7 @@
 #include "base/Failure.h"
 #include "base/ProgramState.h"
 #include "base/Text.h"
-#include "desktop/qt/Strings.h"
+#include "qt/Strings.h"
 
 namespace brenwick {
 namespace {

@@ -13,7 +13,7 @@
 #include <set>
 #include <string>
 
-#include "desktop/qt/EndOfProgram.h"
+#include "qt/EndOfProgram.h"
 #include "sources/FeedEvents.h"
 #include "sources/FeedLimit.h"
 #include "sources/MessengerSource.h"

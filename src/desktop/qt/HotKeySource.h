@@ -4,8 +4,8 @@
 #include <QString>
 #include <memory>
 
-#include "desktop/qt/Views.h"
 #include "forms/frmMain.h"
+#include "qt/views/Views.h"
 
 namespace brenwick {
 

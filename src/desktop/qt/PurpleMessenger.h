@@ -12,8 +12,8 @@
 #include <set>
 #include <string>
 
-#include "desktop/qt/EndOfProgram.h"
 #include "desktop/qt/PurpleClient.h"
+#include "qt/EndOfProgram.h"
 #include "sources/MessengerSource.h"
 
 namespace brenwick {

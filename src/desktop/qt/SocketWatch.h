@@ -6,8 +6,8 @@
 #include <chrono>
 #include <functional>
 
-#include "desktop/qt/EndOfProgram.h"
 #include "linux/ReadinessWatch.h"
+#include "qt/EndOfProgram.h"
 
 namespace brenwick {
 

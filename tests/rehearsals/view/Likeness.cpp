@@ -12,7 +12,7 @@
 #include "controls/Labels.h"
 #include "controls/ListBox.h"
 #include "controls/TextBox.h"
-#include "desktop/qt/Strings.h"
+#include "qt/Strings.h"
 
 namespace brenwick {
 namespace {

@@ -4,10 +4,10 @@
 #include <QString>
 #include <vector>
 
-#include "desktop/qt/MainWindowView.h"
-#include "desktop/qt/StatusView.h"
 #include "forms/frmMain.h"
 #include "forms/frmStatus.h"
+#include "qt/views/MainWindowView.h"
+#include "qt/views/StatusView.h"
 
 namespace brenwick {
 

@@ -15,9 +15,9 @@
 #include <string>
 #include <vector>
 
-#include "desktop/qt/MainWindowView.h"
-#include "desktop/qt/MenuView.h"
-#include "desktop/qt/StatusView.h"
+#include "qt/views/MainWindowView.h"
+#include "qt/views/MenuView.h"
+#include "qt/views/StatusView.h"
 #include "rehearsal/Interruption.h"
 #include "rehearsal/Rehearse.h"
 #include "rehearsal/ScratchFolder.h"

@@ -1,0 +1,31 @@
+#include "qt/views/Views.h"
+
+#include "qt/Strings.h"
+
+namespace brenwick {
+namespace {
+
+QString NameOf(const Control& control) {
+  const QString name = ToQt(control.Name());
+  return control.Index() < 0 ? name : name + QString::number(control.Index());
+}
+
+}  // namespace
+
+void Views::Mirror(Control& control, QWidget& widget, std::function<void()> mirror) {
+  widget.setObjectName(NameOf(control));
+  const auto update = [this, &control, &widget, mirror = std::move(mirror)] {
+    Follow([&] {
+      widget.setEnabled(control.Enabled());
+      // A widget that stands on a hidden page is not shown by this.
+      if (widget.isHidden() == control.Visible()) widget.setVisible(control.Visible());
+      widget.setToolTip(ToQt(control.ToolTip()));
+      mirror();
+    });
+  };
+  update();
+  Keep(control.Changed.Observe(update));
+  Keep(control.FocusWanted.Observe([this, &widget] { Follow([&] { widget.setFocus(); }); }));
+}
+
+}  // namespace brenwick
