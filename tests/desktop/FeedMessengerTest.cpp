@@ -1,5 +1,5 @@
 // The feed for scripts, on a bus of the test's own.
-#include "desktop/qt/FeedMessenger.h"
+#include "desktop/feed/FeedMessenger.h"
 
 #include <gtest/gtest.h>
 

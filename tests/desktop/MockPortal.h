@@ -9,7 +9,7 @@
 #include <QStringList>
 #include <QVariantMap>
 
-#include "desktop/qt/PortalShortcut.h"
+#include "desktop/hotkeys/PortalShortcut.h"
 
 namespace brenwick {
 

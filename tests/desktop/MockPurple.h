@@ -13,7 +13,7 @@
 #include <utility>
 #include <vector>
 
-#include "desktop/qt/PurpleBus.h"
+#include "desktop/purple/PurpleBus.h"
 
 namespace brenwick {
 

@@ -17,8 +17,8 @@
 #include "contract/TestClock.h"
 #include "desktop/MockNotifications.h"
 #include "desktop/PrivateBus.h"
+#include "desktop/SocketWatch.h"
 #include "desktop/TestApplication.h"
-#include "desktop/qt/SocketWatch.h"
 #include "files/IniStore.h"
 
 namespace brenwick {

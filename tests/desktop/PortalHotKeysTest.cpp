@@ -1,5 +1,5 @@
 // The hotkeys of a Wayland desktop, against a portal on a bus of the test's own.
-#include "desktop/qt/PortalHotKeys.h"
+#include "desktop/hotkeys/PortalHotKeys.h"
 
 #include <gtest/gtest.h>
 

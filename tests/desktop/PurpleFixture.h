@@ -13,7 +13,7 @@
 #include "desktop/PrivateBus.h"
 #include "desktop/RecordedEvents.h"
 #include "desktop/TestApplication.h"
-#include "desktop/qt/PurpleMessenger.h"
+#include "desktop/purple/PurpleMessenger.h"
 
 namespace brenwick {
 

@@ -1,5 +1,5 @@
 // Attaching to Pidgin or Finch, and what the program asks of it.
-#include "desktop/qt/PurpleMessenger.h"
+#include "desktop/purple/PurpleMessenger.h"
 
 #include <QDBusConnectionInterface>
 #include <QDeadlineTimer>

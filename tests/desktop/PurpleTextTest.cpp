@@ -1,4 +1,4 @@
-#include "desktop/qt/PurpleText.h"
+#include "desktop/purple/PurpleText.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>

@@ -1,5 +1,5 @@
 // The hotkeys of an X11 desktop, on a display of the test's own.
-#include "desktop/qt/X11HotKeys.h"
+#include "desktop/hotkeys/X11HotKeys.h"
 
 #include <gtest/gtest.h>
 

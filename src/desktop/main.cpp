@@ -1,0 +1,77 @@
+#include <QApplication>
+#include <QMessageBox>
+#include <iostream>
+
+#include "base/ProgramState.h"
+#include "desktop/Desktop.h"
+#include "desktop/DesktopOptions.h"
+
+namespace brenwick {
+namespace {
+
+enum ExitStatus { kDone = 0, kFailed = 1, kWrong = 2 };
+
+int AskTheOther(const DesktopOptions& options) {
+  if (Instance::Ask(options.verb, options.repeat)) return kDone;
+  std::cerr << "brenwick: no Brenwick is running that could be asked\n";
+  return kFailed;
+}
+
+int RunDesktop(const DesktopOptions& options) {
+  Instance instance;
+  const bool first = instance.Claim();
+  if (!first && !Instance::Ask(Verb::Show, 1)) {
+    std::cerr << "brenwick: another Brenwick is running, and cannot be asked to show its window\n";
+  }
+  Desktop desktop(instance, options.debug ? "/DEBUG" : "", first);
+  desktop.Run();
+  return kDone;
+}
+
+// Who starts it from a menu sees no terminal.
+int RunDesktopOrTell(const DesktopOptions& options) {
+  try {
+    return RunDesktop(options);
+  } catch (const std::exception& failure) {
+    std::cerr << "brenwick: " << failure.what() << '\n';
+    QMessageBox::critical(nullptr, kTitle, failure.what());
+    return kFailed;
+  }
+}
+
+int Main(int& count, char** values) {
+  const DesktopOptions options = ParseDesktopOptions({values + 1, values + count});
+  if (options.help) {
+    std::cout << kDesktopHelp;
+    return kDone;
+  }
+  if (options.version) {
+    std::cout << "brenwick " << ProgramVersion{}.Plain() << '\n';
+    return kDone;
+  }
+  if (options.verb != Verb::None) {
+    const QCoreApplication application(count, values);
+    return AskTheOther(options);
+  }
+  const QApplication application(count, values);
+  QApplication::setApplicationName("brenwick");
+  QApplication::setDesktopFileName("org.brenwick.Brenwick");
+  QApplication::setWindowIcon(QIcon(":/icons/brenwick.svg"));
+  QApplication::setQuitOnLastWindowClosed(false);
+  return RunDesktopOrTell(options);
+}
+
+}  // namespace
+}  // namespace brenwick
+
+int main(int count, char** values) {
+  try {
+    return brenwick::Main(count, values);
+  } catch (const brenwick::WrongOption& failure) {
+    std::cerr << "brenwick: " << failure.what() << "\ntry brenwick --help\n";
+    return brenwick::kWrong;
+  } catch (const std::exception& failure) {
+    std::cerr << "brenwick: " << failure.what() << '\n';
+    return brenwick::kFailed;
+  }
+}
