@@ -20,7 +20,7 @@
 #include "base/Lines.h"
 #include "base/Text.h"
 #include "desktop/WindowFixture.h"
-#include "language/FormTextTable.h"
+#include "pages/FormTextTable.h"
 #include "qt/Strings.h"
 #include "qt/views/LabelText.h"
 #include "qt/views/PageIcons.h"

@@ -1,4 +1,4 @@
-#include "contacts/BuddiesMenu.h"
+#include "pages/BuddiesMenu.h"
 
 #include <gtest/gtest.h>
 

@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "contacts/ContactPages.h"
+#include "pages/ContactPages.h"
 #include "unit/Fakes.h"
 
 namespace brenwick {

@@ -1,4 +1,4 @@
-#include "contacts/ContactPages.h"
+#include "pages/ContactPages.h"
 
 #include <gtest/gtest.h>
 

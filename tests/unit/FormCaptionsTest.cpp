@@ -9,7 +9,7 @@
 
 #include "base/Text.h"
 #include "language/Coding.h"
-#include "language/FormTexts.h"
+#include "pages/FormTexts.h"
 #include "unit/Fakes.h"
 
 namespace brenwick {

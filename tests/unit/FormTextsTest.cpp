@@ -1,4 +1,4 @@
-#include "language/FormTexts.h"
+#include "pages/FormTexts.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 #include <string>
 
 #include "language/Coding.h"
-#include "language/FormTextTable.h"
+#include "pages/FormTextTable.h"
 #include "unit/Fakes.h"
 
 namespace brenwick {

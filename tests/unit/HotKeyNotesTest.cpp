@@ -1,5 +1,5 @@
 // What the pages tell of hotkeys that could not be had.
-#include "app/HotKeyNotes.h"
+#include "pages/HotKeyNotes.h"
 
 #include <gtest/gtest.h>
 

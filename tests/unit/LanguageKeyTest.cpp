@@ -1,4 +1,4 @@
-#include "language/LanguageKey.h"
+#include "pages/LanguageKey.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "app/TypeAhead.h"
+#include "pages/TypeAhead.h"
 
 #include <gtest/gtest.h>
 

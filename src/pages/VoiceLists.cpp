@@ -1,4 +1,4 @@
-#include "speech/VoiceLists.h"
+#include "pages/VoiceLists.h"
 
 #include <algorithm>
 

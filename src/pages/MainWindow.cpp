@@ -1,4 +1,4 @@
-#include "app/MainWindow.h"
+#include "pages/MainWindow.h"
 
 #include <algorithm>
 #include <iterator>

@@ -1,4 +1,4 @@
-#include "app/HotKeyNotes.h"
+#include "pages/HotKeyNotes.h"
 
 namespace brenwick {
 namespace {

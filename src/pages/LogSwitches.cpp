@@ -1,4 +1,4 @@
-#include "logging/LogSwitches.h"
+#include "pages/LogSwitches.h"
 
 namespace brenwick {
 namespace {

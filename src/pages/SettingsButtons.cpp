@@ -1,4 +1,4 @@
-#include "settings/SettingsButtons.h"
+#include "pages/SettingsButtons.h"
 
 #include <array>
 

@@ -1,4 +1,4 @@
-#include "speech/RepeatHotKeys.h"
+#include "pages/RepeatHotKeys.h"
 
 namespace brenwick {
 

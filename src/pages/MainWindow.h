@@ -6,12 +6,12 @@
 #include <vector>
 
 #include "base/ProgramState.h"
-#include "contacts/BuddiesMenu.h"
-#include "contacts/ContactPages.h"
 #include "forms/frmMain.h"
 #include "language/TextTable.h"
 #include "logging/Logs.h"
 #include "messenger/ContactStates.h"
+#include "pages/BuddiesMenu.h"
+#include "pages/ContactPages.h"
 #include "platform/TrayIcon.h"
 #include "settings/Registry.h"
 

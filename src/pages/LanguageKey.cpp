@@ -1,4 +1,4 @@
-#include "language/LanguageKey.h"
+#include "pages/LanguageKey.h"
 
 #include "base/CodePage.h"
 #include "base/Lines.h"

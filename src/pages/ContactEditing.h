@@ -5,9 +5,9 @@
 #include <string_view>
 
 #include "contacts/ContactList.h"
-#include "contacts/ContactPages.h"
 #include "forms/frmMain.h"
 #include "logging/Logs.h"
+#include "pages/ContactPages.h"
 #include "platform/Screen.h"
 
 namespace brenwick {

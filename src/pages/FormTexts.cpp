@@ -1,10 +1,10 @@
-#include "language/FormTexts.h"
+#include "pages/FormTexts.h"
 
 #include <utility>
 
 #include "base/ProgramState.h"
 #include "base/Text.h"
-#include "language/FormTextTable.h"
+#include "pages/FormTextTable.h"
 
 namespace brenwick {
 namespace {

@@ -1,4 +1,4 @@
-#include "language/FormTextTable.h"
+#include "pages/FormTextTable.h"
 
 #include <cstddef>
 

@@ -1,4 +1,4 @@
-#include "app/ConnectionsPage.h"
+#include "pages/ConnectionsPage.h"
 
 #include <cstddef>
 

@@ -1,4 +1,4 @@
-#include "contacts/ContactEditing.h"
+#include "pages/ContactEditing.h"
 
 #include "base/Numbers.h"
 #include "base/ProgramState.h"
