@@ -25,7 +25,7 @@ const std::string kText = "the boat leaves at seven tomorrow morning";
 double bare_seconds = 0;
 
 void BareServer(benchmark::State& state) {
-  SsipConnection server(DispatcherAddressOfSession());
+  SsipConnection server(SpeechdAddressOfSession());
   server.Ask("SET SELF NOTIFICATION ALL on", nullptr);
   double total = 0;
   for (auto _ : state) {
@@ -43,8 +43,7 @@ void BareServer(benchmark::State& state) {
 // Returns when the server's voices stand in the file.
 void AskForVoices(const std::string& file) {
   std::promise<void> asked;
-  DispatcherMemory memory(DispatcherAddressOfSession(), file,
-                          [&](bool, bool) { asked.set_value(); });
+  SpeechdVoiceCache memory(SpeechdAddressOfSession(), file, [&](bool, bool) { asked.set_value(); });
   memory.Refresh();
   asked.get_future().wait();
 }
@@ -53,8 +52,8 @@ void EventToEnd(benchmark::State& state) {
   const std::string file = std::filesystem::temp_directory_path() / "brenwick-bench-voices";
   AskForVoices(file);
   EspeakVoice::Others others;
-  others.push_back(std::make_unique<DispatcherSpeaker>(DispatcherOptions{
-      .address = DispatcherAddressOfSession(), .locale = "en_US.UTF-8", .memory = file}));
+  others.push_back(std::make_unique<SpeechdBackend>(SpeechdOptions{
+      .address = SpeechdAddressOfSession(), .locale = "en_US.UTF-8", .memory = file}));
   EspeakVoice voice({.locale = "en_US.UTF-8"}, std::move(others));
   Stage stage(voice);
   const std::size_t last = voice.GetVoices().size() - 1;

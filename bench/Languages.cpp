@@ -8,8 +8,8 @@
 namespace brenwick {
 namespace {
 
-struct Speaker : Parts {
-  Speaker() : Parts("languages") { languages.LanguageRead(); }
+struct SpeechBackend : Parts {
+  SpeechBackend() : Parts("languages") { languages.LanguageRead(); }
 
   Languages languages{
       log, form, texts, status, pointer, folders, screen, system, [] { return std::string(); }};
@@ -17,7 +17,7 @@ struct Speaker : Parts {
 
 // Only the language that is chosen: its file is read, decoded and summed up.
 void LoadLanguage(benchmark::State& state) {
-  Speaker speaker;
+  SpeechBackend speaker;
   for (auto _ : state) speaker.languages.ReadLanguage(true);
   if (speaker.texts.LoadText(1).empty()) state.SkipWithError("no text was loaded");
 }
@@ -25,7 +25,7 @@ BENCHMARK(LoadLanguage)->Unit(benchmark::kMicrosecond);
 
 // What the start does: the folder is listed as well.
 void ListAndLoadLanguages(benchmark::State& state) {
-  Speaker speaker;
+  SpeechBackend speaker;
   for (auto _ : state) speaker.languages.LanguageRead();
   if (speaker.form.cmbLanguage.ListCount() == 0) state.SkipWithError("no language was listed");
 }

@@ -5,10 +5,10 @@
 #include <QFileInfo>
 #include <cstdlib>
 
-#include "desktop/FirstVoices.h"
 #include "desktop/LostDisplay.h"
 #include "espeak/EspeakVoice.h"
 #include "linux/BusConnection.h"
+#include "linux/FirstVoices.h"
 #include "linux/XdgFolders.h"
 #include "linux/engine/EngineProcess.h"
 #include "linux/speechd/SpeechdBackend.h"
@@ -51,12 +51,12 @@ void Warn(const std::string& message) { qWarning("%s", message.c_str()); }
 // changed: called on any thread when one of those who speak is in another state.
 EspeakVoice::Others MakeOtherSpeakers(const std::function<void()>& changed) {
   EspeakVoice::Others others;
-  others.push_back(std::make_unique<DispatcherSpeaker>(
-      DispatcherOptions{.address = DispatcherAddressOfSession(),
-                        .locale = Locale(),
-                        .memory = XdgStateHome() + "/brenwick/speech-dispatcher-voices",
-                        .tell = Warn,
-                        .changed = changed}));
+  others.push_back(std::make_unique<SpeechdBackend>(
+      SpeechdOptions{.address = SpeechdAddressOfSession(),
+                     .locale = Locale(),
+                     .memory = XdgStateHome() + "/brenwick/speech-dispatcher-voices",
+                     .tell = Warn,
+                     .changed = changed}));
   return others;
 }
 
@@ -66,7 +66,7 @@ std::unique_ptr<SpVoice> MakeVoice(bool first, RegistryStore& store,
   if (!first) return std::make_unique<AbsentVoice>();
   const EspeakOptions options{
       .locale = Locale(),
-      .no_sound = [] { Warn(EspeakSpeaker::kNoSound); },
+      .no_sound = [] { Warn(EspeakBackend::kNoSound); },
       .changed = changed,
       .engine = [] { return std::make_unique<EngineProcess>(EngineProgram(), Warn); }};
   auto voice = std::make_unique<EspeakVoice>(options, MakeOtherSpeakers(changed));

@@ -59,7 +59,7 @@ class Desktop {
   PurpleMessenger purple_;
   NotificationMessenger notifications_;
   FeedMessenger feed_;
-  MessengerSources messenger_;
+  SourceHub messenger_;
   DesktopConnections connections_;
   QtScreen screen_;
   DesktopTray tray_;

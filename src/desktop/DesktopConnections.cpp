@@ -9,7 +9,7 @@ constexpr const char* kGroupChats = "GroupChats";
 
 }  // namespace
 
-DesktopConnections::DesktopConnections(const MessengerSources& sources,
+DesktopConnections::DesktopConnections(const SourceHub& sources,
                                        NotificationMessenger& notifications,
                                        PurpleMessenger& purple, SpeechEngines engines,
                                        RegistryStore& store)

@@ -26,7 +26,7 @@ class DesktopConnections : public Connections {
   };
 
   // All of these outlive it. The sources say by it when one of them is another.
-  DesktopConnections(const MessengerSources& sources, NotificationMessenger& notifications,
+  DesktopConnections(const SourceHub& sources, NotificationMessenger& notifications,
                      PurpleMessenger& purple, SpeechEngines engines, RegistryStore& store);
 
   std::vector<Connection> Sources() override;
@@ -39,7 +39,7 @@ class DesktopConnections : public Connections {
   void SetGroupChats(bool on) override;
 
  private:
-  const MessengerSources& sources_;
+  const SourceHub& sources_;
   NotificationMessenger& notifications_;
   PurpleMessenger& purple_;
   SpeechEngines engines_;

@@ -11,7 +11,7 @@
 
 namespace brenwick {
 
-class SocketWatch : public DescriptorWatch {
+class SocketWatch : public ReadinessWatch {
  public:
   explicit SocketWatch(EndOfProgram& end);
 

@@ -26,7 +26,7 @@ std::unique_ptr<SoundOutput> MakeOutput(const EspeakOptions& options, int sample
 
 }  // namespace
 
-EspeakSpeaker::EspeakSpeaker(const EspeakOptions& options)
+EspeakBackend::EspeakBackend(const EspeakOptions& options)
     : engine_(options.engine ? options.engine() : std::make_unique<EspeakEngine>()),
       output_(MakeOutput(options, engine_->SampleRate())),
       to_file_(!options.wav_file.empty()),
@@ -41,13 +41,13 @@ EspeakSpeaker::EspeakSpeaker(const EspeakOptions& options)
 }
 
 // The engine names its voices by family, language and variant: "gmw/en-US+f2".
-std::string EspeakSpeaker::Language(std::size_t voice) const {
+std::string EspeakBackend::Language(std::size_t voice) const {
   const std::string& identifier = identifiers_.at(voice);
   const std::size_t start = identifier.rfind('/') + 1;
   return LowerCase(std::string_view(identifier).substr(start, identifier.find('+') - start));
 }
 
-std::size_t EspeakSpeaker::VoiceFor(const std::string& language) const {
+std::size_t EspeakBackend::VoiceFor(const std::string& language) const {
   std::size_t nearest = 0;
   int least = kOtherLanguage;
   for (std::size_t voice = 0; voice < identifiers_.size(); ++voice) {
@@ -59,27 +59,27 @@ std::size_t EspeakSpeaker::VoiceFor(const std::string& language) const {
   return nearest;
 }
 
-Connection EspeakSpeaker::State() const {
+Connection EspeakBackend::State() const {
   if (has_sound_) return {"eSpeak NG", ConnectionState::Attached, ""};
   return {"eSpeak NG", ConnectionState::Failed, kNoSound};
 }
 
-void EspeakSpeaker::ExpectSpeech() {
+void EspeakBackend::ExpectSpeech() {
   if (!to_file_ || has_sound_) return;
   throw Failure(kPathFileAccess, "The sound file can no longer be written", "Brenwick");
 }
 
 // Looking for the device takes a while, in which the program can start.
-void EspeakSpeaker::Prepare() {
+void EspeakBackend::Prepare() {
   LookForSound();
   if (!has_sound_ && no_sound_) no_sound_();
 }
 
 // What cannot be heard is left out: nobody else's sound would be.
-bool EspeakSpeaker::Say(std::u32string_view& text, const Manner& manner, const StopSign& stop) {
+bool EspeakBackend::Say(std::u32string_view& text, const Prosody& prosody, const StopToken& stop) {
   LookForSound();
   if (!has_sound_ || identifiers_.empty()) return true;
-  engine_->Use(identifiers_.at(manner.voice.value_or(0)), manner.rate, manner.volume);
+  engine_->Use(identifiers_.at(prosody.voice.value_or(0)), prosody.rate, prosody.volume);
   while (!stop.Raised()) {
     const std::string piece = NextPiece(text);
     if (piece.empty()) break;
@@ -88,13 +88,13 @@ bool EspeakSpeaker::Say(std::u32string_view& text, const Manner& manner, const S
   return true;
 }
 
-void EspeakSpeaker::LookForSound() {
+void EspeakBackend::LookForSound() {
   const bool sound = output_->Ready();
   if (has_sound_.exchange(sound) != sound && changed_) changed_();
 }
 
 // Hands samples to the output while nobody asks to stop; false once somebody does.
-bool EspeakSpeaker::Play(std::span<const std::int16_t> samples, const StopSign& stop) {
+bool EspeakBackend::Play(std::span<const std::int16_t> samples, const StopToken& stop) {
   while (!samples.empty() && !stop.Raised()) {
     samples = samples.subspan(output_->Write(samples));
     if (!samples.empty()) stop.Await(kRoomAgain);

@@ -37,7 +37,7 @@ struct EspeakOptions {
   std::function<std::unique_ptr<SoundOutput>(int sample_rate)> output = {};
 };
 
-class EspeakSpeaker final : public Speaker {
+class EspeakBackend final : public SpeechBackend {
  public:
   // What to tell the user while HasSound() is false.
   static constexpr const char* kNoSound =
@@ -45,7 +45,7 @@ class EspeakSpeaker final : public Speaker {
 
   // Raises kFileNotFound where the engine's data are not installed, kPathFileAccess where the WAV
   // file cannot be written.
-  explicit EspeakSpeaker(const EspeakOptions& options);
+  explicit EspeakBackend(const EspeakOptions& options);
 
   const std::vector<std::string>& Voices() const override { return descriptions_; }
   std::string Language(std::size_t voice) const override;
@@ -55,7 +55,7 @@ class EspeakSpeaker final : public Speaker {
   void ExpectSpeech() override;
 
   void Prepare() override;
-  bool Say(std::u32string_view& text, const Manner& manner, const StopSign& stop) override;
+  bool Say(std::u32string_view& text, const Prosody& prosody, const StopToken& stop) override;
   void Cut() override { output_->Cut(); }
   std::chrono::milliseconds Finish() override { return output_->Finish(); }
   void Rest() override {
@@ -71,7 +71,7 @@ class EspeakSpeaker final : public Speaker {
 
  private:
   void LookForSound();
-  bool Play(std::span<const std::int16_t> samples, const StopSign& stop);
+  bool Play(std::span<const std::int16_t> samples, const StopToken& stop);
 
   std::unique_ptr<SpeechEngine> engine_;
   std::unique_ptr<SoundOutput> output_;

@@ -13,7 +13,7 @@ namespace {
 
 constexpr double kWordsPerMinute = 175;
 
-// The engine speaks no slower than this, whatever number it is given. Below it SlowSpeech
+// The engine speaks no slower than this, whatever number it is given. Below it TimeStretch
 // stretches the finished sound.
 constexpr int kSlowestWordsPerMinute = espeakRATE_MINIMUM;
 

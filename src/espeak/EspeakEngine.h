@@ -31,7 +31,7 @@ class EspeakEngine : public SpeechEngine {
   int sample_rate_;
   std::string voice_;
   double stretching_speed_ = 1;
-  std::optional<SlowSpeech> slow_;
+  std::optional<TimeStretch> slow_;
   const Listener* listener_ = nullptr;
 };
 

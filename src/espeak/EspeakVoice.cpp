@@ -5,7 +5,7 @@
 namespace brenwick {
 namespace {
 
-EspeakVoice::Others InFront(std::unique_ptr<Speaker> first, EspeakVoice::Others others) {
+EspeakVoice::Others InFront(std::unique_ptr<SpeechBackend> first, EspeakVoice::Others others) {
   others.insert(others.begin(), std::move(first));
   return others;
 }
@@ -13,11 +13,11 @@ EspeakVoice::Others InFront(std::unique_ptr<Speaker> first, EspeakVoice::Others 
 }  // namespace
 
 EspeakVoice::EspeakVoice(const EspeakOptions& options, Others others)
-    : EspeakVoice(std::make_unique<EspeakSpeaker>(options), std::move(others)) {}
+    : EspeakVoice(std::make_unique<EspeakBackend>(options), std::move(others)) {}
 
-EspeakVoice::EspeakVoice(std::unique_ptr<EspeakSpeaker> espeak, Others others)
+EspeakVoice::EspeakVoice(std::unique_ptr<EspeakBackend> espeak, Others others)
     : QueuedVoice(InFront(std::move(espeak), std::move(others))),
-      espeak_(static_cast<EspeakSpeaker&>(First())) {}
+      espeak_(static_cast<EspeakBackend&>(First())) {}
 
 bool EspeakVoice::HasSound() {
   Queue().WaitUntilPrepared();

@@ -14,9 +14,9 @@ namespace brenwick {
 
 class EspeakVoice : public QueuedVoice {
  public:
-  using Others = std::vector<std::unique_ptr<Speaker>>;
+  using Others = std::vector<std::unique_ptr<SpeechBackend>>;
 
-  // Raises what EspeakSpeaker does, and kInvalidCall where another EspeakVoice has the engine.
+  // Raises what EspeakBackend does, and kInvalidCall where another EspeakVoice has the engine.
   explicit EspeakVoice(const EspeakOptions& options, Others others = {});
 
   // False while there is no sound device: what is spoken then is not heard. The device is looked
@@ -27,9 +27,9 @@ class EspeakVoice : public QueuedVoice {
   const VoicePair& Preferred() const { return espeak_.Preferred(); }
 
  private:
-  EspeakVoice(std::unique_ptr<EspeakSpeaker> espeak, Others others);
+  EspeakVoice(std::unique_ptr<EspeakBackend> espeak, Others others);
 
-  EspeakSpeaker& espeak_;
+  EspeakBackend& espeak_;
 };
 
 }  // namespace brenwick

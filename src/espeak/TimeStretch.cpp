@@ -6,27 +6,28 @@
 
 namespace brenwick {
 
-void SlowSpeech::Destroy::operator()(sonicStreamStruct* stream) const {
+void TimeStretch::Destroy::operator()(sonicStreamStruct* stream) const {
   sonicDestroyStream(stream);
 }
 
-SlowSpeech::SlowSpeech(int sample_rate, double speed) : stream_(sonicCreateStream(sample_rate, 1)) {
+TimeStretch::TimeStretch(int sample_rate, double speed)
+    : stream_(sonicCreateStream(sample_rate, 1)) {
   if (!stream_) throw std::bad_alloc();
   sonicSetSpeed(stream_.get(), static_cast<float>(speed));
 }
 
-std::vector<std::int16_t> SlowSpeech::Stretched(std::span<const std::int16_t> samples) {
+std::vector<std::int16_t> TimeStretch::Stretched(std::span<const std::int16_t> samples) {
   std::vector<std::int16_t> copy(samples.begin(), samples.end());
   sonicWriteShortToStream(stream_.get(), copy.data(), static_cast<int>(copy.size()));
   return Available();
 }
 
-std::vector<std::int16_t> SlowSpeech::Rest() {
+std::vector<std::int16_t> TimeStretch::Rest() {
   sonicFlushStream(stream_.get());
   return Available();
 }
 
-std::vector<std::int16_t> SlowSpeech::Available() {
+std::vector<std::int16_t> TimeStretch::Available() {
   std::vector<std::int16_t> samples(static_cast<std::size_t>(sonicSamplesAvailable(stream_.get())));
   const int read = samples.empty() ? 0
                                    : sonicReadShortFromStream(stream_.get(), samples.data(),

@@ -10,10 +10,10 @@ struct sonicStreamStruct;
 
 namespace brenwick {
 
-class SlowSpeech {
+class TimeStretch {
  public:
   // A speed of 0.5 makes the speech twice as long.
-  SlowSpeech(int sample_rate, double speed);
+  TimeStretch(int sample_rate, double speed);
 
   // The stretched form of what was given so far, except for the last few milliseconds.
   std::vector<std::int16_t> Stretched(std::span<const std::int16_t> samples);

@@ -7,12 +7,12 @@
 
 namespace brenwick {
 
-class DescriptorWatch {
+class ReadinessWatch {
  public:
-  DescriptorWatch() = default;
-  DescriptorWatch(const DescriptorWatch&) = delete;
-  DescriptorWatch& operator=(const DescriptorWatch&) = delete;
-  virtual ~DescriptorWatch() = default;
+  ReadinessWatch() = default;
+  ReadinessWatch(const ReadinessWatch&) = delete;
+  ReadinessWatch& operator=(const ReadinessWatch&) = delete;
+  virtual ~ReadinessWatch() = default;
 
   // From now on the handler is called on the program's thread while the descriptor is readable, and
   // once in any case, but not before this returns.

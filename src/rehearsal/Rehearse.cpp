@@ -48,7 +48,7 @@ std::unique_ptr<EspeakVoice> MakeEngine(const RehearsalOptions& options, std::os
   if (!options.real_voice) return nullptr;
   auto engine =
       std::make_unique<EspeakVoice>(EspeakOptions{Locale(), options.wav, options.realtime});
-  if (!engine->HasSound()) errors << EspeakSpeaker::kNoSound << '\n';
+  if (!engine->HasSound()) errors << EspeakBackend::kNoSound << '\n';
   return engine;
 }
 

@@ -14,8 +14,8 @@ std::string Without(const std::string& before, const std::string& text) {
 
 }  // namespace
 
-std::string RecentTexts::NewPart(const std::string& contact, const std::string& text,
-                                 bool replaces) {
+std::string RepeatFilter::NewPart(const std::string& contact, const std::string& text,
+                                  bool replaces) {
   std::deque<std::string>& texts = Of(contact);
   std::string part = text;
   if (replaces) {
@@ -31,7 +31,7 @@ std::string RecentTexts::NewPart(const std::string& contact, const std::string& 
 }
 
 // What was said of the contact, which is now the one heard last.
-std::deque<std::string>& RecentTexts::Of(const std::string& contact) {
+std::deque<std::string>& RepeatFilter::Of(const std::string& contact) {
   const auto known = std::find_if(said_.begin(), said_.end(),
                                   [&contact](const Said& each) { return each.contact == contact; });
   if (known == said_.end()) {

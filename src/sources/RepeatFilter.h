@@ -9,7 +9,7 @@ namespace brenwick {
 
 // Applications replace a notification that is still shown by the same one, or by one that has a
 // further message under the former ones, or above them. Only what is new is worth hearing.
-class RecentTexts {
+class RepeatFilter {
  public:
   static constexpr std::size_t kMost = 32;  // contacts
   // Of each, for several notifications of one contact may be shown at the same time.

@@ -19,9 +19,9 @@ struct Lowered {
 }  // namespace
 
 // What one source raises. It is copied, because it may have to wait.
-class MessengerSources::Relay : public MessengerListener {
+class SourceHub::Relay : public MessengerListener {
  public:
-  Relay(MessengerSources& all, MessengerSource& source) : all_(all), source_(source) {}
+  Relay(SourceHub& all, MessengerSource& source) : all_(all), source_(source) {}
 
   void OnTextReceived(const MessengerContact& sender, const std::string& header,
                       const std::string& text) override {
@@ -81,32 +81,31 @@ class MessengerSources::Relay : public MessengerListener {
     if (source_.Knows(contact.SigninName)) all_.heard_at_[contact.SigninName] = &source_;
   }
 
-  MessengerSources& all_;
+  SourceHub& all_;
   MessengerSource& source_;
 };
 
-MessengerSources::MessengerSources(std::vector<MessengerSource*> sources)
-    : sources_(std::move(sources)) {
+SourceHub::SourceHub(std::vector<MessengerSource*> sources) : sources_(std::move(sources)) {
   for (MessengerSource* source : sources_) {
     relays_.push_back(std::make_unique<Relay>(*this, *source));
   }
 }
 
-MessengerSources::~MessengerSources() { MessengerSources::Detach(); }
+SourceHub::~SourceHub() { SourceHub::Detach(); }
 
-void MessengerSources::Attach(MessengerListener& listener) {
+void SourceHub::Attach(MessengerListener& listener) {
   listener_ = &listener;
   for (std::size_t i = 0; i < sources_.size(); ++i) sources_[i]->Attach(*relays_[i]);
   told_ = MyStatus();
 }
 
-void MessengerSources::Detach() {
+void SourceHub::Detach() {
   listener_ = nullptr;
   waiting_.clear();
   for (MessengerSource* source : sources_) source->Detach();
 }
 
-std::int32_t MessengerSources::MyStatus() {
+std::int32_t SourceHub::MyStatus() {
   std::int32_t first = MSTATE_OFFLINE;
   for (auto source = sources_.rbegin(); source != sources_.rend(); ++source) {
     const std::int32_t state = (*source)->MyStatus();
@@ -115,14 +114,14 @@ std::int32_t MessengerSources::MyStatus() {
   return first;
 }
 
-std::string MessengerSources::MyName() {
+std::string SourceHub::MyName() {
   for (MessengerSource* source : sources_) {
     if (std::string name = source->MyName(); !name.empty()) return name;
   }
   return {};
 }
 
-void MessengerSources::InstantMessage(const std::string& contact) {
+void SourceHub::InstantMessage(const std::string& contact) {
   const auto heard = heard_at_.find(contact);
   if (heard != heard_at_.end() && heard->second->Knows(contact)) {
     return heard->second->InstantMessage(contact);
@@ -137,13 +136,13 @@ void MessengerSources::InstantMessage(const std::string& contact) {
 }
 
 // What the user is depends on all sources.
-void MessengerSources::OwnStateChanged() {
+void SourceHub::OwnStateChanged() {
   const std::int32_t state = MyStatus();
   if (std::exchange(told_, state) == state) return;
   Raise([state](L& listener) { listener.OnLocalStateChangeResult(state); });
 }
 
-void MessengerSources::Raise(Event event) {
+void SourceHub::Raise(Event event) {
   if (listener_ == nullptr) return;
   waiting_.push_back(std::move(event));
   if (std::exchange(handling_, true)) return;

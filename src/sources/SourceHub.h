@@ -17,11 +17,11 @@
 
 namespace brenwick {
 
-class MessengerSources : public MessengerClient {
+class SourceHub : public MessengerClient {
  public:
   // The sources outlive this. Where it matters the earlier one wins.
-  explicit MessengerSources(std::vector<MessengerSource*> sources);
-  ~MessengerSources() override;
+  explicit SourceHub(std::vector<MessengerSource*> sources);
+  ~SourceHub() override;
 
   void Attach(MessengerListener& listener) override;
   void Detach() override;

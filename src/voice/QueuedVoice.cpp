@@ -8,8 +8,8 @@
 namespace brenwick {
 namespace {
 
-std::vector<Speaker*> Pointers(const std::vector<std::unique_ptr<Speaker>>& speakers) {
-  std::vector<Speaker*> pointers;
+std::vector<SpeechBackend*> Pointers(const std::vector<std::unique_ptr<SpeechBackend>>& speakers) {
+  std::vector<SpeechBackend*> pointers;
   pointers.reserve(speakers.size());
   for (const auto& speaker : speakers) pointers.push_back(speaker.get());
   return pointers;
@@ -17,13 +17,13 @@ std::vector<Speaker*> Pointers(const std::vector<std::unique_ptr<Speaker>>& spea
 
 }  // namespace
 
-QueuedVoice::QueuedVoice(std::vector<std::unique_ptr<Speaker>> speakers)
+QueuedVoice::QueuedVoice(std::vector<std::unique_ptr<SpeechBackend>> speakers)
     : speakers_(std::move(speakers)), queue_(Pointers(speakers_)) {
   ListVoices();
 }
 
 void QueuedVoice::ListVoices() {
-  Speaker* const first = speakers_.front().get();
+  SpeechBackend* const first = speakers_.front().get();
   for (const auto& speaker : speakers_) {
     const std::vector<std::string>& voices = speaker->Voices();
     descriptions_.insert(descriptions_.end(), voices.begin(), voices.end());
@@ -45,12 +45,12 @@ void QueuedVoice::SetVoice(std::size_t index) {
 
 void QueuedVoice::SetRate(int rate) {
   if (rate < -10 || rate > 10) throw Failure(kInvalidCall);
-  manner_.rate = rate;
+  prosody_.rate = rate;
 }
 
 void QueuedVoice::SetVolume(int volume) {
   if (volume < 0 || volume > 100) throw Failure(kInvalidCall);
-  manner_.volume = volume;
+  prosody_.volume = volume;
 }
 
 void QueuedVoice::Speak(const std::string& text, int flags) {
@@ -58,10 +58,10 @@ void QueuedVoice::Speak(const std::string& text, int flags) {
   if ((flags & SVSFPurgeBeforeSpeak) != 0) queue_.Purge();
   if (text.empty() || places_.empty()) return;
   const Place& place = places_[voice_];
-  Sentence sentence{text,    (flags & SVSFIsXML) != 0, place.speaker,
-                    manner_, place.stand_in,           manner_};
-  sentence.manner.voice = place.voice;
-  sentence.stand_in_manner.voice = place.stand_in_voice;
+  Sentence sentence{text,     (flags & SVSFIsXML) != 0, place.speaker,
+                    prosody_, place.stand_in,           prosody_};
+  sentence.prosody.voice = place.voice;
+  sentence.stand_in_prosody.voice = place.stand_in_voice;
   queue_.Add(std::move(sentence));
 }
 
@@ -72,16 +72,16 @@ std::vector<Connection> QueuedVoice::Engines() const {
 }
 
 void QueuedVoice::TestEngine(std::size_t index, const std::string& sentence) {
-  Speaker& speaker = *speakers_.at(index);
-  Manner manner = manner_;
-  manner.voice.reset();
-  manner.try_anyway = true;
+  SpeechBackend& speaker = *speakers_.at(index);
+  Prosody prosody = prosody_;
+  prosody.voice.reset();
+  prosody.try_anyway = true;
   if (!places_.empty() && places_[voice_].speaker == &speaker) {
-    manner.voice = places_[voice_].voice;
+    prosody.voice = places_[voice_].voice;
   } else if (!speaker.Voices().empty()) {
-    manner.voice = 0;
+    prosody.voice = 0;
   }
-  queue_.Add({.text = sentence, .speaker = &speaker, .manner = manner});
+  queue_.Add({.text = sentence, .speaker = &speaker, .prosody = prosody});
 }
 
 }  // namespace brenwick

@@ -16,15 +16,15 @@ class QueuedVoice : public SpVoice {
  public:
   // The list of voices is that of the first speaker, then that of the second, and so on. What
   // another speaker fails to say, the first one says in the nearest language it has.
-  explicit QueuedVoice(std::vector<std::unique_ptr<Speaker>> speakers);
+  explicit QueuedVoice(std::vector<std::unique_ptr<SpeechBackend>> speakers);
 
   const std::vector<std::string>& GetVoices() override { return descriptions_; }
   void SetVoice(std::size_t index) override;
   void SetRate(int rate) override;
   void SetVolume(int volume) override;
   std::size_t Voice() const override { return voice_; }
-  int Rate() const override { return manner_.rate; }
-  int Volume() const override { return manner_.volume; }
+  int Rate() const override { return prosody_.rate; }
+  int Volume() const override { return prosody_.volume; }
 
   // SVSFlagsAsync changes nothing: it never waits. With SVSFIsXML entities in the text stand for
   // their characters; there are no tags.
@@ -42,25 +42,25 @@ class QueuedVoice : public SpVoice {
   void TestEngine(std::size_t index, const std::string& sentence);
 
  protected:
-  Speaker& First() { return *speakers_.front(); }
+  SpeechBackend& First() { return *speakers_.front(); }
   SpeechQueue& Queue() { return queue_; }
 
  private:
   // A place in the list.
   struct Place {
-    Speaker* speaker;
+    SpeechBackend* speaker;
     std::size_t voice;
-    Speaker* stand_in;
+    SpeechBackend* stand_in;
     std::size_t stand_in_voice;
   };
 
   void ListVoices();
 
-  const std::vector<std::unique_ptr<Speaker>> speakers_;
+  const std::vector<std::unique_ptr<SpeechBackend>> speakers_;
   std::vector<std::string> descriptions_;
   std::vector<Place> places_;
   std::size_t voice_ = 0;
-  Manner manner_;
+  Prosody prosody_;
   // The last, so that its thread has ended when the speakers go.
   SpeechQueue queue_;
 };

@@ -14,19 +14,19 @@
 namespace brenwick {
 
 // How a sentence is said.
-struct Manner {
+struct Prosody {
   std::optional<std::size_t> voice;  // an index into the speaker's own voices; none: its usual one
   int rate = 0;                      // −10..10
   int volume = 100;                  // 0..100
   bool try_anyway = false;           // even by a speaker that has failed a moment ago
 };
 
-class Speaker {
+class SpeechBackend {
  public:
-  Speaker() = default;
-  Speaker(const Speaker&) = delete;
-  Speaker& operator=(const Speaker&) = delete;
-  virtual ~Speaker() = default;
+  SpeechBackend() = default;
+  SpeechBackend(const SpeechBackend&) = delete;
+  SpeechBackend& operator=(const SpeechBackend&) = delete;
+  virtual ~SpeechBackend() = default;
 
   // These are called on any thread.
 
@@ -49,7 +49,7 @@ class Speaker {
   // Says the text, which SpeakableText has made, and takes from its front what has been said. It
   // returns when the text lies ready to be heard, or soon after the sign has been raised. False
   // where it cannot speak; what is left of the text has not been said then.
-  virtual bool Say(std::u32string_view& text, const Manner& manner, const StopSign& stop) = 0;
+  virtual bool Say(std::u32string_view& text, const Prosody& prosody, const StopToken& stop) = 0;
 
   // Forgets what was said and has not been heard yet.
   virtual void Cut() = 0;

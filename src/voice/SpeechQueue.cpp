@@ -12,7 +12,7 @@ constexpr std::chrono::seconds kRestAfter{10};
 
 }  // namespace
 
-SpeechQueue::SpeechQueue(std::vector<Speaker*> speakers)
+SpeechQueue::SpeechQueue(std::vector<SpeechBackend*> speakers)
     : speakers_(std::move(speakers)), thread_([this] { Work(); }) {}
 
 SpeechQueue::~SpeechQueue() {
@@ -56,7 +56,7 @@ bool SpeechQueue::WaitUntilSilent(std::chrono::milliseconds timeout) {
 }
 
 void SpeechQueue::Work() {
-  for (Speaker* speaker : speakers_) speaker->Prepare();
+  for (SpeechBackend* speaker : speakers_) speaker->Prepare();
   std::unique_lock lock(mutex_);
   prepared_ = true;
   silence_.notify_all();
@@ -93,7 +93,7 @@ void SpeechQueue::FallSilent(std::unique_lock<std::mutex>& lock) {
   silence_.notify_all();
   if (work_.wait_for(lock, kRestAfter, has_work)) return;
   lock.unlock();
-  for (Speaker* speaker : speakers_) speaker->Rest();
+  for (SpeechBackend* speaker : speakers_) speaker->Rest();
   lock.lock();
   work_.wait(lock, has_work);
 }
@@ -101,17 +101,17 @@ void SpeechQueue::FallSilent(std::unique_lock<std::mutex>& lock) {
 void SpeechQueue::Say(const Sentence& sentence) {
   const std::u32string text = SpeakableText(sentence.text, sentence.entities);
   std::u32string_view rest = text;
-  if (Say(*sentence.speaker, rest, sentence.manner) || !sentence.stand_in) return;
-  Say(*sentence.stand_in, rest, sentence.stand_in_manner);
+  if (Say(*sentence.speaker, rest, sentence.prosody) || !sentence.stand_in) return;
+  Say(*sentence.stand_in, rest, sentence.stand_in_prosody);
 }
 
-bool SpeechQueue::Say(Speaker& speaker, std::u32string_view& text, const Manner& manner) {
+bool SpeechQueue::Say(SpeechBackend& speaker, std::u32string_view& text, const Prosody& prosody) {
   if (speaking_ && speaking_ != &speaker) {
     if (stop_.Await(speaking_->Finish())) return true;
     speaking_->Rest();
   }
   speaking_ = &speaker;
-  return speaker.Say(text, manner, stop_);
+  return speaker.Say(text, prosody, stop_);
 }
 
 }  // namespace brenwick

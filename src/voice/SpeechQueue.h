@@ -19,18 +19,18 @@ namespace brenwick {
 struct Sentence {
   std::string text;
   bool entities = false;  // &amp; and its like stand for their characters
-  Speaker* speaker = nullptr;
-  Manner manner = {};
+  SpeechBackend* speaker = nullptr;
+  Prosody prosody = {};
   // Says what the speaker could not; nullptr where it had better not be said.
-  Speaker* stand_in = nullptr;
-  Manner stand_in_manner = {};
+  SpeechBackend* stand_in = nullptr;
+  Prosody stand_in_prosody = {};
 };
 
 class SpeechQueue {
  public:
   // Calls Prepare of each speaker, in their order, before any of them says a sentence. They are
   // there for as long as the queue is.
-  explicit SpeechQueue(std::vector<Speaker*> speakers);
+  explicit SpeechQueue(std::vector<SpeechBackend*> speakers);
   // Stops in the middle of a word.
   ~SpeechQueue();
   SpeechQueue(const SpeechQueue&) = delete;
@@ -52,10 +52,10 @@ class SpeechQueue {
   void WorkOnce(std::unique_lock<std::mutex>& lock);
   void FallSilent(std::unique_lock<std::mutex>& lock);
   void Say(const Sentence& sentence);
-  bool Say(Speaker& speaker, std::u32string_view& text, const Manner& manner);
+  bool Say(SpeechBackend& speaker, std::u32string_view& text, const Prosody& prosody);
 
-  const std::vector<Speaker*> speakers_;
-  Speaker* speaking_ = nullptr;  // the last one that did
+  const std::vector<SpeechBackend*> speakers_;
+  SpeechBackend* speaking_ = nullptr;  // the last one that did
 
   // These are shared with the thread that speaks.
   std::mutex mutex_;
@@ -66,7 +66,7 @@ class SpeechQueue {
   bool closing_ = false;  // the thread is to end
   bool silent_ = true;
   bool prepared_ = false;
-  StopSign stop_;  // raised while cut_ or closing_ is set
+  StopToken stop_;  // raised while cut_ or closing_ is set
   std::thread thread_;
 };
 

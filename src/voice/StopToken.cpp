@@ -9,24 +9,24 @@
 
 namespace brenwick {
 
-StopSign::StopSign() : descriptor_(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
+StopToken::StopToken() : descriptor_(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
   if (descriptor_ < 0) throw std::system_error(errno, std::generic_category(), "eventfd");
 }
 
-StopSign::~StopSign() { ::close(descriptor_); }
+StopToken::~StopToken() { ::close(descriptor_); }
 
-void StopSign::Raise() {
+void StopToken::Raise() {
   raised_ = true;
   ::eventfd_write(descriptor_, 1);
 }
 
-void StopSign::Lower() {
+void StopToken::Lower() {
   eventfd_t times = 0;
   ::eventfd_read(descriptor_, &times);
   raised_ = false;
 }
 
-bool StopSign::Await(std::chrono::milliseconds time) const {
+bool StopToken::Await(std::chrono::milliseconds time) const {
   pollfd waiting{descriptor_, POLLIN, 0};
   ::poll(&waiting, 1, static_cast<int>(time.count()));
   return raised_;

@@ -7,12 +7,12 @@
 namespace brenwick {
 
 // Any thread may raise and lower it; who works looks at it, or waits at it.
-class StopSign {
+class StopToken {
  public:
-  StopSign();
-  ~StopSign();
-  StopSign(const StopSign&) = delete;
-  StopSign& operator=(const StopSign&) = delete;
+  StopToken();
+  ~StopToken();
+  StopToken(const StopToken&) = delete;
+  StopToken& operator=(const StopToken&) = delete;
 
   void Raise();
   void Lower();

@@ -47,10 +47,10 @@ class DispatchedVoice : public EspeakVoice {
   // It asks a server that has failed again at once.
   explicit DispatchedVoice(const PrivateDispatcher& server,
                            std::chrono::milliseconds answer = SsipConnection::kPatience)
-      : DispatchedVoice(server, DispatcherPatience{.answer = answer, .retry = {}}) {}
-  DispatchedVoice(const PrivateDispatcher& server, const DispatcherPatience& patience)
+      : DispatchedVoice(server, SpeechdPatience{.answer = answer, .retry = {}}) {}
+  DispatchedVoice(const PrivateDispatcher& server, const SpeechdPatience& patience)
       : DispatchedVoice(server, server.Address(), patience, std::make_shared<Notes>()) {}
-  DispatchedVoice(const PrivateDispatcher& server, const DispatcherAddress& address)
+  DispatchedVoice(const PrivateDispatcher& server, const SpeechdAddress& address)
       : DispatchedVoice(server, address, {}, std::make_shared<Notes>()) {}
 
   std::vector<std::string> Told() const {
@@ -79,8 +79,8 @@ class DispatchedVoice : public EspeakVoice {
     std::vector<std::string> told;
   };
 
-  DispatchedVoice(const PrivateDispatcher& server, const DispatcherAddress& address,
-                  const DispatcherPatience& patience, const std::shared_ptr<Notes>& notes)
+  DispatchedVoice(const PrivateDispatcher& server, const SpeechdAddress& address,
+                  const SpeechdPatience& patience, const std::shared_ptr<Notes>& notes)
       : EspeakVoice({.locale = "en_US.UTF-8",
                      .engine = [file = server.Inside(
                                     "said")] { return std::make_unique<NotingEngine>(file); },
@@ -88,20 +88,19 @@ class DispatchedVoice : public EspeakVoice {
                     Others(server, address, patience, notes)),
         notes_(notes) {}
 
-  static EspeakVoice::Others Others(const PrivateDispatcher& server,
-                                    const DispatcherAddress& address,
-                                    const DispatcherPatience& patience,
+  static EspeakVoice::Others Others(const PrivateDispatcher& server, const SpeechdAddress& address,
+                                    const SpeechdPatience& patience,
                                     const std::shared_ptr<Notes>& notes) {
     EspeakVoice::Others others;
-    others.push_back(std::make_unique<DispatcherSpeaker>(
-        DispatcherOptions{.address = address,
-                          .locale = "en_US.UTF-8",
-                          .memory = server.Inside("state/voices"),
-                          .patience = patience,
-                          .tell = [notes](const std::string& message) {
-                            const std::lock_guard lock(notes->mutex);
-                            notes->told.push_back(message);
-                          }}));
+    others.push_back(std::make_unique<SpeechdBackend>(
+        SpeechdOptions{.address = address,
+                       .locale = "en_US.UTF-8",
+                       .memory = server.Inside("state/voices"),
+                       .patience = patience,
+                       .tell = [notes](const std::string& message) {
+                         const std::lock_guard lock(notes->mutex);
+                         notes->told.push_back(message);
+                       }}));
     return others;
   }
 

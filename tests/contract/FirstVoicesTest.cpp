@@ -1,5 +1,5 @@
 // What a user hears who has chosen no voices yet.
-#include "desktop/FirstVoices.h"
+#include "linux/FirstVoices.h"
 
 #include <gtest/gtest.h>
 

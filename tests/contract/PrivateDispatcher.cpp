@@ -21,7 +21,7 @@ constexpr const char* kEngine = BRENWICK_SOURCE_DIR "/tests/contract/engines/spe
 // What speaks in the place of an engine that has died, and says nothing but that.
 constexpr const char* kDummy = "dummy";
 
-bool TakesConnections(const DispatcherAddress& address) {
+bool TakesConnections(const SpeechdAddress& address) {
   try {
     const SsipConnection connection(address);
     return true;
@@ -109,8 +109,8 @@ void PrivateDispatcher::Continue() { ::kill(server_, SIGCONT); }
 
 void PrivateDispatcher::AskForVoices() const {
   std::promise<void> asked;
-  DispatcherMemory memory(Address(), Inside("state/voices"),
-                          [&](bool, bool) { asked.set_value(); });
+  SpeechdVoiceCache memory(Address(), Inside("state/voices"),
+                           [&](bool, bool) { asked.set_value(); });
   memory.Refresh();
   asked.get_future().wait();
 }

@@ -51,7 +51,7 @@ class PrivateDispatcher {
   // speaks German, and "Kal One", who speaks American English.
   void SetVoices(const std::vector<std::string>& voices);
 
-  DispatcherAddress Address() const { return {Socket(), "", 0, true}; }
+  SpeechdAddress Address() const { return {Socket(), "", 0, true}; }
   std::string Socket() const { return Inside("speech-dispatcher/speechd.sock"); }
   const std::string& Folder() const { return folder_.Path(); }
   std::string Inside(const std::string& name) const { return folder_.Inside(name); }

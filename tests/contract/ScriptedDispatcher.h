@@ -36,7 +36,7 @@ class ListeningSocket {
   ListeningSocket(const ListeningSocket&) = delete;
   ListeningSocket& operator=(const ListeningSocket&) = delete;
 
-  DispatcherAddress Address() const { return {folder_.Inside("socket"), "", 0, true}; }
+  SpeechdAddress Address() const { return {folder_.Inside("socket"), "", 0, true}; }
   int Descriptor() const { return descriptor_; }
   int Accept() const { return ::accept(descriptor_, nullptr, nullptr); }
 
@@ -58,7 +58,7 @@ class ScriptedDispatcher {
     thread_.join();
   }
 
-  DispatcherAddress Address() const { return socket_.Address(); }
+  SpeechdAddress Address() const { return socket_.Address(); }
 
  private:
   void Serve() {
@@ -97,7 +97,7 @@ class ScriptedDispatcher {
   const Answers answers_;
   const ListeningSocket socket_;
   std::map<int, std::string> clients_;  // what each has sent and is not answered yet
-  StopSign stop_;
+  StopToken stop_;
   std::thread thread_;
 };
 

@@ -47,7 +47,7 @@ class Events {
 };
 
 // Says "hold" until it is stopped, nothing that it cannot say, and only the front of "half".
-class Sayer : public Speaker {
+class Sayer : public SpeechBackend {
  public:
   Sayer(std::string name, Events& events) : name_(std::move(name)), events_(events) {}
   // One that has no voices.
@@ -61,9 +61,9 @@ class Sayer : public Speaker {
   }
   Connection State() const override { return {name_, ConnectionState::Attached, ""}; }
 
-  bool Say(std::u32string_view& text, const Manner& manner, const StopSign& stop) override {
+  bool Say(std::u32string_view& text, const Prosody& prosody, const StopToken& stop) override {
     const std::string said = ToUtf8(text);
-    events_.Add(name_ + std::to_string(manner.voice.value_or(9)) + " " + said);
+    events_.Add(name_ + std::to_string(prosody.voice.value_or(9)) + " " + said);
     if (said == "hold") {
       EXPECT_TRUE(stop.Await(kLongEnough));
     } else if (said == "half") {
@@ -93,7 +93,7 @@ class Sayer : public Speaker {
 class SpeechQueueTest : public testing::Test {
  protected:
   SpeechQueueTest() {
-    std::vector<std::unique_ptr<Speaker>> speakers;
+    std::vector<std::unique_ptr<SpeechBackend>> speakers;
     for (const char* name : {"A", "B"}) {
       auto sayer = std::make_unique<Sayer>(name, events_);
       sayers_.push_back(sayer.get());
@@ -199,7 +199,7 @@ TEST_F(SpeechQueueTest, TestsASpeakerAloneWithTheChosenVoiceOrItsFirst) {
 
 TEST(QueuedVoiceTest, TestsASpeakerWhereNobodyHasAVoice) {
   Events events;
-  std::vector<std::unique_ptr<Speaker>> speakers;
+  std::vector<std::unique_ptr<SpeechBackend>> speakers;
   speakers.push_back(std::make_unique<Sayer>(events, std::vector<std::string>()));
   QueuedVoice voice(std::move(speakers));
   voice.TestEngine(0, "x");

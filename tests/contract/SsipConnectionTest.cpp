@@ -27,7 +27,7 @@ class Script {
   Script(const Script&) = delete;
   Script& operator=(const Script&) = delete;
 
-  DispatcherAddress Address() const { return socket_.Address(); }
+  SpeechdAddress Address() const { return socket_.Address(); }
 
   void Say(const std::string& bytes) {
     if (connected_ < 0) connected_ = socket_.Accept();
@@ -85,7 +85,7 @@ TEST(SsipConnection, KeepsWhatHappensForWhoeverAwaitsIt) {
 TEST(SsipConnection, IsStoppedByTheSign) {
   Script server;
   SsipConnection connection(server.Address(), kLongEnough);
-  StopSign stop;
+  StopToken stop;
   stop.Raise();
   EXPECT_THROW(connection.Ask("LIST", &stop), SsipStopped);
   EXPECT_EQ(connection.Await("1", kLongEnough, &stop), std::nullopt);
@@ -124,7 +124,7 @@ TEST(SsipConnection, TellsWhatIsWrong) {
 }
 
 TEST(SsipConnection, TellsWhereThereIsNoServer) {
-  const auto trouble_at = [](const DispatcherAddress& address) {
+  const auto trouble_at = [](const SpeechdAddress& address) {
     return TroubleOf([&] { const SsipConnection connection(address); });
   };
   const std::string missing = "Speech Dispatcher is not running";
@@ -139,7 +139,7 @@ TEST(SsipConnection, TellsWhereThereIsNoServer) {
   socklen_t size = sizeof address;
   ASSERT_EQ(::bind(bound, reinterpret_cast<const sockaddr*>(&address), size), 0);
   ASSERT_EQ(::getsockname(bound, reinterpret_cast<sockaddr*>(&address), &size), 0);
-  const DispatcherAddress port{"", "127.0.0.1", ntohs(address.sin_port), true};
+  const SpeechdAddress port{"", "127.0.0.1", ntohs(address.sin_port), true};
   EXPECT_EQ(trouble_at(port), missing);
   ASSERT_EQ(::listen(bound, 1), 0);
   EXPECT_EQ(trouble_at(port), "none");

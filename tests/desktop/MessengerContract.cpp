@@ -135,7 +135,7 @@ class SeveralStage : public Stage {
 
   NotificationStage notifications_;
   FeedStage feed_;
-  MessengerSources messenger_{{&SourceOf(notifications_), &SourceOf(feed_)}};
+  SourceHub messenger_{{&SourceOf(notifications_), &SourceOf(feed_)}};
 };
 
 struct Implementation {

@@ -10,8 +10,8 @@ namespace brenwick {
 class WebServer {
  public:
   // The manners stand in web_server.py.
-  explicit WebServer(const char* manner)
-      : server_("/usr/bin/python3", {BRENWICK_SOURCE_DIR "/tests/desktop/web_server.py", manner}),
+  explicit WebServer(const char* prosody)
+      : server_("/usr/bin/python3", {BRENWICK_SOURCE_DIR "/tests/desktop/web_server.py", prosody}),
         port_(server_.Line()) {}
   WebServer(const WebServer&) = delete;
   WebServer& operator=(const WebServer&) = delete;

@@ -58,7 +58,7 @@ std::shared_ptr<BusConnection> Monitor(const std::string& address) {
 }  // namespace
 
 NotificationMessenger::NotificationMessenger(std::string busAddress, RegistryStore& store,
-                                             DescriptorWatch& watch)
+                                             ReadinessWatch& watch)
     : bus_address_(std::move(busAddress)), watch_(watch), applications_(store) {}
 
 NotificationMessenger::~NotificationMessenger() { NotificationMessenger::Detach(); }

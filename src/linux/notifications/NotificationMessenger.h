@@ -26,7 +26,7 @@ class NotificationMessenger : public MessengerSource {
   static constexpr const char* kName = "Notifications";
 
   // The store and the watch outlive this.
-  NotificationMessenger(std::string busAddress, RegistryStore& store, DescriptorWatch& watch);
+  NotificationMessenger(std::string busAddress, RegistryStore& store, ReadinessWatch& watch);
   ~NotificationMessenger() override;
 
   // Of an application that is attached directly nothing is raised here, so that it is not heard
@@ -64,9 +64,9 @@ class NotificationMessenger : public MessengerSource {
   void StateMayHaveChanged();
 
   std::string bus_address_;
-  DescriptorWatch& watch_;
+  ReadinessWatch& watch_;
   SeenApplications applications_;
-  RecentTexts said_;
+  RepeatFilter said_;
   MessengerListener* listener_ = nullptr;
   std::shared_ptr<BusConnection> monitor_;
   std::unique_ptr<BusConnection> tester_;

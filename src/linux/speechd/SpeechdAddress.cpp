@@ -47,10 +47,9 @@ bool OnPath(const std::string& program) {
 
 }  // namespace
 
-DispatcherAddress DispatcherAddressIn(std::string_view speechd_address,
-                                      std::string_view runtime_folder) {
-  DispatcherAddress address{std::string(runtime_folder) + std::string(kSocketInRuntimeFolder), "",
-                            0, !speechd_address.empty()};
+SpeechdAddress SpeechdAddressIn(std::string_view speechd_address, std::string_view runtime_folder) {
+  SpeechdAddress address{std::string(runtime_folder) + std::string(kSocketInRuntimeFolder), "", 0,
+                         !speechd_address.empty()};
   const std::string method = TakePart(speechd_address);
   if (method == "inet_socket") {
     const std::string host = TakePart(speechd_address);
@@ -63,11 +62,11 @@ DispatcherAddress DispatcherAddressIn(std::string_view speechd_address,
   return address;
 }
 
-DispatcherAddress DispatcherAddressOfSession() {
-  return DispatcherAddressIn(Variable("SPEECHD_ADDRESS"), RuntimeFolder());
+SpeechdAddress SpeechdAddressOfSession() {
+  return SpeechdAddressIn(Variable("SPEECHD_ADDRESS"), RuntimeFolder());
 }
 
-bool DispatcherMayBeThere(const DispatcherAddress& address) {
+bool SpeechdMayBeThere(const SpeechdAddress& address) {
   std::error_code none;
   return address.given || std::filesystem::exists(address.socket, none) ||
          OnPath("speech-dispatcher");

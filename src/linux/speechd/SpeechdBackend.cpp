@@ -48,7 +48,7 @@ milliseconds TimeOf(char32_t character) {
 
 bool IsOver(std::u32string_view text) { return NextPiece(text).empty(); }
 
-std::vector<std::string> Commands(const DispatcherVoiceEntry* voice, const Manner& manner) {
+std::vector<std::string> Commands(const SpeechdVoiceEntry* voice, const Prosody& prosody) {
   constexpr int kRateSteps = 10;
   std::vector<std::string> commands;
   const auto set = [&](const std::string& what, const std::string& value) {
@@ -60,8 +60,8 @@ std::vector<std::string> Commands(const DispatcherVoiceEntry* voice, const Manne
     set("SYNTHESIS_VOICE", voice->name);
   }
   // −100 to 100 each.
-  set("RATE", std::to_string(kRateSteps * manner.rate));
-  set("VOLUME", std::to_string(2 * manner.volume - 100));
+  set("RATE", std::to_string(kRateSteps * prosody.rate));
+  set("VOLUME", std::to_string(2 * prosody.volume - 100));
   return commands;
 }
 
@@ -74,21 +74,21 @@ milliseconds UsualTime(std::string_view text, int rate) {
   return milliseconds(std::lround(static_cast<double>(time.count()) * slowness));
 }
 
-DispatcherSpeaker::DispatcherSpeaker(DispatcherOptions options)
+SpeechdBackend::SpeechdBackend(SpeechdOptions options)
     : options_(std::move(options)),
       retry_after_(options_.patience.retry),
       memory_(options_.address, options_.memory,
               [this](bool reached, bool news) { VoicesAsked(reached, news); }) {
-  if (!DispatcherMayBeThere(options_.address)) {
+  if (!SpeechdMayBeThere(options_.address)) {
     detail_ = "It is not installed";
     return;
   }
   voices_ = ArrangedVoices(memory_.Voices(), options_.locale);
-  for (const DispatcherVoiceEntry& voice : voices_) descriptions_.push_back(voice.description);
+  for (const SpeechdVoiceEntry& voice : voices_) descriptions_.push_back(voice.description);
   memory_.Refresh();
 }
 
-std::size_t DispatcherSpeaker::VoiceFor(const std::string& language) const {
+std::size_t SpeechdBackend::VoiceFor(const std::string& language) const {
   const auto nearest =
       std::min_element(voices_.begin(), voices_.end(), [&](const auto& a, const auto& b) {
         return TagDistance(LanguageTag(a.language), language) <
@@ -97,19 +97,19 @@ std::size_t DispatcherSpeaker::VoiceFor(const std::string& language) const {
   return static_cast<std::size_t>(nearest - voices_.begin());
 }
 
-Connection DispatcherSpeaker::State() const {
+Connection SpeechdBackend::State() const {
   const std::lock_guard lock(mutex_);
   return {kName, state_, state_ == ConnectionState::Attached && news_ ? kNews : detail_};
 }
 
 // A sentence that gets further with each try is tried on.
-bool DispatcherSpeaker::Say(std::u32string_view& text, const Manner& manner, const StopSign& stop) {
-  if (!manner.try_anyway && steady_clock::now() < retry_at_) return false;
+bool SpeechdBackend::Say(std::u32string_view& text, const Prosody& prosody, const StopToken& stop) {
+  if (!prosody.try_anyway && steady_clock::now() < retry_at_) return false;
   int tries = State().State == ConnectionState::Failed ? 1 : kTries;
   std::size_t left = text.size();
   for (int failures = 0; failures < tries;) {
     try {
-      SayAll(text, manner, stop);
+      SayAll(text, prosody, stop);
       return true;
     } catch (const SsipStopped&) {
       connection_.reset();
@@ -128,35 +128,35 @@ bool DispatcherSpeaker::Say(std::u32string_view& text, const Manner& manner, con
   return false;
 }
 
-void DispatcherSpeaker::Lose(const SsipTrouble& trouble) {
+void SpeechdBackend::Lose(const SsipTrouble& trouble) {
   connection_.reset();
   doubtful_ = true;
   trouble_ = trouble.what();
 }
 
-void DispatcherSpeaker::LeaveAlone() {
+void SpeechdBackend::LeaveAlone() {
   retry_at_ = steady_clock::now() + retry_after_;
-  retry_after_ = std::min<milliseconds>(2 * retry_after_, DispatcherPatience::kLongestRetry);
+  retry_after_ = std::min<milliseconds>(2 * retry_after_, SpeechdPatience::kLongestRetry);
   SetState(ConnectionState::Failed, trouble_);
 }
 
-void DispatcherSpeaker::SayAll(std::u32string_view& text, const Manner& manner,
-                               const StopSign& stop) {
+void SpeechdBackend::SayAll(std::u32string_view& text, const Prosody& prosody,
+                            const StopToken& stop) {
   Connect(stop);
-  Use(manner, stop);
+  Use(prosody, stop);
   bool again = false;  // the piece was begun before, and hardly heard
   while (!stop.Raised()) {
     std::u32string_view rest = text;
     const std::string piece = NextPiece(rest);
     if (piece.empty()) return;
-    const Outcome outcome = SayPiece(piece, manner, stop);
+    const Outcome outcome = SayPiece(piece, prosody, stop);
     if (outcome == Outcome::Silenced) return;
     if (outcome == Outcome::HardlyHeard && !std::exchange(again, true)) continue;
     again = false;
     const std::u32string_view before = std::exchange(text, rest);
     // What has been said is not said again even where the question behind it remains unanswered.
     if (outcome != Outcome::Said || stop.Raised()) continue;
-    if (steady_clock::now() >= check_again_at_ && !HasEngine(manner, stop)) {
+    if (steady_clock::now() >= check_again_at_ && !HasEngine(prosody, stop)) {
       text = before;
       throw SsipTrouble(kNoEngineThere);
     }
@@ -166,7 +166,7 @@ void DispatcherSpeaker::SayAll(std::u32string_view& text, const Manner& manner,
   }
 }
 
-void DispatcherSpeaker::Connect(const StopSign& stop) {
+void SpeechdBackend::Connect(const StopToken& stop) {
   if (connection_) return;
   in_use_.clear();
   try {
@@ -182,40 +182,40 @@ void DispatcherSpeaker::Connect(const StopSign& stop) {
   memory_.Refresh();
 }
 
-void DispatcherSpeaker::Use(const Manner& manner, const StopSign& stop) {
-  const DispatcherVoiceEntry* const voice = manner.voice ? &voices_.at(*manner.voice) : nullptr;
-  std::vector<std::string> commands = Commands(voice, manner);
+void SpeechdBackend::Use(const Prosody& prosody, const StopToken& stop) {
+  const SpeechdVoiceEntry* const voice = prosody.voice ? &voices_.at(*prosody.voice) : nullptr;
+  std::vector<std::string> commands = Commands(voice, prosody);
   if (commands != in_use_) {
     in_use_.clear();
     for (const std::string& command : commands) connection_->Ask(command, &stop);
     in_use_ = std::move(commands);
   }
-  if (doubtful_) CheckEngine(manner, stop);
+  if (doubtful_) CheckEngine(prosody, stop);
   doubtful_ = false;
 }
 
 // The server does not tell that an engine has died, and has others speak in its place.
-void DispatcherSpeaker::CheckEngine(const Manner& manner, const StopSign& stop) {
-  if (HasEngine(manner, stop)) return;
+void SpeechdBackend::CheckEngine(const Prosody& prosody, const StopToken& stop) {
+  if (HasEngine(prosody, stop)) return;
   throw SsipTrouble(kNoEngineThere);
 }
 
-bool DispatcherSpeaker::HasEngine(const Manner& manner, const StopSign& stop) {
+bool SpeechdBackend::HasEngine(const Prosody& prosody, const StopToken& stop) {
   try {
     const std::vector<std::string> lines = connection_->Ask("LIST SYNTHESIS_VOICES", &stop);
     const bool is_long = lines.size() > kShortList;
     check_again_at_ = steady_clock::now() + (is_long ? kCheckLongListEvery : seconds(0));
     return std::any_of(lines.begin(), lines.end(), [&](const std::string& line) {
       const std::string name = ReadListing("", line).name;
-      return manner.voice ? name == voices_[*manner.voice].name : name != kNoEngine;
+      return prosody.voice ? name == voices_[*prosody.voice].name : name != kNoEngine;
     });
   } catch (const SsipRefusal&) {
     return false;
   }
 }
 
-DispatcherSpeaker::Outcome DispatcherSpeaker::SayPiece(const std::string& piece,
-                                                       const Manner& manner, const StopSign& stop) {
+SpeechdBackend::Outcome SpeechdBackend::SayPiece(const std::string& piece, const Prosody& prosody,
+                                                 const StopToken& stop) {
   const std::string message = connection_->Say(piece, &stop);
   milliseconds patience = options_.patience.answer;
   milliseconds left = options_.patience.turn;
@@ -228,11 +228,11 @@ DispatcherSpeaker::Outcome DispatcherSpeaker::SayPiece(const std::string& piece,
       return Outcome::Silenced;
     }
     if (!event) {
-      if (steady_clock::now() >= check_again_at_) CheckEngine(manner, stop);
+      if (steady_clock::now() >= check_again_at_) CheckEngine(prosody, stop);
       left -= patience;
     } else if (event == Event::Begin || event == Event::Resumed) {
       if (!begun) begun = steady_clock::now();
-      patience = options_.patience.answer + UsualTime(piece, manner.rate);
+      patience = options_.patience.answer + UsualTime(piece, prosody.rate);
       left = kPatienceWithSlowSpeech * patience;
     } else if (event == Event::Paused) {
       patience = left = kPause;
@@ -248,7 +248,7 @@ DispatcherSpeaker::Outcome DispatcherSpeaker::SayPiece(const std::string& piece,
 
 // The server's own silence takes a moment. Where it takes longer the connection is given up, which
 // takes the message back as well.
-void DispatcherSpeaker::Silence(const std::string& message) {
+void SpeechdBackend::Silence(const std::string& message) {
   try {
     connection_->Ask("CANCEL SELF", nullptr, kSilenceIn);
     while (const auto event = connection_->Await(message, kSilenceIn, nullptr)) {
@@ -260,7 +260,7 @@ void DispatcherSpeaker::Silence(const std::string& message) {
   connection_.reset();
 }
 
-void DispatcherSpeaker::SetState(ConnectionState state, const std::string& detail) {
+void SpeechdBackend::SetState(ConnectionState state, const std::string& detail) {
   bool failed = false;
   {
     const std::lock_guard lock(mutex_);
@@ -275,7 +275,7 @@ void DispatcherSpeaker::SetState(ConnectionState state, const std::string& detai
 }
 
 // Who has voices and failed to speak has not got any better by that.
-void DispatcherSpeaker::VoicesAsked(bool reached, bool news) {
+void SpeechdBackend::VoicesAsked(bool reached, bool news) {
   if (!reached) return;
   {
     const std::lock_guard lock(mutex_);

@@ -22,7 +22,7 @@
 
 namespace brenwick {
 
-struct DispatcherPatience {
+struct SpeechdPatience {
   // How long the server may take to answer, or to begin.
   std::chrono::milliseconds answer = SsipConnection::kPatience;
   // So long others may be talking before it begins.
@@ -35,22 +35,22 @@ struct DispatcherPatience {
   std::chrono::milliseconds heard = std::chrono::milliseconds(300);
 };
 
-struct DispatcherOptions {
-  DispatcherAddress address;
+struct SpeechdOptions {
+  SpeechdAddress address;
   // Its voices come first in the list.
   std::string locale;
   // The file in which the voices are remembered.
   std::string memory;
-  DispatcherPatience patience = {};
+  SpeechdPatience patience = {};
   // Called, on the thread that speaks, once when it stops working.
   std::function<void(const std::string& message)> tell = {};
   // Called, on any thread, when State() may be another.
   std::function<void()> changed = {};
 };
 
-class DispatcherSpeaker final : public Speaker {
+class SpeechdBackend final : public SpeechBackend {
  public:
-  explicit DispatcherSpeaker(DispatcherOptions options);
+  explicit SpeechdBackend(SpeechdOptions options);
 
   const std::vector<std::string>& Voices() const override { return descriptions_; }
   std::string Language(std::size_t voice) const override { return voices_.at(voice).language; }
@@ -58,7 +58,7 @@ class DispatcherSpeaker final : public Speaker {
   Connection State() const override;
 
   // Returns when the server has said the text.
-  bool Say(std::u32string_view& text, const Manner& manner, const StopSign& stop) override;
+  bool Say(std::u32string_view& text, const Prosody& prosody, const StopToken& stop) override;
   // A sign that is raised has already silenced the server.
   void Cut() override {}
   std::chrono::milliseconds Finish() override { return {}; }
@@ -67,20 +67,20 @@ class DispatcherSpeaker final : public Speaker {
   // Silenced: by the sign. The last two: by another program.
   enum class Outcome { Said, Silenced, PushedAside, HardlyHeard };
 
-  void SayAll(std::u32string_view& text, const Manner& manner, const StopSign& stop);
-  void Connect(const StopSign& stop);
-  void Use(const Manner& manner, const StopSign& stop);
-  void CheckEngine(const Manner& manner, const StopSign& stop);
-  bool HasEngine(const Manner& manner, const StopSign& stop);
-  Outcome SayPiece(const std::string& piece, const Manner& manner, const StopSign& stop);
+  void SayAll(std::u32string_view& text, const Prosody& prosody, const StopToken& stop);
+  void Connect(const StopToken& stop);
+  void Use(const Prosody& prosody, const StopToken& stop);
+  void CheckEngine(const Prosody& prosody, const StopToken& stop);
+  bool HasEngine(const Prosody& prosody, const StopToken& stop);
+  Outcome SayPiece(const std::string& piece, const Prosody& prosody, const StopToken& stop);
   void Silence(const std::string& message);
   void Lose(const SsipTrouble& trouble);
   void LeaveAlone();
   void SetState(ConnectionState state, const std::string& detail);
   void VoicesAsked(bool reached, bool news);
 
-  const DispatcherOptions options_;
-  std::vector<DispatcherVoiceEntry> voices_;
+  const SpeechdOptions options_;
+  std::vector<SpeechdVoiceEntry> voices_;
   std::vector<std::string> descriptions_;
 
   // Of the thread that speaks.
@@ -97,7 +97,7 @@ class DispatcherSpeaker final : public Speaker {
   std::string detail_;
   bool news_ = false;  // the server has other voices than the list
 
-  DispatcherMemory memory_;
+  SpeechdVoiceCache memory_;
 };
 
 // How long a text usually sounds at most.

@@ -38,7 +38,7 @@ pid_t Spawned(const std::string& socket) {
 
 }  // namespace
 
-bool StartDispatcher(const std::string& socket, const StopSign& stop) {
+bool StartDispatcher(const std::string& socket, const StopToken& stop) {
   const pid_t id = Spawned(socket);
   if (id == 0) return false;
   const auto until = std::chrono::steady_clock::now() + kTimeToStart;

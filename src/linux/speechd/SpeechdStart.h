@@ -10,6 +10,6 @@ namespace brenwick {
 // Starts the server at that socket unless its settings forbid that, and returns when it takes
 // connections; false where it does not start. It ends by itself some seconds after its last client.
 // Soon after the sign is raised it returns false as well.
-bool StartDispatcher(const std::string& socket, const StopSign& stop);
+bool StartDispatcher(const std::string& socket, const StopToken& stop);
 
 }  // namespace brenwick

@@ -15,7 +15,7 @@
 namespace brenwick {
 namespace {
 
-using Listings = std::vector<DispatcherListing>;
+using Listings = std::vector<SpeechdListing>;
 using Rows = std::vector<std::string>;
 
 Listings Read(const std::string& path) {
@@ -33,7 +33,7 @@ Listings Read(const std::string& path) {
 
 bool Write(const std::string& path, const Listings& listings) {
   std::string content;
-  for (const DispatcherListing& listing : listings) {
+  for (const SpeechdListing& listing : listings) {
     content += listing.module + '\t' + listing.name + '\t' + listing.language + '\t' +
                listing.variant + '\n';
   }
@@ -42,7 +42,7 @@ bool Write(const std::string& path, const Listings& listings) {
 }
 
 // The rows of the engine's list; none where it does not answer.
-Rows Listed(SsipConnection& server, const std::string& module, const StopSign& stop) {
+Rows Listed(SsipConnection& server, const std::string& module, const StopToken& stop) {
   try {
     server.Ask("SET SELF OUTPUT_MODULE " + module, &stop);
     return server.Ask("LIST SYNTHESIS_VOICES", &stop);
@@ -70,23 +70,23 @@ Listings VoicesOf(const std::string& module, const Rows& rows) {
 Listings VoicesOf(const std::string& module, const Listings& remembered) {
   Listings listings;
   std::copy_if(remembered.begin(), remembered.end(), std::back_inserter(listings),
-               [&](const DispatcherListing& listing) { return listing.module == module; });
+               [&](const SpeechdListing& listing) { return listing.module == module; });
   return listings;
 }
 
 }  // namespace
 
-DispatcherMemory::DispatcherMemory(DispatcherAddress address, std::string path, Done done)
+SpeechdVoiceCache::SpeechdVoiceCache(SpeechdAddress address, std::string path, Done done)
     : address_(std::move(address)), path_(std::move(path)), done_(std::move(done)) {}
 
-DispatcherMemory::~DispatcherMemory() {
+SpeechdVoiceCache::~SpeechdVoiceCache() {
   stop_.Raise();
   if (thread_.joinable()) thread_.join();
 }
 
-std::vector<DispatcherListing> DispatcherMemory::Voices() const { return Read(path_); }
+std::vector<SpeechdListing> SpeechdVoiceCache::Voices() const { return Read(path_); }
 
-void DispatcherMemory::Refresh() {
+void SpeechdVoiceCache::Refresh() {
   const std::lock_guard lock(mutex_);
   if (asked_) return;
   asked_ = true;
@@ -94,7 +94,7 @@ void DispatcherMemory::Refresh() {
   thread_ = std::thread([this] { Work(); });
 }
 
-void DispatcherMemory::Work() {
+void SpeechdVoiceCache::Work() {
   std::optional<bool> news;
   try {
     news = Ask();
@@ -109,7 +109,7 @@ void DispatcherMemory::Work() {
 }
 
 // Whether other voices are remembered now; nothing where none of the server's engines works.
-std::optional<bool> DispatcherMemory::Ask() {
+std::optional<bool> SpeechdVoiceCache::Ask() {
   SsipConnection server(address_);
   const Listings remembered = Voices();
   server.Ask("SET SELF CLIENT_NAME user:brenwick:voices", &stop_);

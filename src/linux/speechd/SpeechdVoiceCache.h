@@ -18,20 +18,20 @@
 
 namespace brenwick {
 
-class DispatcherMemory {
+class SpeechdVoiceCache {
  public:
   // Whether a server was reached that has an engine, and whether other voices are remembered now
   // than before.
   using Done = std::function<void(bool reached, bool news)>;
 
   // path: the file of the remembered voices. `done` is called on the thread that asks.
-  DispatcherMemory(DispatcherAddress address, std::string path, Done done);
-  ~DispatcherMemory();
-  DispatcherMemory(const DispatcherMemory&) = delete;
-  DispatcherMemory& operator=(const DispatcherMemory&) = delete;
+  SpeechdVoiceCache(SpeechdAddress address, std::string path, Done done);
+  ~SpeechdVoiceCache();
+  SpeechdVoiceCache(const SpeechdVoiceCache&) = delete;
+  SpeechdVoiceCache& operator=(const SpeechdVoiceCache&) = delete;
 
   // What the file holds; nothing where there is none or it cannot be read.
-  std::vector<DispatcherListing> Voices() const;
+  std::vector<SpeechdListing> Voices() const;
 
   // Asks the server, where there is one, on a thread of its own; once in the life of this object
   // that succeeds.
@@ -41,10 +41,10 @@ class DispatcherMemory {
   std::optional<bool> Ask();
   void Work();
 
-  const DispatcherAddress address_;
+  const SpeechdAddress address_;
   const std::string path_;
   const Done done_;
-  StopSign stop_;
+  StopToken stop_;
   std::mutex mutex_;
   bool asked_ = false;  // or being asked
   std::thread thread_;

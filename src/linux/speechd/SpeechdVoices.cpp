@@ -24,21 +24,21 @@ constexpr std::array<std::string_view, kMostVariants> kGoodVariants = {"female2"
 
 // A voice on its way into the list.
 struct Candidate {
-  DispatcherListing listing;
+  SpeechdListing listing;
   std::string tag;      // of the language, in lower case
   std::string voice;    // the voice of which this one is a variant, or its own name
   std::size_t variant;  // 0 is the voice itself; variants from the best on
   std::size_t turn = 0;
 };
 
-bool IsVariant(const DispatcherListing& listing) {
+bool IsVariant(const SpeechdListing& listing) {
   return !listing.variant.empty() && listing.variant != kNoVariant &&
          listing.name.ends_with("+" + listing.variant);
 }
 
-Candidate AsCandidate(DispatcherListing listing) {
+Candidate AsCandidate(SpeechdListing listing) {
   Candidate candidate{.listing = std::move(listing), .tag = {}, .voice = {}, .variant = 0};
-  const DispatcherListing& listed = candidate.listing;
+  const SpeechdListing& listed = candidate.listing;
   candidate.tag = LanguageTag(listed.language);
   candidate.voice = listed.name;
   if (!IsVariant(listed)) return candidate;
@@ -63,13 +63,13 @@ void KeepOfEach(std::vector<Candidate>& candidates, std::size_t count, const Gro
 }
 
 // In the order of their engines, the voices before their variants.
-std::vector<Candidate> Candidates(std::vector<DispatcherListing> listings) {
+std::vector<Candidate> Candidates(std::vector<SpeechdListing> listings) {
   std::vector<Candidate> candidates;
-  for (DispatcherListing& listing : listings) {
+  for (SpeechdListing& listing : listings) {
     if (!listing.name.empty()) candidates.push_back(AsCandidate(std::move(listing)));
   }
   SortBy(candidates, [](const Candidate& candidate) {
-    const DispatcherListing& listing = candidate.listing;
+    const SpeechdListing& listing = candidate.listing;
     return std::tuple(listing.module, candidate.variant, listing.name, listing.language,
                       listing.variant);
   });
@@ -109,7 +109,7 @@ std::string LanguageName(const Candidate& candidate, const Names& names) {
 }
 
 std::string Description(const Candidate& candidate, const Names& names) {
-  const DispatcherListing& listing = candidate.listing;
+  const SpeechdListing& listing = candidate.listing;
   std::string description;
   if (listing.module.starts_with(kNamedLikeLanguages)) {
     description = candidate.voice + (candidate.variant > 0 ? ", " + listing.variant : "");
@@ -122,30 +122,30 @@ std::string Description(const Candidate& candidate, const Names& names) {
 
 }  // namespace
 
-DispatcherListing ReadListing(const std::string& module, std::string_view line) {
+SpeechdListing ReadListing(const std::string& module, std::string_view line) {
   const auto take = [&line] {
     const std::size_t tab = line.find('\t');
     std::string field = Repaired(Trimmed(line.substr(0, tab)));
     line.remove_prefix(tab == std::string_view::npos ? line.size() : tab + 1);
     return field;
   };
-  DispatcherListing listing{module, take(), "", ""};
+  SpeechdListing listing{module, take(), "", ""};
   listing.language = take();
   listing.variant = take();
   return listing;
 }
 
-std::vector<DispatcherListing> CondensedVoices(std::vector<DispatcherListing> listings) {
+std::vector<SpeechdListing> CondensedVoices(std::vector<SpeechdListing> listings) {
   std::vector<Candidate> candidates = Candidates(std::move(listings));
   Condense(candidates);
-  std::vector<DispatcherListing> condensed;
+  std::vector<SpeechdListing> condensed;
   condensed.reserve(candidates.size());
   for (Candidate& candidate : candidates) condensed.push_back(std::move(candidate.listing));
   return condensed;
 }
 
-std::vector<DispatcherVoiceEntry> ArrangedVoices(std::vector<DispatcherListing> listings,
-                                                 const std::string& locale) {
+std::vector<SpeechdVoiceEntry> ArrangedVoices(std::vector<SpeechdListing> listings,
+                                              const std::string& locale) {
   std::vector<Candidate> candidates = Candidates(std::move(listings));
   const Names names = LanguageNames(candidates);
   const std::string wanted = LanguageTag(locale);
@@ -153,12 +153,12 @@ std::vector<DispatcherVoiceEntry> ArrangedVoices(std::vector<DispatcherListing> 
     return std::tuple(TagDistance(candidate.tag, wanted), LanguageName(candidate, names),
                       candidate.tag, candidate.listing.module, candidate.voice, candidate.variant);
   });
-  std::vector<DispatcherVoiceEntry> entries;
+  std::vector<SpeechdVoiceEntry> entries;
   std::set<std::string> known;
   for (Candidate& candidate : candidates) {
     std::string description = Description(candidate, names);
     if (!known.insert(description).second) continue;
-    DispatcherListing& listing = candidate.listing;
+    SpeechdListing& listing = candidate.listing;
     entries.push_back({std::move(description), std::move(listing.module), std::move(listing.name),
                        std::move(listing.language)});
   }

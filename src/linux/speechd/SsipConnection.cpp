@@ -59,7 +59,7 @@ bool ConnectToPort(int socket, const std::string& host, std::uint16_t port) {
 
 }  // namespace
 
-SsipConnection::SsipConnection(const DispatcherAddress& address, milliseconds patience)
+SsipConnection::SsipConnection(const SpeechdAddress& address, milliseconds patience)
     : patience_(patience),
       socket_(::socket(address.socket.empty() ? AF_INET : AF_UNIX,
                        SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0)) {
@@ -76,13 +76,13 @@ SsipConnection::~SsipConnection() {
   ::close(socket_);
 }
 
-std::vector<std::string> SsipConnection::Ask(std::string_view command, const StopSign* stop,
+std::vector<std::string> SsipConnection::Ask(std::string_view command, const StopToken* stop,
                                              milliseconds patience) {
   Send(std::string(command) + "\r\n");
   return ReceiveAnswer(stop, patience).lines;
 }
 
-std::string SsipConnection::Say(const std::string& text, const StopSign* stop) {
+std::string SsipConnection::Say(const std::string& text, const StopToken* stop) {
   Ask("SPEAK", stop);
   // A line that is nothing but a dot ends the text; at the front of one it is doubled.
   Send((text.starts_with('.') ? "." : "") + text + "\r\n.\r\n");
@@ -93,7 +93,7 @@ std::string SsipConnection::Say(const std::string& text, const StopSign* stop) {
 
 std::optional<SsipConnection::Event> SsipConnection::Await(const std::string& message,
                                                            milliseconds time,
-                                                           const StopSign* stop) {
+                                                           const StopToken* stop) {
   const Moment until = steady_clock::now() + time;
   for (;;) {
     while (!events_.empty()) {
@@ -114,7 +114,7 @@ void SsipConnection::Send(const std::string& bytes) {
   if (sent != static_cast<ssize_t>(bytes.size())) throw SsipSilence(kNoAnswer);
 }
 
-SsipConnection::Answer SsipConnection::ReceiveAnswer(const StopSign* stop, milliseconds patience) {
+SsipConnection::Answer SsipConnection::ReceiveAnswer(const StopToken* stop, milliseconds patience) {
   for (;;) {
     std::optional<Answer> answer = TakeAnswer();
     if (!answer) {
@@ -137,7 +137,7 @@ bool SsipConnection::KeepAsEvent(const Answer& answer) {
 }
 
 // Nothing when the time is up or the sign is raised; what has come by then is kept.
-std::optional<SsipConnection::Answer> SsipConnection::Receive(Moment until, const StopSign* stop) {
+std::optional<SsipConnection::Answer> SsipConnection::Receive(Moment until, const StopToken* stop) {
   for (;;) {
     if (std::optional<Answer> answer = TakeAnswer()) return answer;
     if (!Read(until, stop)) return std::nullopt;
@@ -171,7 +171,7 @@ std::optional<SsipConnection::Answer> SsipConnection::TakeAnswer() {
   return answer;
 }
 
-bool SsipConnection::Read(Moment until, const StopSign* stop) {
+bool SsipConnection::Read(Moment until, const StopToken* stop) {
   std::array<pollfd, 2> waiting{pollfd{socket_, POLLIN, 0},
                                 pollfd{stop ? stop->Descriptor() : -1, POLLIN, 0}};
   const int ready = ::poll(waiting.data(), waiting.size(), static_cast<int>(Left(until).count()));

@@ -46,7 +46,7 @@ class SsipConnection {
   enum class Event : int { Begin = 701, End = 702, Canceled = 703, Paused = 704, Resumed = 705 };
 
   // Raises SsipTrouble where no server takes the connection.
-  explicit SsipConnection(const DispatcherAddress& address,
+  explicit SsipConnection(const SpeechdAddress& address,
                           std::chrono::milliseconds patience = kPatience);
   // Takes back what was handed over and has not been said: a server goes on without its client.
   ~SsipConnection();
@@ -56,19 +56,19 @@ class SsipConnection {
   // The lines of the server's answer, without their numbers and without the last, which only says
   // how it went. Raises SsipRefusal where it refuses the command, SsipTrouble where it does not
   // answer or is gone, and SsipStopped. Without a sign it waits through everything.
-  std::vector<std::string> Ask(std::string_view command, const StopSign* stop) {
+  std::vector<std::string> Ask(std::string_view command, const StopToken* stop) {
     return Ask(command, stop, patience_);
   }
-  std::vector<std::string> Ask(std::string_view command, const StopSign* stop,
+  std::vector<std::string> Ask(std::string_view command, const StopToken* stop,
                                std::chrono::milliseconds patience);
 
   // Hands over a text and returns the number of its message. The text is valid UTF-8 (any other
   // ends the connection), one line and not empty.
-  std::string Say(const std::string& text, const StopSign* stop);
+  std::string Say(const std::string& text, const StopToken* stop);
 
   // What next happens to that message; nothing when the time is up or the sign is raised first.
   std::optional<Event> Await(const std::string& message, std::chrono::milliseconds time,
-                             const StopSign* stop);
+                             const StopToken* stop);
 
  private:
   using Moment = std::chrono::steady_clock::time_point;
@@ -81,10 +81,10 @@ class SsipConnection {
   };
 
   void Send(const std::string& bytes);
-  Answer ReceiveAnswer(const StopSign* stop, std::chrono::milliseconds patience);
-  std::optional<Answer> Receive(Moment until, const StopSign* stop);
+  Answer ReceiveAnswer(const StopToken* stop, std::chrono::milliseconds patience);
+  std::optional<Answer> Receive(Moment until, const StopToken* stop);
   std::optional<Answer> TakeAnswer();
-  bool Read(Moment until, const StopSign* stop);
+  bool Read(Moment until, const StopToken* stop);
   bool KeepAsEvent(const Answer& answer);
 
   const std::chrono::milliseconds patience_;

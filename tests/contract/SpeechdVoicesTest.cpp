@@ -10,7 +10,7 @@
 namespace brenwick {
 namespace {
 
-using Listings = std::vector<DispatcherListing>;
+using Listings = std::vector<SpeechdListing>;
 
 // What speech-dispatcher's own engine does: each language times each variant.
 Listings EspeakNg() {
@@ -26,29 +26,29 @@ Listings EspeakNg() {
   return listings;
 }
 
-std::vector<DispatcherVoiceEntry> Shown(const Listings& listings, const std::string& locale) {
+std::vector<SpeechdVoiceEntry> Shown(const Listings& listings, const std::string& locale) {
   return ArrangedVoices(CondensedVoices(listings), locale);
 }
 
 std::vector<std::string> Descriptions(const Listings& listings, const std::string& locale) {
   std::vector<std::string> descriptions;
-  for (const DispatcherVoiceEntry& voice : Shown(listings, locale)) {
+  for (const SpeechdVoiceEntry& voice : Shown(listings, locale)) {
     descriptions.push_back(voice.description);
   }
   return descriptions;
 }
 
-TEST(DispatcherVoices, ReadsALineOfTheList) {
-  const DispatcherListing listing = ReadListing("piper", "Amy \xFF Low\ten-US\tlow");
+TEST(SpeechdVoices, ReadsALineOfTheList) {
+  const SpeechdListing listing = ReadListing("piper", "Amy \xFF Low\ten-US\tlow");
   EXPECT_EQ(listing.module, "piper");
   EXPECT_EQ(listing.name, "Amy \xEF\xBF\xBD Low");
   EXPECT_EQ(listing.language, "en-US");
   EXPECT_EQ(listing.variant, "low");
-  const DispatcherListing bare = ReadListing("piper", "Amy");
+  const SpeechdListing bare = ReadListing("piper", "Amy");
   EXPECT_EQ(bare.name + "|" + bare.language + "|" + bare.variant, "Amy||");
 }
 
-TEST(DispatcherVoices, KeepsAFewVariantsOfEachVoice) {
+TEST(SpeechdVoices, KeepsAFewVariantsOfEachVoice) {
   const std::vector<std::string> expected = {
       "German: espeak-ng, Speech Dispatcher",
       "German, female2: espeak-ng, Speech Dispatcher",
@@ -66,7 +66,7 @@ TEST(DispatcherVoices, KeepsAFewVariantsOfEachVoice) {
   EXPECT_EQ(Descriptions(EspeakNg(), "de_AT.UTF-8"), expected);
 }
 
-TEST(DispatcherVoices, RemembersWhatTheServerCallsAVoice) {
+TEST(SpeechdVoices, RemembersWhatTheServerCallsAVoice) {
   const auto voices = Shown(EspeakNg(), "en_US");
   EXPECT_EQ(voices[1].description, "English (America), female2: espeak-ng, Speech Dispatcher");
   EXPECT_EQ(voices[1].module, "espeak-ng");
@@ -74,7 +74,7 @@ TEST(DispatcherVoices, RemembersWhatTheServerCallsAVoice) {
   EXPECT_EQ(voices[1].language, "en-US");
 }
 
-TEST(DispatcherVoices, CallsAnotherEnginesLanguageByItsNameWhereItIsKnown) {
+TEST(SpeechdVoices, CallsAnotherEnginesLanguageByItsNameWhereItIsKnown) {
   Listings listings = EspeakNg();
   listings.push_back({"festival", "kal_diphone", "en-us", ""});
   listings.push_back({"festival", "Suomi", "fi", "none"});
@@ -83,7 +83,7 @@ TEST(DispatcherVoices, CallsAnotherEnginesLanguageByItsNameWhereItIsKnown) {
   EXPECT_EQ(voices.back(), "fi, Suomi: festival, Speech Dispatcher");
 }
 
-TEST(DispatcherVoices, TakesOtherVariantsWhereTheGoodOnesAreMissing) {
+TEST(SpeechdVoices, TakesOtherVariantsWhereTheGoodOnesAreMissing) {
   const std::vector<std::string> expected = {
       "German: espeak-ng, Speech Dispatcher", "German, a: espeak-ng, Speech Dispatcher",
       "German, b: espeak-ng, Speech Dispatcher", "German, c: espeak-ng, Speech Dispatcher"};
@@ -96,7 +96,7 @@ TEST(DispatcherVoices, TakesOtherVariantsWhereTheGoodOnesAreMissing) {
             expected);
 }
 
-TEST(DispatcherVoices, GivesEachEngineItsTurnInALanguageOfMany) {
+TEST(SpeechdVoices, GivesEachEngineItsTurnInALanguageOfMany) {
   Listings listings;
   for (char letter = 'a'; letter <= 'z'; ++letter) {
     listings.push_back({"piper", std::string(1, letter), "en-US", "none"});
@@ -111,7 +111,7 @@ TEST(DispatcherVoices, GivesEachEngineItsTurnInALanguageOfMany) {
   EXPECT_EQ(voices.back().name, "r");
 }
 
-TEST(DispatcherVoices, IsTheSameWhateverTheOrderOfTheList) {
+TEST(SpeechdVoices, IsTheSameWhateverTheOrderOfTheList) {
   Listings listings = EspeakNg();
   listings.push_back({"festival", "kal_diphone", "en-US", "none"});
   const auto voices = Shown(listings, "en_US");
@@ -120,13 +120,13 @@ TEST(DispatcherVoices, IsTheSameWhateverTheOrderOfTheList) {
   EXPECT_EQ(voices.size(), 13U);
 }
 
-TEST(DispatcherVoices, CondensesNoFurther) {
+TEST(SpeechdVoices, CondensesNoFurther) {
   const Listings once = CondensedVoices(EspeakNg());
   EXPECT_EQ(once.size(), 12U);
   EXPECT_EQ(CondensedVoices(once), once);
 }
 
-TEST(DispatcherVoices, LeavesOutWhatHasNoNameOrTheSameDescription) {
+TEST(SpeechdVoices, LeavesOutWhatHasNoNameOrTheSameDescription) {
   EXPECT_TRUE(Shown({{"festival", "", "en", "none"}}, "en").empty());
   const Listings twice = {{"festival", "kal", "en", "none"}, {"festival", "kal", "en", "x"}};
   EXPECT_EQ(Descriptions(twice, "en"),

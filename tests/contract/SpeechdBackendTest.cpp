@@ -25,9 +25,9 @@ constexpr milliseconds kLittlePatience{500};
 // What the engine notes.
 std::string Anna(const std::string& text) { return "Anna|0|100|" + text; }
 
-class DispatcherSpeakerTest : public testing::Test {
+class SpeechdBackendTest : public testing::Test {
  protected:
-  DispatcherSpeakerTest() { server_.AskForVoices(); }
+  SpeechdBackendTest() { server_.AskForVoices(); }
 
   // A voice whose sentences Anna says.
   std::unique_ptr<DispatchedVoice> MakeAnna(milliseconds patience = SsipConnection::kPatience) {
@@ -39,12 +39,12 @@ class DispatcherSpeakerTest : public testing::Test {
   PrivateDispatcher server_;
 };
 
-TEST_F(DispatcherSpeakerTest, StandsBehindTheFirstSpeakerInTheList) {
+TEST_F(SpeechdBackendTest, StandsBehindTheFirstSpeakerInTheList) {
   const Lines expected = {"English", "German", kKal, kAnna};
   EXPECT_EQ(DispatchedVoice(server_).GetVoices(), expected);
 }
 
-TEST_F(DispatcherSpeakerTest, SaysASentenceWithItsVoiceRateAndVolume) {
+TEST_F(SpeechdBackendTest, SaysASentenceWithItsVoiceRateAndVolume) {
   const auto voice = MakeAnna();
   voice->SayToTheEnd("Guten Morgen");
   voice->Choose(kKal);
@@ -59,7 +59,7 @@ TEST_F(DispatcherSpeakerTest, SaysASentenceWithItsVoiceRateAndVolume) {
   EXPECT_TRUE(voice->Told().empty());
 }
 
-TEST_F(DispatcherSpeakerTest, TakesItsTurnAmongAllSentences) {
+TEST_F(SpeechdBackendTest, TakesItsTurnAmongAllSentences) {
   const auto voice = MakeAnna();
   Lines expected;
   for (int i = 0; i < 30; ++i) {
@@ -72,7 +72,7 @@ TEST_F(DispatcherSpeakerTest, TakesItsTurnAmongAllSentences) {
   EXPECT_EQ(server_.Said(), expected);
 }
 
-TEST_F(DispatcherSpeakerTest, IsSilencedByAPurge) {
+TEST_F(SpeechdBackendTest, IsSilencedByAPurge) {
   const auto voice = MakeAnna();
   voice->Speak("A story without an end [hold]", SVSFlagsAsync);
   voice->Speak("Never said", SVSFlagsAsync);
@@ -83,7 +83,7 @@ TEST_F(DispatcherSpeakerTest, IsSilencedByAPurge) {
             Lines({Anna("A story without an end [hold]"), "stopped", Anna("Something else")}));
 }
 
-TEST_F(DispatcherSpeakerTest, IsNotHeldUpByAServerThatDoesNotTellOfItsSilence) {
+TEST_F(SpeechdBackendTest, IsNotHeldUpByAServerThatDoesNotTellOfItsSilence) {
   const auto voice = MakeAnna(std::chrono::hours(1));
   voice->Speak("[deaf]", SVSFlagsAsync);
   ASSERT_TRUE(server_.AwaitSaid(Anna("[deaf]")));
@@ -94,7 +94,7 @@ TEST_F(DispatcherSpeakerTest, IsNotHeldUpByAServerThatDoesNotTellOfItsSilence) {
   EXPECT_TRUE(voice->Told().empty());
 }
 
-TEST_F(DispatcherSpeakerTest, IsSilencedByTheEndOfTheProgram) {
+TEST_F(SpeechdBackendTest, IsSilencedByTheEndOfTheProgram) {
   auto voice = MakeAnna();
   voice->Speak("A story without an end [hold]", SVSFlagsAsync);
   ASSERT_TRUE(server_.AwaitSaid(Anna("A story without an end [hold]")));
@@ -102,7 +102,7 @@ TEST_F(DispatcherSpeakerTest, IsSilencedByTheEndOfTheProgram) {
   EXPECT_TRUE(server_.AwaitSaid("stopped"));
 }
 
-TEST_F(DispatcherSpeakerTest, SaysAnyTextAndTheNextOne) {
+TEST_F(SpeechdBackendTest, SaysAnyTextAndTheNextOne) {
   const auto voice = MakeAnna();
   for (const char* text : {".", "..", ". dot", " ", "\r\n.\r\nQUIT\r\n", "\x80\xFF\xC3", "\x01"}) {
     voice->SayToTheEnd(text);
@@ -113,7 +113,7 @@ TEST_F(DispatcherSpeakerTest, SaysAnyTextAndTheNextOne) {
                                    Anna("<audio src=\"x\"/> & &lt;")}));
 }
 
-TEST_F(DispatcherSpeakerTest, SaysALongTextInPieces) {
+TEST_F(SpeechdBackendTest, SaysALongTextInPieces) {
   const auto voice = MakeAnna();
   std::string text;
   for (int i = 0; i < 40; ++i)
@@ -128,7 +128,7 @@ TEST_F(DispatcherSpeakerTest, SaysALongTextInPieces) {
   EXPECT_GT(server_.Said().size(), 1U);
 }
 
-TEST_F(DispatcherSpeakerTest, LeavesASentenceToTheFirstSpeakerWhereThereIsNoServer) {
+TEST_F(SpeechdBackendTest, LeavesASentenceToTheFirstSpeakerWhereThereIsNoServer) {
   server_.Kill();
   const auto voice = MakeAnna();
   voice->SayToTheEnd("Hallo");
@@ -142,7 +142,7 @@ TEST_F(DispatcherSpeakerTest, LeavesASentenceToTheFirstSpeakerWhereThereIsNoServ
       Lines{"Speech Dispatcher is not running. Until it works, eSpeak NG speaks in its place."});
 }
 
-TEST_F(DispatcherSpeakerTest, SpeaksAgainOnceThereIsAServer) {
+TEST_F(SpeechdBackendTest, SpeaksAgainOnceThereIsAServer) {
   server_.Kill();
   const auto voice = MakeAnna();
   voice->SayToTheEnd("Eins");
@@ -155,7 +155,7 @@ TEST_F(DispatcherSpeakerTest, SpeaksAgainOnceThereIsAServer) {
   EXPECT_EQ(voice->Told().size(), 2U);
 }
 
-TEST_F(DispatcherSpeakerTest, SaysWhatALostServerWasSayingOnceMore) {
+TEST_F(SpeechdBackendTest, SaysWhatALostServerWasSayingOnceMore) {
   const auto voice = MakeAnna();
   voice->Speak("Eins [hold once]", SVSFlagsAsync);
   voice->Speak("Zwei", SVSFlagsAsync);
@@ -168,7 +168,7 @@ TEST_F(DispatcherSpeakerTest, SaysWhatALostServerWasSayingOnceMore) {
   EXPECT_TRUE(voice->Told().empty());
 }
 
-TEST_F(DispatcherSpeakerTest, LeavesASentenceToTheFirstSpeakerWhereTheServerHangs) {
+TEST_F(SpeechdBackendTest, LeavesASentenceToTheFirstSpeakerWhereTheServerHangs) {
   const auto voice = MakeAnna(kLittlePatience);
   voice->SayToTheEnd("Eins");
   server_.Stop();
@@ -180,7 +180,7 @@ TEST_F(DispatcherSpeakerTest, LeavesASentenceToTheFirstSpeakerWhereTheServerHang
   EXPECT_EQ(server_.Said(), Lines({Anna("Eins"), "gmw/de: Zwei", Anna("Drei")}));
 }
 
-TEST_F(DispatcherSpeakerTest, IsNotHeldUpByAServerThatHangsWhereItIsSilenced) {
+TEST_F(SpeechdBackendTest, IsNotHeldUpByAServerThatHangsWhereItIsSilenced) {
   const auto voice = MakeAnna(std::chrono::hours(1));
   voice->SayToTheEnd("Eins");
   server_.Stop();
@@ -192,7 +192,7 @@ TEST_F(DispatcherSpeakerTest, IsNotHeldUpByAServerThatHangsWhereItIsSilenced) {
   EXPECT_TRUE(voice->Told().empty());
 }
 
-TEST_F(DispatcherSpeakerTest, LeavesASentenceToTheFirstSpeakerWhereItsEngineHangs) {
+TEST_F(SpeechdBackendTest, LeavesASentenceToTheFirstSpeakerWhereItsEngineHangs) {
   const auto voice = MakeAnna(kLittlePatience);
   voice->SayToTheEnd("Eins");
   server_.SignalEngine(SIGSTOP);
@@ -201,7 +201,7 @@ TEST_F(DispatcherSpeakerTest, LeavesASentenceToTheFirstSpeakerWhereItsEngineHang
   EXPECT_EQ(voice->Dispatcher().State, ConnectionState::Failed);
 }
 
-TEST_F(DispatcherSpeakerTest, LeavesASentenceToTheFirstSpeakerWhereItsEngineDies) {
+TEST_F(SpeechdBackendTest, LeavesASentenceToTheFirstSpeakerWhereItsEngineDies) {
   const auto voice = MakeAnna(kLittlePatience);
   voice->SayToTheEnd("Eins");
   voice->SayToTheEnd("[die]");
@@ -213,7 +213,7 @@ TEST_F(DispatcherSpeakerTest, LeavesASentenceToTheFirstSpeakerWhereItsEngineDies
   EXPECT_EQ(voice->Told().size(), 1U);
 }
 
-TEST_F(DispatcherSpeakerTest, LeavesASentenceToTheFirstSpeakerThatNeverComesToAnEnd) {
+TEST_F(SpeechdBackendTest, LeavesASentenceToTheFirstSpeakerThatNeverComesToAnEnd) {
   const auto voice = MakeAnna(milliseconds(100));
   voice->SetRate(10);
   voice->SayToTheEnd("[hold]");
@@ -222,10 +222,10 @@ TEST_F(DispatcherSpeakerTest, LeavesASentenceToTheFirstSpeakerThatNeverComesToAn
   EXPECT_EQ(voice->Dispatcher().Detail, "Speech Dispatcher does not say whether it has spoken");
 }
 
-TEST_F(DispatcherSpeakerTest, LeavesAServerAloneThatDoesNotBegin) {
-  DispatchedVoice voice(server_, DispatcherPatience{.answer = kLittlePatience,
-                                                    .turn = kLittlePatience,
-                                                    .retry = std::chrono::hours(1)});
+TEST_F(SpeechdBackendTest, LeavesAServerAloneThatDoesNotBegin) {
+  DispatchedVoice voice(server_, SpeechdPatience{.answer = kLittlePatience,
+                                                 .turn = kLittlePatience,
+                                                 .retry = std::chrono::hours(1)});
   voice.Choose(kAnna);
   voice.SayToTheEnd("[mute]");
   EXPECT_EQ(voice.Dispatcher().Detail, "Speech Dispatcher does not begin to speak");
@@ -240,14 +240,14 @@ TEST_F(DispatcherSpeakerTest, LeavesAServerAloneThatDoesNotBegin) {
   EXPECT_EQ(voice.Dispatcher().State, ConnectionState::Attached);
 }
 
-TEST_F(DispatcherSpeakerTest, NoticesThatItsEngineDiedBeforeTheFirstSentence) {
+TEST_F(SpeechdBackendTest, NoticesThatItsEngineDiedBeforeTheFirstSentence) {
   const auto voice = MakeAnna(kLittlePatience);
   server_.SignalEngine(SIGKILL);
   voice->SayToTheEnd("Eins");
   EXPECT_EQ(server_.Said(), Lines({"gmw/de: Eins"}));
 }
 
-TEST_F(DispatcherSpeakerTest, NoticesThatAnotherEngineSpeaksForOneThatDied) {
+TEST_F(SpeechdBackendTest, NoticesThatAnotherEngineSpeaksForOneThatDied) {
   const auto voice = MakeAnna(kLittlePatience);
   voice->SayToTheEnd("Eins");
   server_.SignalEngine(SIGKILL);
@@ -257,7 +257,7 @@ TEST_F(DispatcherSpeakerTest, NoticesThatAnotherEngineSpeaksForOneThatDied) {
   EXPECT_EQ(voice->Dispatcher().Detail, "Speech Dispatcher's speech engine does not work");
 }
 
-TEST_F(DispatcherSpeakerTest, WaitsWhileAnotherProgramSpeaks) {
+TEST_F(SpeechdBackendTest, WaitsWhileAnotherProgramSpeaks) {
   const auto voice = MakeAnna(kLittlePatience);
   DispatchedVoice other(server_);
   other.Choose(kKal);
@@ -294,8 +294,8 @@ class Alarm {
   SsipConnection connection_;
 };
 
-TEST_F(DispatcherSpeakerTest, GoesOnBehindThePieceThatAnotherProgramCutOff) {
-  DispatchedVoice voice(server_, DispatcherPatience{.retry = {}, .heard = {}});
+TEST_F(SpeechdBackendTest, GoesOnBehindThePieceThatAnotherProgramCutOff) {
+  DispatchedVoice voice(server_, SpeechdPatience{.retry = {}, .heard = {}});
   voice.Choose(kAnna);
   const std::string first = "[hold] " + std::string(600, 'a') + ".";
   const std::string second = std::string(600, 'b') + ".";
@@ -307,8 +307,8 @@ TEST_F(DispatcherSpeakerTest, GoesOnBehindThePieceThatAnotherProgramCutOff) {
   EXPECT_TRUE(voice.Told().empty());
 }
 
-TEST_F(DispatcherSpeakerTest, SaysOnceMoreWhatAnotherProgramCutOffAtOnce) {
-  DispatchedVoice voice(server_, DispatcherPatience{.retry = {}, .heard = std::chrono::hours(1)});
+TEST_F(SpeechdBackendTest, SaysOnceMoreWhatAnotherProgramCutOffAtOnce) {
+  DispatchedVoice voice(server_, SpeechdPatience{.retry = {}, .heard = std::chrono::hours(1)});
   voice.Choose(kAnna);
   voice.Speak("[hold]", SVSFlagsAsync);
   voice.Speak("Zwei", SVSFlagsAsync);
@@ -324,7 +324,7 @@ TEST_F(DispatcherSpeakerTest, SaysOnceMoreWhatAnotherProgramCutOffAtOnce) {
   EXPECT_TRUE(voice.Told().empty());
 }
 
-TEST_F(DispatcherSpeakerTest, IsTestedAlone) {
+TEST_F(SpeechdBackendTest, IsTestedAlone) {
   DispatchedVoice voice(server_);
   voice.TestEngine(1, "One");
   voice.TestEngine(0, "Two");
@@ -338,7 +338,7 @@ TEST_F(DispatcherSpeakerTest, IsTestedAlone) {
   EXPECT_EQ(voice.Dispatcher().State, ConnectionState::Failed);
 }
 
-TEST(DispatcherSpeaker, IsMetByItsTest) {
+TEST(SpeechdBackend, IsMetByItsTest) {
   PrivateDispatcher server;
   server.Kill();
   DispatchedVoice voice(server);
@@ -355,7 +355,7 @@ TEST(DispatcherSpeaker, IsMetByItsTest) {
   EXPECT_EQ(DispatchedVoice(server).GetVoices(), Lines({"English", "German", kKal, kAnna}));
 }
 
-TEST(DispatcherSpeaker, KnowsHowLongATextMayTake) {
+TEST(SpeechdBackend, KnowsHowLongATextMayTake) {
   using std::chrono::seconds;
   EXPECT_LT(UsualTime("Hello.", 0), seconds(2));
   // 60 characters are about four seconds, three times as many at the slowest.

@@ -14,9 +14,9 @@ namespace {
 
 constexpr const char* kFemale = "English (America), female2: espeak-ng, Speech Dispatcher";
 
-class DispatcherSound : public testing::Test {
+class SpeechdSound : public testing::Test {
  protected:
-  DispatcherSound() { server_.AskForVoices(); }
+  SpeechdSound() { server_.AskForVoices(); }
 
   // What the sound device has been given since it was asked last.
   Sound Heard() {
@@ -32,7 +32,7 @@ class DispatcherSound : public testing::Test {
   std::size_t heard_ = 0;
 };
 
-TEST_F(DispatcherSound, IsHeardAndSilencedAndHeardAgain) {
+TEST_F(SpeechdSound, IsHeardAndSilencedAndHeardAgain) {
   DispatchedVoice voice(server_);
   voice.Choose(kFemale);
   voice.SayToTheEnd("The boat leaves at seven tomorrow morning.");
@@ -48,11 +48,11 @@ TEST_F(DispatcherSound, IsHeardAndSilencedAndHeardAgain) {
   EXPECT_TRUE(voice.Told().empty());
 }
 
-TEST_F(DispatcherSound, HasAFewVoicesOfEachLanguage) {
+TEST_F(SpeechdSound, HasAFewVoicesOfEachLanguage) {
   DispatchedVoice voice(server_);
   std::map<std::string, std::size_t> languages;
-  for (const DispatcherListing& listing :
-       DispatcherMemory({}, server_.Inside("state/voices"), {}).Voices()) {
+  for (const SpeechdListing& listing :
+       SpeechdVoiceCache({}, server_.Inside("state/voices"), {}).Voices()) {
     ++languages[listing.language];
   }
   EXPECT_GT(languages.size(), 100U);

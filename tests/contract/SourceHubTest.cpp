@@ -38,17 +38,17 @@ class FakeSource : public MessengerSource {
   std::vector<std::string> opened;
 };
 
-class MessengerSourcesTest : public testing::Test {
+class SourceHubTest : public testing::Test {
  protected:
-  MessengerSourcesTest() { sources.Attach(program); }
+  SourceHubTest() { sources.Attach(program); }
 
   FakeSource one;
   FakeSource two;
   RecordingListener program;
-  MessengerSources sources{{&one, &two}};
+  SourceHub sources{{&one, &two}};
 };
 
-TEST_F(MessengerSourcesTest, HandsOnWhatEachRaises) {
+TEST_F(SourceHubTest, HandsOnWhatEachRaises) {
   one.Send("ann", "hello");
   two.raise->OnUserStateChanged({"bob", ""}, MSTATE_AWAY);
   one.raise->OnUserStateFound({"cid", ""}, MSTATE_BUSY);
@@ -61,7 +61,7 @@ TEST_F(MessengerSourcesTest, HandsOnWhatEachRaises) {
                                           "newer http://x", "OnLogoff"));
 }
 
-TEST_F(MessengerSourcesTest, LetAnEventWaitForTheHandlerBeforeIt) {
+TEST_F(SourceHubTest, LetAnEventWaitForTheHandlerBeforeIt) {
   program.Meanwhile = [&] {
     two.Send("bob", "second");
     one.Send("ann", "third");
@@ -71,7 +71,7 @@ TEST_F(MessengerSourcesTest, LetAnEventWaitForTheHandlerBeforeIt) {
   EXPECT_THAT(program.events, ElementsAre("ann,ann,,first", "bob,bob,,second", "ann,ann,,third"));
 }
 
-TEST_F(MessengerSourcesTest, HandsOnNothingOnceDetached) {
+TEST_F(SourceHubTest, HandsOnNothingOnceDetached) {
   MessengerListener& raise = *one.raise;
   program.Meanwhile = [&] {
     raise.OnLogoff();
@@ -85,14 +85,14 @@ TEST_F(MessengerSourcesTest, HandsOnNothingOnceDetached) {
   EXPECT_EQ(two.raise, nullptr);
 }
 
-TEST_F(MessengerSourcesTest, GoOnAfterAHandlerThatThrew) {
+TEST_F(SourceHubTest, GoOnAfterAHandlerThatThrew) {
   program.Meanwhile = [] { throw ProgramEnd{}; };
   EXPECT_THROW(one.Send("ann", "first"), ProgramEnd);
   one.Send("ann", "second");
   EXPECT_THAT(program.events, ElementsAre("ann,ann,,second"));
 }
 
-TEST_F(MessengerSourcesTest, AreSignedInWhileOneIs) {
+TEST_F(SourceHubTest, AreSignedInWhileOneIs) {
   EXPECT_EQ(sources.MyStatus(), MSTATE_OFFLINE);
   two.ChangeStatus(MSTATE_ONLINE);
   one.ChangeStatus(MSTATE_AWAY);
@@ -102,14 +102,14 @@ TEST_F(MessengerSourcesTest, AreSignedInWhileOneIs) {
   EXPECT_THAT(program.events, ElementsAre("own 2", "own 34", "own 1"));
 }
 
-TEST_F(MessengerSourcesTest, TellTheOwnStateOnlyWhereItIsAnother) {
+TEST_F(SourceHubTest, TellTheOwnStateOnlyWhereItIsAnother) {
   one.ChangeStatus(MSTATE_ONLINE);
   two.ChangeStatus(MSTATE_AWAY);
   one.ChangeStatus(MSTATE_ONLINE);
   EXPECT_THAT(program.events, ElementsAre("own 2"));
 }
 
-TEST_F(MessengerSourcesTest, DoNotTellTheStateThatTheProgramAskedFor) {
+TEST_F(SourceHubTest, DoNotTellTheStateThatTheProgramAskedFor) {
   sources.Detach();
   one.status = MSTATE_ONLINE;
   sources.Attach(program);
@@ -117,7 +117,7 @@ TEST_F(MessengerSourcesTest, DoNotTellTheStateThatTheProgramAskedFor) {
   EXPECT_THAT(program.events, IsEmpty());
 }
 
-TEST_F(MessengerSourcesTest, KnowTheFirstNameThatThereIs) {
+TEST_F(SourceHubTest, KnowTheFirstNameThatThereIs) {
   EXPECT_EQ(sources.MyName(), "");
   two.name = "Zoe";
   EXPECT_EQ(sources.MyName(), "Zoe");
@@ -125,7 +125,7 @@ TEST_F(MessengerSourcesTest, KnowTheFirstNameThatThereIs) {
   EXPECT_EQ(sources.MyName(), "Ann");
 }
 
-TEST_F(MessengerSourcesTest, OpenAConversationWhereTheContactWasHeardOf) {
+TEST_F(SourceHubTest, OpenAConversationWhereTheContactWasHeardOf) {
   one.known = two.known = "ann";
   sources.InstantMessage("ann");
   two.Send("ann", "hello");
@@ -137,7 +137,7 @@ TEST_F(MessengerSourcesTest, OpenAConversationWhereTheContactWasHeardOf) {
   EXPECT_THAT(one.opened, ElementsAre("ann", "ann"));
 }
 
-TEST_F(MessengerSourcesTest, OpenNothingWhereTheContactWasHeardOfAndNotKnown) {
+TEST_F(SourceHubTest, OpenNothingWhereTheContactWasHeardOfAndNotKnown) {
   two.Send("ann", "hello");
   one.known = two.known = "ann";
   sources.InstantMessage("ann");
@@ -145,7 +145,7 @@ TEST_F(MessengerSourcesTest, OpenNothingWhereTheContactWasHeardOfAndNotKnown) {
   EXPECT_THAT(two.opened, IsEmpty());
 }
 
-TEST_F(MessengerSourcesTest, SayThatNobodyKnowsAContact) {
+TEST_F(SourceHubTest, SayThatNobodyKnowsAContact) {
   std::vector<std::string> unknown;
   sources.NobodyKnows = [&](const std::string& contact) { unknown.push_back(contact); };
   sources.InstantMessage("ann");

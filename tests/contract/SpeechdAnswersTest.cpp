@@ -23,9 +23,9 @@ std::optional<std::string> Usual(const std::string& line) {
   return "";
 }
 
-class DispatcherAnswers : public testing::Test {
+class SpeechdAnswers : public testing::Test {
  protected:
-  DispatcherOptions Options(const ScriptedDispatcher& server) const {
+  SpeechdOptions Options(const ScriptedDispatcher& server) const {
     return {.address = server.Address(),
             .locale = "en_US.UTF-8",
             .memory = folder_.Inside("voices"),
@@ -33,16 +33,16 @@ class DispatcherAnswers : public testing::Test {
   }
 
   // Whether nothing of the text is left to somebody else.
-  bool Says(DispatcherSpeaker& speaker, std::u32string_view text) const {
+  bool Says(SpeechdBackend& speaker, std::u32string_view text) const {
     return speaker.Say(text, {}, stop_) && text.empty();
   }
 
  private:
   const TemporaryFolder folder_;
-  const StopSign stop_;
+  const StopToken stop_;
 };
 
-TEST_F(DispatcherAnswers, AreNotAwaitedForWhatHasBeenSaid) {
+TEST_F(SpeechdAnswers, AreNotAwaitedForWhatHasBeenSaid) {
   std::atomic<int> said = 0, lists = 0;
   const ScriptedDispatcher server([&](const std::string& line) -> std::optional<std::string> {
     if (line == ".") ++said;
@@ -51,7 +51,7 @@ TEST_F(DispatcherAnswers, AreNotAwaitedForWhatHasBeenSaid) {
     if (line == "LIST SYNTHESIS_VOICES" && ++lists == 1) return std::nullopt;
     return Usual(line);
   });
-  DispatcherSpeaker speaker(Options(server));
+  SpeechdBackend speaker(Options(server));
   EXPECT_TRUE(Says(speaker, U"One"));
   EXPECT_EQ(said, 1);
   EXPECT_TRUE(Says(speaker, U"Two"));
@@ -59,7 +59,7 @@ TEST_F(DispatcherAnswers, AreNotAwaitedForWhatHasBeenSaid) {
   EXPECT_EQ(speaker.State().State, ConnectionState::Attached);
 }
 
-TEST_F(DispatcherAnswers, OfVoicesMakeNoSpeakerWorkThatFailed) {
+TEST_F(SpeechdAnswers, OfVoicesMakeNoSpeakerWorkThatFailed) {
   std::atomic<bool> failed = false;
   const ScriptedDispatcher server([&](const std::string& line) -> std::optional<std::string> {
     if (line == "SPEAK") return "300 ERR NO\r\n";
@@ -73,13 +73,13 @@ TEST_F(DispatcherAnswers, OfVoicesMakeNoSpeakerWorkThatFailed) {
     const std::lock_guard lock(mutex);
     return states;
   };
-  DispatcherOptions options = Options(server);
-  DispatcherSpeaker* watched = nullptr;
+  SpeechdOptions options = Options(server);
+  SpeechdBackend* watched = nullptr;
   options.changed = [&] {
     const std::lock_guard lock(mutex);
     states.push_back(watched->State().State);
   };
-  DispatcherSpeaker speaker(std::move(options));
+  SpeechdBackend speaker(std::move(options));
   watched = &speaker;
   EXPECT_FALSE(Says(speaker, U"One"));
   EXPECT_EQ(seen(), std::vector{ConnectionState::Failed});

@@ -16,13 +16,13 @@ namespace {
 using Said = std::vector<std::string>;
 
 // A session in which no server runs, whose voices are remembered.
-class DispatcherStartTest : public testing::Test {
+class SpeechdStartTest : public testing::Test {
  protected:
-  DispatcherStartTest() {
+  SpeechdStartTest() {
     server_.AskForVoices();
     server_.Kill();
   }
-  ~DispatcherStartTest() override {
+  ~SpeechdStartTest() override {
     if (Runs()) ::kill(std::stoi(BytesOf(pid_file_)), SIGKILL);
   }
 
@@ -54,8 +54,8 @@ class DispatcherStartTest : public testing::Test {
   const std::string pid_file_ = server_.Inside("speech-dispatcher/pid/speech-dispatcher.pid");
 };
 
-TEST_F(DispatcherStartTest, IsStartedForASentenceOfItsVoices) {
-  DispatchedVoice voice(server_, DispatcherAddressOfSession());
+TEST_F(SpeechdStartTest, IsStartedForASentenceOfItsVoices) {
+  DispatchedVoice voice(server_, SpeechdAddressOfSession());
   voice.SayToTheEnd("Hello");
   EXPECT_FALSE(Runs());
   EXPECT_EQ(voice.Dispatcher().State, ConnectionState::Waiting);
@@ -66,15 +66,15 @@ TEST_F(DispatcherStartTest, IsStartedForASentenceOfItsVoices) {
   EXPECT_EQ(voice.Dispatcher().State, ConnectionState::Attached);
 }
 
-TEST_F(DispatcherStartTest, IsStartedForATest) {
-  DispatchedVoice voice(server_, DispatcherAddressOfSession());
+TEST_F(SpeechdStartTest, IsStartedForATest) {
+  DispatchedVoice voice(server_, SpeechdAddressOfSession());
   voice.TestEngine(1, "Hello");
   ASSERT_TRUE(voice.WaitUntilSilent(std::chrono::minutes(1)));
   EXPECT_TRUE(Runs());
   EXPECT_EQ(server_.Said(), Said{"Kal One|0|100|Hello"});
 }
 
-TEST_F(DispatcherStartTest, IsNotStartedWhereTheUserSaysWhereItIs) {
+TEST_F(SpeechdStartTest, IsNotStartedWhereTheUserSaysWhereItIs) {
   DispatchedVoice voice(server_);
   voice.TestEngine(1, "Hello");
   ASSERT_TRUE(voice.WaitUntilSilent(std::chrono::minutes(1)));
@@ -82,19 +82,19 @@ TEST_F(DispatcherStartTest, IsNotStartedWhereTheUserSaysWhereItIs) {
   EXPECT_EQ(server_.Said(), Said{});
 }
 
-TEST_F(DispatcherStartTest, IsNotStartedWhereItsSettingsForbidIt) {
+TEST_F(SpeechdStartTest, IsNotStartedWhereItsSettingsForbidIt) {
   const std::string settings = server_.Inside("config/speech-dispatcher/speechd.conf");
   SetBytes(settings, BytesOf(settings) + "DisableAutoSpawn\n");
-  DispatchedVoice voice(server_, DispatcherAddressOfSession());
+  DispatchedVoice voice(server_, SpeechdAddressOfSession());
   voice.SetVoice(voice.GetVoices().size() - 1);
   voice.SayToTheEnd("Hallo");
   EXPECT_FALSE(Runs());
   EXPECT_EQ(server_.Said(), Said{"gmw/de: Hallo"});
 }
 
-TEST_F(DispatcherStartTest, IsGivenUpAtOnceWhereItIsToBeSilent) {
+TEST_F(SpeechdStartTest, IsGivenUpAtOnceWhereItIsToBeSilent) {
   const Environment path("PATH", FolderOfServer("exec sleep 1000") + ":/usr/bin:/bin");
-  DispatchedVoice voice(server_, DispatcherAddressOfSession());
+  DispatchedVoice voice(server_, SpeechdAddressOfSession());
   voice.SetVoice(voice.GetVoices().size() - 1);
   voice.Speak("Never said", SVSFlagsAsync);
   const pid_t process = AwaitStarted();
@@ -106,9 +106,9 @@ TEST_F(DispatcherStartTest, IsGivenUpAtOnceWhereItIsToBeSilent) {
   EXPECT_NE(::kill(process, 0), 0);
 }
 
-TEST_F(DispatcherStartTest, IsGivenUpWhereItIgnoresAPlea) {
+TEST_F(SpeechdStartTest, IsGivenUpWhereItIgnoresAPlea) {
   const Environment path("PATH", FolderOfServer("while :; do sleep 1; done") + ":/usr/bin:/bin");
-  StopSign stop;
+  StopToken stop;
   auto started =
       std::async(std::launch::async, [&] { return StartDispatcher(server_.Socket(), stop); });
   const pid_t process = AwaitStarted();
@@ -118,9 +118,9 @@ TEST_F(DispatcherStartTest, IsGivenUpWhereItIgnoresAPlea) {
   EXPECT_FALSE(started.get());
 }
 
-TEST_F(DispatcherStartTest, IsOutOfTheListWhereItIsNotInstalled) {
+TEST_F(SpeechdStartTest, IsOutOfTheListWhereItIsNotInstalled) {
   const Environment path("PATH", "/nowhere");
-  DispatchedVoice voice(server_, DispatcherAddressOfSession());
+  DispatchedVoice voice(server_, SpeechdAddressOfSession());
   EXPECT_EQ(voice.GetVoices(), Said({"English", "German"}));
   EXPECT_EQ(voice.Dispatcher().State, ConnectionState::Waiting);
   EXPECT_EQ(voice.Dispatcher().Detail, "It is not installed");

@@ -1,4 +1,4 @@
-#include "desktop/FirstVoices.h"
+#include "linux/FirstVoices.h"
 
 #include "settings/SettingsTable.h"
 

@@ -68,7 +68,7 @@ class Harm {
   std::minstd_rand random_{20261122};
 };
 
-TEST(DispatcherChaos, LosesNoSentenceAndKeepsTheirOrder) {
+TEST(SpeechdChaos, LosesNoSentenceAndKeepsTheirOrder) {
   constexpr int kHarms = 40, kBetweenHarms = 25, kSentences = kHarms * kBetweenHarms;
   PrivateDispatcher server;
   server.AskForVoices();

@@ -5,22 +5,22 @@
 namespace brenwick {
 namespace {
 
-TEST(RecentTexts, ANewOneIsWholeEvenWhenItIsTheSame) {
-  RecentTexts said;
+TEST(RepeatFilter, ANewOneIsWholeEvenWhenItIsTheSame) {
+  RepeatFilter said;
   EXPECT_EQ(said.NewPart("Anna", "ok", false), "ok");
   EXPECT_EQ(said.NewPart("Anna", "ok", false), "ok");
 }
 
-TEST(RecentTexts, TheSameInThePlaceOfItselfIsNothing) {
-  RecentTexts said;
+TEST(RepeatFilter, TheSameInThePlaceOfItselfIsNothing) {
+  RepeatFilter said;
   said.NewPart("Anna", "hello", false);
   EXPECT_EQ(said.NewPart("Anna", "hello", true), "");
   EXPECT_EQ(said.NewPart("Anna", "hello", true), "");
   EXPECT_EQ(said.NewPart("Bob", "hello", true), "hello");
 }
 
-TEST(RecentTexts, AFurtherLineIsTheNewPart) {
-  RecentTexts said;
+TEST(RepeatFilter, AFurtherLineIsTheNewPart) {
+  RepeatFilter said;
   said.NewPart("Anna", "one", false);
   EXPECT_EQ(said.NewPart("Anna", "one\ntwo", true), "two");
   EXPECT_EQ(said.NewPart("Anna", "one\ntwo\nthree", true), "three");
@@ -29,16 +29,16 @@ TEST(RecentTexts, AFurtherLineIsTheNewPart) {
   EXPECT_EQ(said.NewPart("Anna", "quite another", true), "quite another");
 }
 
-TEST(RecentTexts, AFurtherLineAboveTheOthersIsTheNewPart) {
-  RecentTexts said;
+TEST(RepeatFilter, AFurtherLineAboveTheOthersIsTheNewPart) {
+  RepeatFilter said;
   said.NewPart("Anna", "one", false);
   EXPECT_EQ(said.NewPart("Anna", "two\none", true), "two");
   EXPECT_EQ(said.NewPart("Anna", "three\ntwo\none", true), "three");
   EXPECT_EQ(said.NewPart("Anna", "more than one", true), "more than one");
 }
 
-TEST(RecentTexts, AnyOfTheLastOnesOfAContactMayBeReplaced) {
-  RecentTexts said;
+TEST(RepeatFilter, AnyOfTheLastOnesOfAContactMayBeReplaced) {
+  RepeatFilter said;
   said.NewPart("Anna", "a", false);
   said.NewPart("Anna", "b", false);
   EXPECT_EQ(said.NewPart("Anna", "a", true), "");
@@ -47,11 +47,11 @@ TEST(RecentTexts, AnyOfTheLastOnesOfAContactMayBeReplaced) {
   EXPECT_EQ(said.NewPart("Anna", "b", false), "b");
 }
 
-TEST(RecentTexts, TheOldestOfThemIsForgotten) {
-  RecentTexts said;
+TEST(RepeatFilter, TheOldestOfThemIsForgotten) {
+  RepeatFilter said;
   said.NewPart("Anna", "first", false);
   said.NewPart("Anna", "second", false);
-  for (std::size_t i = 2; i <= RecentTexts::kMostTexts; ++i) {
+  for (std::size_t i = 2; i <= RepeatFilter::kMostTexts; ++i) {
     said.NewPart("Anna", std::to_string(i), false);
     EXPECT_EQ(said.NewPart("Anna", std::to_string(i), true), "");
   }
@@ -59,18 +59,18 @@ TEST(RecentTexts, TheOldestOfThemIsForgotten) {
   EXPECT_EQ(said.NewPart("Anna", "first", true), "first");
 }
 
-TEST(RecentTexts, AFurtherLineOfANewOneIsNone) {
-  RecentTexts said;
+TEST(RepeatFilter, AFurtherLineOfANewOneIsNone) {
+  RepeatFilter said;
   said.NewPart("Anna", "one", false);
   EXPECT_EQ(said.NewPart("Anna", "one\ntwo", false), "one\ntwo");
 }
 
-TEST(RecentTexts, KeepTheContactsHeardLast) {
-  RecentTexts said;
+TEST(RepeatFilter, KeepTheContactsHeardLast) {
+  RepeatFilter said;
   said.NewPart("first", "a", false);
   said.NewPart("second", "a", false);
   said.NewPart("first", "b", false);
-  for (std::size_t i = 2; i < RecentTexts::kMost + 1; ++i) {
+  for (std::size_t i = 2; i < RepeatFilter::kMost + 1; ++i) {
     said.NewPart(std::to_string(i), "a", false);
   }
   EXPECT_EQ(said.NewPart("first", "b", true), "");

@@ -13,7 +13,7 @@ namespace {
 
 using Names = std::vector<std::string>;
 
-class DispatcherMemoryTest : public testing::Test {
+class SpeechdVoiceCacheTest : public testing::Test {
  protected:
   struct Answer {
     bool reached;
@@ -24,7 +24,7 @@ class DispatcherMemoryTest : public testing::Test {
   // What a new program is told once it has asked.
   Answer Ask() {
     std::promise<Answer> answer;
-    DispatcherMemory memory(server_.Address(), kFile, [&](bool reached, bool news) {
+    SpeechdVoiceCache memory(server_.Address(), kFile, [&](bool reached, bool news) {
       answer.set_value({reached, news});
     });
     memory.Refresh();
@@ -33,7 +33,7 @@ class DispatcherMemoryTest : public testing::Test {
 
   Names Remembered() const {
     Names names;
-    for (const DispatcherListing& voice : DispatcherMemory({}, kFile, {}).Voices()) {
+    for (const SpeechdListing& voice : SpeechdVoiceCache({}, kFile, {}).Voices()) {
       names.push_back(voice.module + "/" + voice.name + "/" + voice.language);
     }
     return names;
@@ -44,7 +44,7 @@ class DispatcherMemoryTest : public testing::Test {
   const Names kBoth = {"test/Anna/de", "test/Kal One/en-US"};
 };
 
-TEST_F(DispatcherMemoryTest, RemembersWhatTheServerHas) {
+TEST_F(SpeechdVoiceCacheTest, RemembersWhatTheServerHas) {
   EXPECT_EQ(Remembered(), Names{});
   EXPECT_EQ(Ask(), (Answer{true, true}));
   EXPECT_EQ(Remembered(), kBoth);
@@ -52,41 +52,41 @@ TEST_F(DispatcherMemoryTest, RemembersWhatTheServerHas) {
   EXPECT_EQ(Remembered(), kBoth);
 }
 
-TEST_F(DispatcherMemoryTest, LearnsOfOtherVoices) {
+TEST_F(SpeechdVoiceCacheTest, LearnsOfOtherVoices) {
   Ask();
   server_.SetVoices({"Zoe\tfr\tnone", "Anna\tde\tnone"});
   EXPECT_EQ(Ask(), (Answer{true, true}));
   EXPECT_EQ(Remembered(), Names({"test/Anna/de", "test/Zoe/fr"}));
 }
 
-TEST_F(DispatcherMemoryTest, KeepsWhatItKnowsWhileThereIsNoServer) {
+TEST_F(SpeechdVoiceCacheTest, KeepsWhatItKnowsWhileThereIsNoServer) {
   Ask();
   server_.Kill();
   EXPECT_EQ(Ask(), (Answer{false, false}));
   EXPECT_EQ(Remembered(), kBoth);
 }
 
-TEST_F(DispatcherMemoryTest, TakesAServerWithoutAnEngineForNone) {
+TEST_F(SpeechdVoiceCacheTest, TakesAServerWithoutAnEngineForNone) {
   Ask();
   server_.SetVoices({"dummy\ten\tnone"});
   EXPECT_EQ(Ask(), (Answer{false, false}));
   EXPECT_EQ(Remembered(), kBoth);
 }
 
-TEST_F(DispatcherMemoryTest, KeepsTheVoicesOfAnEngineThatIsOutOfOrder) {
+TEST_F(SpeechdVoiceCacheTest, KeepsTheVoicesOfAnEngineThatIsOutOfOrder) {
   Ask();
   server_.SignalEngine(SIGKILL);
   EXPECT_EQ(Ask(), (Answer{false, false}));
   EXPECT_EQ(Remembered(), kBoth);
 }
 
-TEST(DispatcherMemory, TakesNoVoicesOfAnotherEngineForThoseOfOneThatIsOutOfOrder) {
+TEST(SpeechdVoiceCache, TakesNoVoicesOfAnotherEngineForThoseOfOneThatIsOutOfOrder) {
   PrivateDispatcher server(PrivateDispatcher::Engines::kNotingAndReal);
   const auto remembered = [&] {
     server.AskForVoices();
-    return DispatcherMemory({}, server.Inside("state/voices"), {}).Voices();
+    return SpeechdVoiceCache({}, server.Inside("state/voices"), {}).Voices();
   };
-  const std::vector<DispatcherListing> before = remembered();
+  const std::vector<SpeechdListing> before = remembered();
   EXPECT_GT(before.size(), 400U);
   server.SetVoices({"Zoe\tfr\tnone"});
   EXPECT_NE(remembered(), before);
@@ -98,12 +98,12 @@ TEST(DispatcherMemory, TakesNoVoicesOfAnotherEngineForThoseOfOneThatIsOutOfOrder
   EXPECT_EQ(remembered(), before);
 }
 
-TEST_F(DispatcherMemoryTest, AsksUntilItHasBeenAnsweredAndThenNoMore) {
+TEST_F(SpeechdVoiceCacheTest, AsksUntilItHasBeenAnsweredAndThenNoMore) {
   server_.Kill();
   std::vector<std::promise<bool>> answers(3);
   std::size_t next = 0;
-  DispatcherMemory memory(server_.Address(), kFile,
-                          [&](bool reached, bool) { answers.at(next++).set_value(reached); });
+  SpeechdVoiceCache memory(server_.Address(), kFile,
+                           [&](bool reached, bool) { answers.at(next++).set_value(reached); });
   memory.Refresh();
   EXPECT_FALSE(answers[0].get_future().get());
   server_.Start();
@@ -119,16 +119,16 @@ TEST_F(DispatcherMemoryTest, AsksUntilItHasBeenAnsweredAndThenNoMore) {
   EXPECT_EQ(Remembered(), kBoth);
 }
 
-TEST_F(DispatcherMemoryTest, EndsWhileTheServerHangs) {
+TEST_F(SpeechdVoiceCacheTest, EndsWhileTheServerHangs) {
   server_.Stop();
   {
-    DispatcherMemory memory(server_.Address(), kFile, [](bool, bool) { ADD_FAILURE(); });
+    SpeechdVoiceCache memory(server_.Address(), kFile, [](bool, bool) { ADD_FAILURE(); });
     memory.Refresh();
   }
   EXPECT_EQ(Remembered(), Names{});
 }
 
-TEST_F(DispatcherMemoryTest, TakesAnyFile) {
+TEST_F(SpeechdVoiceCacheTest, TakesAnyFile) {
   std::filesystem::create_directories(server_.Inside("state/brenwick"));
   std::string content;
   for (int byte = 0; byte < 256; ++byte) content += static_cast<char>(byte);
