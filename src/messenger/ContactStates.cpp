@@ -2,6 +2,7 @@
 
 #include "base/Numbers.h"
 #include "base/Text.h"
+#include "messenger/StateTable.h"
 
 namespace brenwick {
 namespace {
@@ -29,11 +30,11 @@ void ContactStates::oMessenger_OnUserStateChanged(const MessengerContact& user,
                                                   std::int32_t state) {
   log_.Trap(kModule, "oMessenger_OnUserStateChanged", [&] {
     log_.DebugWrite("MessengerObject", "UserStateChanged");
-    const StateRow& row = FindState(state);
-    LogState(user, row);
-    const std::string phrase = row.phrase(texts_, form_);
-    contacts_.ListAdd(user.SigninName, user.FriendlyName, row.code);
-    if (!row.announced) return;
+    const StateFacts& facts = FactsOf(state);
+    LogState(user, facts);
+    const std::string phrase = PhraseOf(state, texts_, form_);
+    contacts_.ListAdd(user.SigninName, user.FriendlyName, facts.code);
+    if (!facts.announced) return;
     if (form_.chkNotifyUserState.Ticked() &&
         contacts_.GetContactValue(user.SigninName, "I") != "True") {
       Announce(user, phrase);
@@ -46,14 +47,15 @@ void ContactStates::oMessenger_OnUserStateChanged(const MessengerContact& user,
 void ContactStates::oMessenger_OnUserStateFound(const MessengerContact& user, std::int32_t state) {
   log_.Trap(kModule, "oMessenger_OnUserStateFound", [&] {
     log_.DebugWrite("MessengerObject", "UserStateFound");
-    const StateRow& row = FindState(state);
-    LogState(user, row);
-    contacts_.ListAdd(user.SigninName, user.FriendlyName, row.code);
+    const StateFacts& facts = FactsOf(state);
+    LogState(user, facts);
+    contacts_.ListAdd(user.SigninName, user.FriendlyName, facts.code);
   });
 }
 
-void ContactStates::LogState(const MessengerContact& user, const StateRow& row) {
-  log_.DebugWrite("UserStateChanged", user.FriendlyName + " (" + user.SigninName + ") " + row.name);
+void ContactStates::LogState(const MessengerContact& user, const StateFacts& facts) {
+  log_.DebugWrite("UserStateChanged",
+                  user.FriendlyName + " (" + user.SigninName + ") " + facts.name);
 }
 
 void ContactStates::Announce(const MessengerContact& user, const std::string& phrase) {

@@ -11,8 +11,8 @@
 #include "language/TextTable.h"
 #include "logging/Logs.h"
 #include "messenger/SpokenName.h"
-#include "messenger/StateTable.h"
 #include "platform/MessengerClient.h"
+#include "platform/MessengerStates.h"
 #include "speech/Abbreviations.h"
 #include "speech/Speech.h"
 
@@ -45,7 +45,7 @@ class ContactStates {
   std::function<void()> AfterOwnState;
 
  private:
-  void LogState(const MessengerContact& user, const StateRow& row);
+  void LogState(const MessengerContact& user, const StateFacts& facts);
   void Announce(const MessengerContact& user, const std::string& phrase);
   std::string DescribeOwnState(std::int32_t state);
   void AnnounceOwnState(std::string announcement);

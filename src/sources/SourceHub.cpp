@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "messenger/StateTable.h"
+#include "platform/MessengerStates.h"
 
 namespace brenwick {
 namespace {
@@ -109,7 +109,7 @@ std::int32_t SourceHub::MyStatus() {
   std::int32_t first = MSTATE_OFFLINE;
   for (auto source = sources_.rbegin(); source != sources_.rend(); ++source) {
     const std::int32_t state = (*source)->MyStatus();
-    if (FindState(state).signed_in || !FindState(first).signed_in) first = state;
+    if (FactsOf(state).signed_in || !FactsOf(first).signed_in) first = state;
   }
   return first;
 }
