@@ -1,7 +1,7 @@
 // Which notifications tell of new mail.
 #pragma once
 
-#include "linux/notifications/Notification.h"
+#include "sources/Notification.h"
 
 namespace brenwick {
 

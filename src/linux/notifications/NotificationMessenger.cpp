@@ -7,43 +7,12 @@
 #include "base/ProgramState.h"
 #include "base/Text.h"
 #include "linux/notifications/NotificationCalls.h"
-#include "sources/ForeignText.h"
-#include "sources/MailApplications.h"
-#include "sources/MailService.h"
+#include "linux/notifications/NotificationReader.h"
 
 namespace brenwick {
 namespace {
 
-constexpr std::size_t kLongestApplication = 128;  // bytes
-constexpr std::size_t kLongestName = 1024;
 constexpr int kAtATime = 10;  // messages of the bus
-
-std::string Name(const std::string& text, std::size_t longest) {
-  return std::string(Trimmed(FirstBytes(OneLine(text), longest)));
-}
-
-// As people know it. One that says no name of its own goes by its desktop entry, and one without
-// either cannot be chosen.
-std::string ApplicationOf(const Notification& notification) {
-  const std::string name = Name(notification.application, kLongestApplication);
-  return name.empty() ? Name(notification.desktop_entry, kLongestApplication) : name;
-}
-
-// Mail programs write the sender into the heading, or into a line of its own.
-std::string MailSender(const Notification& notification, const std::string& body) {
-  constexpr std::string_view kFrom = "FROM:";
-  std::size_t start = 0;
-  while (start < body.size()) {
-    const std::size_t end = body.find('\n', start);
-    const std::string line = body.substr(start, end - start);
-    if (UpperCase(FirstCharacters(line, kFrom.size())) == kFrom) {
-      return Name(line.substr(kFrom.size()), kLongestName);
-    }
-    if (end == std::string::npos) break;
-    start = end + 1;
-  }
-  return Name(notification.summary, kLongestName);
-}
 
 std::shared_ptr<BusConnection> Monitor(const std::string& address) {
   auto monitor = std::make_shared<BusConnection>(address);
@@ -59,7 +28,14 @@ std::shared_ptr<BusConnection> Monitor(const std::string& address) {
 
 NotificationMessenger::NotificationMessenger(std::string busAddress, RegistryStore& store,
                                              ReadinessWatch& watch)
-    : bus_address_(std::move(busAddress)), watch_(watch), applications_(store) {}
+    : bus_address_(std::move(busAddress)), watch_(watch), applications_(store) {
+  rules_.ApplicationAdded = [this] {
+    if (Changed) Changed();
+  };
+  rules_.HeardElsewhere = [this](const std::string& application) {
+    return HeardElsewhere && HeardElsewhere(application);
+  };
+}
 
 NotificationMessenger::~NotificationMessenger() { NotificationMessenger::Detach(); }
 
@@ -80,6 +56,7 @@ void NotificationMessenger::Detach() {
   watch_.Stop();
   monitor_.reset();
   tester_.reset();
+  rules_.SetOwn({}, {});
   applications_.Save();
 }
 
@@ -118,7 +95,10 @@ void NotificationMessenger::StateMayHaveChanged() {
 void NotificationMessenger::Test(const std::string& sentence) {
   if (!monitor_) return;
   try {
-    if (!tester_ || !tester_->IsOpen()) tester_ = std::make_unique<BusConnection>(bus_address_);
+    if (!tester_ || !tester_->IsOpen()) {
+      tester_ = std::make_unique<BusConnection>(bus_address_);
+      rules_.SetOwn(tester_->Name(), kName);
+    }
     tester_->Send(*ShowNotification(kTitle, sentence));
   } catch (const std::runtime_error&) {
     // The bus is going, which the other connection is about to tell.
@@ -165,42 +145,8 @@ void NotificationMessenger::TryAgain() {
 }
 
 void NotificationMessenger::Hear(const Notification& notification) {
-  if (tester_ && notification.sender == tester_->Name()) {
-    listener_->OnTextReceived({"", kName}, "", WithoutMarkup(notification.body));
-    return;
-  }
-  const std::string application = ApplicationOf(notification);
-  if (application.empty() || notification.is_gauge) return;
-  if (applications_.See(application) && Changed) Changed();
-  if (!applications_.IsOn(application)) return;
-  if (HeardElsewhere && HeardElsewhere(LowerCase(application))) return;
-  if (TellsOfMail(notification)) {
-    RaiseMail(notification, application);
-  } else {
-    Raise(notification, application);
-  }
-}
-
-void NotificationMessenger::Raise(const Notification& notification,
-                                  const std::string& application) {
-  std::string name = Name(notification.summary, kLongestName);
-  std::string text = WithoutMarkup(notification.body);
-  // A heading without a body is all that the application has to say.
-  if (text.empty()) text = std::exchange(name, application);
-  if (name.empty()) name = application;
-  const MessengerContact contact = OrdinaryContact(application + ':' + name, name);
-  const std::string part = said_.NewPart(contact.SigninName, text, notification.replaces);
-  if (!part.empty()) listener_->OnTextReceived(contact, "", part);
-}
-
-void NotificationMessenger::RaiseMail(const Notification& notification,
-                                      const std::string& application) {
-  const std::string body = WithoutMarkup(notification.body);
-  std::string from = MailSender(notification, body);
-  if (from.empty()) from = application;
-  const std::string contact = application + ':' + from;
-  if (said_.NewPart(contact, body + '\n', notification.replaces).empty()) return;
-  listener_->OnTextReceived({contact, kMailService}, "", NewMailNotice(from));
+  const auto message = rules_.Read(notification);
+  if (message) listener_->OnTextReceived(message->contact, "", message->text);
 }
 
 }  // namespace brenwick

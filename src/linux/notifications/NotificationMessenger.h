@@ -14,9 +14,8 @@
 
 #include "linux/BusConnection.h"
 #include "linux/ReadinessWatch.h"
-#include "linux/notifications/Notification.h"
 #include "sources/MessengerSource.h"
-#include "sources/RepeatFilter.h"
+#include "sources/NotificationRules.h"
 #include "sources/SeenApplications.h"
 
 namespace brenwick {
@@ -58,15 +57,13 @@ class NotificationMessenger : public MessengerSource {
   void TryAgain();
   void Ready();
   void Hear(const Notification& notification);
-  void Raise(const Notification& notification, const std::string& application);
-  void RaiseMail(const Notification& notification, const std::string& application);
   void Fail(const std::string& why);
   void StateMayHaveChanged();
 
   std::string bus_address_;
   ReadinessWatch& watch_;
   SeenApplications applications_;
-  RepeatFilter said_;
+  NotificationRules rules_{applications_};
   MessengerListener* listener_ = nullptr;
   std::shared_ptr<BusConnection> monitor_;
   std::unique_ptr<BusConnection> tester_;

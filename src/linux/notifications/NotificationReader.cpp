@@ -1,4 +1,4 @@
-#include "linux/notifications/Notification.h"
+#include "linux/notifications/NotificationReader.h"
 
 #include <dbus/dbus.h>
 

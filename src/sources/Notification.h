@@ -1,13 +1,12 @@
-// What an application asks the desktop to show, as it travels over the bus.
+// What an application asks the desktop to show, whatever way the request came by.
 #pragma once
 
-#include <optional>
+#include <cstddef>
 #include <string>
-
-struct DBusMessage;
 
 namespace brenwick {
 
+// All texts are valid UTF-8.
 struct Notification {
   std::string sender;         // the connection it came from, as the bus names it
   std::string application;    // as it calls itself; may be empty
@@ -21,8 +20,5 @@ struct Notification {
 
 // Texts are cut where they are longer than this many bytes.
 inline constexpr std::size_t kMostOfNotification = 64 * 1024;
-
-// Nothing where the message is no well-formed call of Notify.
-std::optional<Notification> ReadNotification(DBusMessage& message);
 
 }  // namespace brenwick
