@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 #include "base/Numbers.h"
 #include "base/Text.h"
@@ -16,35 +17,46 @@ constexpr const char* kModule = "ModFunctions";
 void ContactList::ListAdd(const std::string& email, const std::string& name,
                           std::int32_t stateCode) {
   log_.Trap(kModule, "ListAdd", [&] {
-    const auto found = std::find_if(records_.begin(), records_.end(), [&](const auto& record) {
-      return record.Email.empty() || record.Email == email;
-    });
-    if (found != records_.end()) {
-      found->Name = name;
-      found->Status = std::to_string(stateCode);
+    const std::size_t index = std::min(FirstWith(""), FirstWith(email));
+    if (index < records_.size()) {
+      records_[index].Name = name;
+      records_[index].Status = std::to_string(stateCode);
     } else {
       Append({email, name, "", "?", "", std::to_string(stateCode), ""});
     }
+    if (RecordChanged) RecordChanged(index);
     if (AfterAdd) AfterAdd();
   });
 }
 
 void ContactList::Append(ContactRecord record) {
   if (records_.size() >= std::numeric_limits<std::int16_t>::max()) throw Failure(kOverflow);
+  first_.emplace(record.Email, records_.size());
   records_.push_back(std::move(record));
+}
+
+void ContactList::Replace(std::vector<ContactRecord> records) {
+  records_ = std::move(records);
+  first_.clear();
+  for (std::size_t i = 0; i < records_.size(); ++i) first_.emplace(records_[i].Email, i);
+  if (AllChanged) AllChanged();
 }
 
 void ContactList::ListMod(std::string_view code, const std::string& email,
                           const std::string& value) {
   log_.Trap(kModule, "ListMod", [&] {
-    ContactRecord* record = Find(email);
-    if (record != nullptr) Change(*record, code, value);
-    const auto number = record == nullptr ? 0 : record - records_.data() + 1;
-    if (AfterMod) AfterMod(static_cast<int>(number));
+    const std::size_t index = FirstWith(email);
+    const bool listed = index < records_.size();
+    if (listed) {
+      Change(index, code, value);
+      if (RecordChanged) RecordChanged(index);
+    }
+    if (AfterMod) AfterMod(listed ? static_cast<int>(index) + 1 : 0);
   });
 }
 
-void ContactList::Change(ContactRecord& record, std::string_view code, const std::string& value) {
+void ContactList::Change(std::size_t index, std::string_view code, const std::string& value) {
+  ContactRecord& record = records_[index];
   if (code == "N") {
     record.Name = value;
   } else if (code == "A") {
@@ -57,8 +69,24 @@ void ContactList::Change(ContactRecord& record, std::string_view code, const std
   } else if (code == "S") {
     record.Status = value;
   } else if (code == "X") {
-    record = {};
+    Empty(index);
   }
+}
+
+// The address may stand in a later record, too: that is the first with it from now on.
+void ContactList::Empty(std::size_t index) {
+  const std::string email = std::exchange(records_[index], {}).Email;
+  if (email.empty()) return;
+  const auto next =
+      std::find_if(records_.begin() + static_cast<std::ptrdiff_t>(index), records_.end(),
+                   [&](const ContactRecord& other) { return other.Email == email; });
+  if (next == records_.end()) {
+    first_.erase(email);
+  } else {
+    first_[email] = static_cast<std::size_t>(next - records_.begin());
+  }
+  std::size_t& free = first_.emplace("", index).first->second;
+  free = std::min(free, index);
 }
 
 std::string ContactList::GetContactValue(const std::string& email, std::string_view code) const {
@@ -76,22 +104,29 @@ std::string ContactList::GetContactValue(const std::string& email, std::string_v
   });
 }
 
-ContactRecord* ContactList::Find(const std::string& email) {
-  return const_cast<ContactRecord*>(FindRecord(email));
+const ContactRecord* ContactList::FindRecord(const std::string& email) const {
+  const std::size_t index = FirstWith(email);
+  return index < records_.size() ? &records_[index] : nullptr;
 }
 
-const ContactRecord* ContactList::FindRecord(const std::string& email) const {
-  const auto found = std::find_if(records_.begin(), records_.end(),
-                                  [&](const auto& record) { return record.Email == email; });
-  return found == records_.end() ? nullptr : &*found;
+std::size_t ContactList::FirstWith(const std::string& email) const {
+  const auto found = first_.find(email);
+  return found == first_.end() ? records_.size() : found->second;
 }
 
 void ContactList::SetAllIgnored(const std::string& value) {
   for (ContactRecord& record : records_) record.Ignore = value;
+  if (AllChanged) AllChanged();
 }
 
 void ContactList::SetAllStatus(const std::string& value) {
   for (ContactRecord& record : records_) record.Status = value;
+  if (AllChanged) AllChanged();
+}
+
+void ContactList::SetStatus(std::size_t index, const std::string& value) {
+  records_[index].Status = value;
+  if (RecordChanged) RecordChanged(index);
 }
 
 std::string ContactList::SpokenName(const ContactRecord& record) const {

@@ -6,6 +6,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "forms/frmMain.h"
@@ -55,20 +56,27 @@ class ContactList {
   void SetAllIgnored(const std::string& value);
   void SetAllStatus(const std::string& value);
   // Sets the state of the record with that index, counted from 0.
-  void SetStatus(std::size_t index, const std::string& value) { records_[index].Status = value; }
+  void SetStatus(std::size_t index, const std::string& value);
 
   const std::vector<ContactRecord>& Records() const { return records_; }
-  void Replace(std::vector<ContactRecord> records) { records_ = std::move(records); }
+  void Replace(std::vector<ContactRecord> records);
 
-  // Called after ListAdd, and after ListMod with the number of the record, counted from 1, or 0
-  // where there was none.
+  // Called after each change: with the index, counted from 0, of the one record that was changed or
+  // appended, or once for all records.
+  std::function<void(std::size_t)> RecordChanged;
+  std::function<void()> AllChanged;
+
+  // Called at the end of ListAdd, and at the end of ListMod with the number of the record, counted
+  // from 1, or 0 where there was none.
   std::function<void()> AfterAdd;
   std::function<void(int)> AfterMod;
 
  private:
   void Append(ContactRecord record);
-  ContactRecord* Find(const std::string& email);
-  static void Change(ContactRecord& record, std::string_view code, const std::string& value);
+  // The index of the first record with that address; the number of records where there is none.
+  std::size_t FirstWith(const std::string& email) const;
+  void Change(std::size_t index, std::string_view code, const std::string& value);
+  void Empty(std::size_t index);
   std::string SpokenName(const ContactRecord& record) const;
   std::string StateText(const ContactRecord& record) const;
 
@@ -76,6 +84,7 @@ class ContactList {
   const frmMain& form_;
   const TextTable& texts_;
   std::vector<ContactRecord> records_;
+  std::unordered_map<std::string, std::size_t> first_;  // the first record of each address
 };
 
 }  // namespace brenwick
