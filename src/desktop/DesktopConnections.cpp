@@ -52,7 +52,8 @@ bool DesktopConnections::GroupChats() {
 void DesktopConnections::SetGroupChats(bool on) {
   purple_.SetGroupChats(on);
   if (on == GroupChats()) return;
-  store_.WriteValue(kKey, kGroupChats, {.type = REG_SZ, .text = on ? "1" : "0", .number = 0});
+  store_.WriteValue(kKey, kGroupChats,
+                    {.type = ValueKind::Text, .text = on ? "1" : "0", .number = 0});
 }
 
 }  // namespace brenwick

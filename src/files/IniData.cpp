@@ -25,7 +25,7 @@ std::string Below(const std::string& folded) { return folded.empty() ? "" : fold
 
 // Only what belongs to the type is kept, so that memory and file hold the same.
 RegistryValue Canonical(const RegistryValue& value) {
-  if (value.type == REG_DWORD) return {REG_DWORD, {}, value.number};
+  if (value.type == ValueKind::Number) return {ValueKind::Number, {}, value.number};
   return {value.type, value.text, 0};
 }
 

@@ -66,15 +66,15 @@ std::string HexOf(std::string_view bytes) {
 
 std::string Written(const RegistryValue& value) {
   switch (value.type) {
-    case REG_SZ:
+    case ValueKind::Text:
       return Quoted(value.text);
-    case REG_EXPAND_SZ:
+    case ValueKind::ExpandableText:
       return "expand:" + Quoted(value.text);
-    case REG_MULTI_SZ:
+    case ValueKind::TextList:
       return "multi:" + Quoted(value.text);
-    case REG_DWORD:
+    case ValueKind::Number:
       return "dword:" + std::to_string(value.number);
-    case REG_BINARY:
+    case ValueKind::Bytes:
       return "hex:" + HexOf(value.text);
     default:
       return "hex(" + std::to_string(static_cast<std::int32_t>(value.type)) +
@@ -197,32 +197,33 @@ std::optional<std::string> LineReader::TakeHex() {
   return bytes;
 }
 
-std::optional<RegistryValue> TextValue(RegistryType type, std::optional<std::string> text) {
+std::optional<RegistryValue> TextValue(ValueKind type, std::optional<std::string> text) {
   if (!text) return {};
   return RegistryValue{type, std::move(*text), 0};
 }
 
-// Types whose values are no raw bytes.
-bool HasOwnForm(std::int32_t type) {
-  return type == REG_SZ || type == REG_EXPAND_SZ || type == REG_MULTI_SZ || type == REG_DWORD;
+// Kinds whose values are no raw bytes.
+bool HasOwnForm(ValueKind type) {
+  return type == ValueKind::Text || type == ValueKind::ExpandableText ||
+         type == ValueKind::TextList || type == ValueKind::Number;
 }
 
 std::optional<RegistryValue> TakeValue(LineReader& line) {
-  if (line.Take("expand:")) return TextValue(REG_EXPAND_SZ, line.TakeQuoted());
-  if (line.Take("multi:")) return TextValue(REG_MULTI_SZ, line.TakeQuoted());
-  if (line.Take("hex:")) return TextValue(REG_BINARY, line.TakeHex());
+  if (line.Take("expand:")) return TextValue(ValueKind::ExpandableText, line.TakeQuoted());
+  if (line.Take("multi:")) return TextValue(ValueKind::TextList, line.TakeQuoted());
+  if (line.Take("hex:")) return TextValue(ValueKind::Bytes, line.TakeHex());
   if (line.Take("dword:")) {
     const std::optional<std::int32_t> number = line.TakeNumber();
     if (!number) return {};
-    return RegistryValue{REG_DWORD, {}, *number};
+    return RegistryValue{ValueKind::Number, {}, *number};
   }
   if (line.Take("hex(")) {
     const std::optional<std::int32_t> type = line.TakeNumber();
-    if (!type || !line.Take("):") || HasOwnForm(*type)) return {};
-    return TextValue(static_cast<RegistryType>(*type), line.TakeHex());
+    if (!type || !line.Take("):") || HasOwnForm(ValueKind{*type})) return {};
+    return TextValue(ValueKind{*type}, line.TakeHex());
   }
-  if (auto digits = line.TakeDigits()) return TextValue(REG_SZ, std::move(digits));
-  return TextValue(REG_SZ, line.TakeQuoted());
+  if (auto digits = line.TakeDigits()) return TextValue(ValueKind::Text, std::move(digits));
+  return TextValue(ValueKind::Text, line.TakeQuoted());
 }
 
 // Takes one line into the data; the key is that of the section the line stands in. False: the line

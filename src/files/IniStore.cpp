@@ -44,8 +44,8 @@ std::string DateForName(LocalTime time) {
 }
 
 RegistryValue RepairedValue(const RegistryValue& value) {
-  const bool text =
-      value.type == REG_SZ || value.type == REG_EXPAND_SZ || value.type == REG_MULTI_SZ;
+  const bool text = value.type == ValueKind::Text || value.type == ValueKind::ExpandableText ||
+                    value.type == ValueKind::TextList;
   return {value.type, text ? Repaired(value.text) : value.text, value.number};
 }
 

@@ -124,8 +124,8 @@ void MainWindow::FormSave() {
     log_.DebugWrite("Form_Resize", "VisibleForm Left = " + std::to_string(form_.Left()));
     log_.DebugWrite("Form_Resize", "VisibleForm Top = " + std::to_string(form_.Top()));
     form_.Move(std::clamp(form_.Left(), 0, kFarthest), std::clamp(form_.Top(), 0, kFarthest));
-    Registry::SetRegistryValue(static_cast<float>(form_.Left()), key, "Left", REG_DWORD);
-    Registry::SetRegistryValue(static_cast<float>(form_.Top()), key, "Top", REG_DWORD);
+    Registry::SetRegistryValue(static_cast<float>(form_.Left()), key, "Left", ValueKind::Number);
+    Registry::SetRegistryValue(static_cast<float>(form_.Top()), key, "Top", ValueKind::Number);
   });
 }
 
@@ -137,7 +137,7 @@ int MainWindow::StoredEdge(const char* name) {
   IgnoringFailures([&] {
     cRegistry key = registry_.OpenRegistryKey(kBrenwickKey);
     stored = std::get<float>(
-        Registry::GetRegistryValue(key, name, RegistryConversion::Single, REG_DWORD));
+        Registry::GetRegistryValue(key, name, RegistryConversion::Single, ValueKind::Number));
   });
   return stored > 0 && stored <= kFarthest ? static_cast<int>(stored) : 0;
 }

@@ -56,7 +56,7 @@ void SettingsButtons::chkStartWithWindows_Click() {
                         (start ? "Start with Windows" : "Do not start with Windows"));
     cRegistry key = registry_.OpenRegistryKey(kRunKey);
     if (start) {
-      Registry::SetRegistryValue(StartEntry(), key, kTitle, REG_SZ);
+      Registry::SetRegistryValue(StartEntry(), key, kTitle, ValueKind::Text);
     } else {
       Registry::DeleteRegistryValue(key, kTitle);
     }

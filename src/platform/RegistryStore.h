@@ -8,20 +8,21 @@
 
 namespace brenwick {
 
-// The types of a stored value, numbered as the settings store numbers them.
-enum RegistryType : std::int32_t {
-  REG_SZ = 1,
-  REG_EXPAND_SZ = 2,
-  REG_BINARY = 3,
-  REG_DWORD = 4,
-  REG_DWORD_BIG_ENDIAN = 5,
-  REG_MULTI_SZ = 7,
+// The kinds of a stored value, numbered as the settings store numbers them. On Windows the system's
+// own names of these numbers are macros, so they are not names of the program.
+enum class ValueKind : std::int32_t {
+  Text = 1,
+  ExpandableText = 2,  // may refer to the environment: "%HOME%/x"
+  Bytes = 3,
+  Number = 4,
+  BigEndianNumber = 5,
+  TextList = 7,
 };
 
 struct RegistryValue {
-  RegistryType type = REG_SZ;
-  std::string text;         // REG_SZ, REG_EXPAND_SZ, REG_MULTI_SZ in UTF-8; other types: raw bytes
-  std::int32_t number = 0;  // REG_DWORD
+  ValueKind type = ValueKind::Text;
+  std::string text;         // a text or a list of texts in UTF-8, or the raw bytes of another kind
+  std::int32_t number = 0;  // with ValueKind::Number
   bool operator==(const RegistryValue&) const = default;
 };
 

@@ -51,7 +51,7 @@ void DescribeSelection(const Box* box, Effect& effect) {
 }
 
 Effect DescribeStored(const RegistryValue& value) {
-  return value.type == REG_DWORD ? Effect(value.number) : Effect(value.text);
+  return value.type == ValueKind::Number ? Effect(value.number) : Effect(value.text);
 }
 
 void CollectKeys(RegistryStore& store, const std::string& key, nlohmann::json& keys) {

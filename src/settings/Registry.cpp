@@ -50,13 +50,13 @@ std::int32_t AsInteger32(double number) {
 
 cRegistry Registry::OpenRegistryKey(const std::string& section) {
   cRegistry key(store_, folders_);
-  key.ClassKey = HKEY_CURRENT_USER;
+  key.ClassKey = kCurrentUserRoot;
   key.SectionKey = section;
   return key;
 }
 
 RegistryVariant Registry::GetRegistryValue(cRegistry& key, const std::string& name,
-                                           RegistryConversion conversion, RegistryType type) {
+                                           RegistryConversion conversion, ValueKind type) {
   key.ValueType = type;
   key.ValueKey = name;
   const RegistryVariant value = key.Value();
@@ -80,7 +80,7 @@ RegistryVariant Registry::GetRegistryValue(cRegistry& key, const std::string& na
 }
 
 void Registry::SetRegistryValue(const RegistryVariant& value, cRegistry& key,
-                                const std::string& name, RegistryType type) {
+                                const std::string& name, ValueKind type) {
   key.ValueType = type;
   key.ValueKey = name;
   key.SetValue(value);
@@ -93,13 +93,14 @@ void Registry::DeleteRegistryValue(cRegistry& key, const std::string& name) {
 
 std::string Registry::ReadText(const std::string& section, const std::string& name) {
   cRegistry key = OpenRegistryKey(section);
-  return std::get<std::string>(GetRegistryValue(key, name, RegistryConversion::Text, REG_SZ));
+  return std::get<std::string>(
+      GetRegistryValue(key, name, RegistryConversion::Text, ValueKind::Text));
 }
 
 void Registry::WriteText(const std::string& section, const std::string& name,
                          const std::string& text) {
   cRegistry key = OpenRegistryKey(section);
-  SetRegistryValue(text, key, name, REG_SZ);
+  SetRegistryValue(text, key, name, ValueKind::Text);
 }
 
 }  // namespace brenwick

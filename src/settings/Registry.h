@@ -28,9 +28,9 @@ class Registry {
   cRegistry OpenRegistryKey(const std::string& section);
 
   static RegistryVariant GetRegistryValue(cRegistry& key, const std::string& name,
-                                          RegistryConversion conversion, RegistryType type);
+                                          RegistryConversion conversion, ValueKind type);
   static void SetRegistryValue(const RegistryVariant& value, cRegistry& key,
-                               const std::string& name, RegistryType type);
+                               const std::string& name, ValueKind type);
   static void DeleteRegistryValue(cRegistry& key, const std::string& name);
 
   // A text as every setting but the window's place is stored.

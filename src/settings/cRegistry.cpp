@@ -14,7 +14,7 @@ bool HoldsReference(const std::string& text) {
   return first != std::string::npos && text.find('%', first + 2) != std::string::npos;
 }
 
-// The number behind a value that a REG_DWORD takes; fractions are cut off.
+// The number that is stored of a value; fractions are cut off.
 std::optional<std::int32_t> NumberIn(const RegistryVariant& value) {
   if (const auto* number = std::get_if<std::int16_t>(&value)) return *number;
   if (const auto* number = std::get_if<std::int32_t>(&value)) return *number;
@@ -66,14 +66,14 @@ RegistryVariant cRegistry::Value() {
   if (!stored) return std::string();
   ValueType = stored->type;
   switch (stored->type) {
-    case REG_SZ:
-    case REG_MULTI_SZ:
+    case ValueKind::Text:
+    case ValueKind::TextList:
       return stored->text;
-    case REG_EXPAND_SZ:
+    case ValueKind::ExpandableText:
       return store_.ExpandEnvironment(stored->text);
-    case REG_DWORD:
+    case ValueKind::Number:
       return stored->number;
-    case REG_DWORD_BIG_ENDIAN:
+    case ValueKind::BigEndianNumber:
       return std::monostate();
     default:
       return std::vector<std::uint8_t>(stored->text.begin(), stored->text.end());
@@ -81,13 +81,13 @@ RegistryVariant cRegistry::Value() {
 }
 
 void cRegistry::SetValue(const RegistryVariant& value) {
-  if (ValueType == REG_SZ || ValueType == REG_EXPAND_SZ) {
+  if (ValueType == ValueKind::Text || ValueType == ValueKind::ExpandableText) {
     WriteText(TextOf(value));
-  } else if (ValueType == REG_BINARY) {
+  } else if (ValueType == ValueKind::Bytes) {
     const auto* bytes = std::get_if<std::vector<std::uint8_t>>(&value);
     if (bytes == nullptr) Fail("");
-    Write({REG_BINARY, std::string(bytes->begin(), bytes->end()), 0}, "");
-  } else if (ValueType == REG_DWORD) {
+    Write({ValueKind::Bytes, std::string(bytes->begin(), bytes->end()), 0}, "");
+  } else if (ValueType == ValueKind::Number) {
     WriteNumber(value);
   } else {
     throw Failure(kTypeMismatch);
@@ -95,12 +95,12 @@ void cRegistry::SetValue(const RegistryVariant& value) {
 }
 
 void cRegistry::WriteText(const std::string& text) {
-  Write({HoldsReference(text) ? REG_EXPAND_SZ : REG_SZ, text, 0}, text);
+  Write({HoldsReference(text) ? ValueKind::ExpandableText : ValueKind::Text, text, 0}, text);
 }
 
 void cRegistry::WriteNumber(const RegistryVariant& value) {
   const std::optional<std::int32_t> number = NumberIn(value);
-  if (number) Write({REG_DWORD, "", *number}, std::to_string(*number));
+  if (number) Write({ValueKind::Number, "", *number}, std::to_string(*number));
 }
 
 void cRegistry::Write(const RegistryValue& value, const std::string& shown) {
@@ -114,7 +114,7 @@ void cRegistry::FailToSet(const std::string& shown) {
 
 void cRegistry::CreateEXEAssociation(const std::string& programFile, const std::string& icon) {
   const std::string section = SectionKey;
-  ValueType = REG_SZ;
+  ValueType = ValueKind::Text;
   ValueKey.clear();
   SectionKey = section + "\\shell\\open\\command";
   WriteText(programFile + " \"%1\"");

@@ -16,7 +16,7 @@ using RegistryVariant = std::variant<std::monostate, std::string, std::int16_t, 
                                      double, bool, std::vector<std::uint8_t>>;
 
 // The root of all keys in use, as the signed number that messages show.
-inline constexpr std::int32_t HKEY_CURRENT_USER = -2147483647;
+inline constexpr std::int32_t kCurrentUserRoot = -2147483647;
 
 class cRegistry {
  public:
@@ -33,12 +33,12 @@ class cRegistry {
   void DeleteValue();
 
   // The empty text when the key or the value cannot be read. Texts as they are, with references to
-  // the environment expanded where the stored type asks for it; a REG_DWORD as a number; a
-  // big-endian one as nothing; other types as bytes. ValueType tells the stored type afterwards.
+  // the environment expanded where the stored kind asks for it; a number as a number; a big-endian
+  // one as nothing; other kinds as bytes. ValueType tells the stored kind afterwards.
   RegistryVariant Value();
-  // Written as ValueType says. A text becomes REG_EXPAND_SZ exactly when it holds a "%" and a
-  // second one at least two characters further on. A REG_DWORD takes numbers and flags and passes
-  // over everything else.
+  // Written as ValueType says. A text becomes an expandable one exactly when it holds a "%"
+  // and a second one at least two characters further on. A number is stored from numbers and flags;
+  // everything else is passed over.
   void SetValue(const RegistryVariant& value);
 
   // What SetValue raises when the store does not take the value.
@@ -50,10 +50,10 @@ class cRegistry {
   // Registers the program for a file type, below SectionKey.
   void CreateEXEAssociation(const std::string& programFile, const std::string& icon);
 
-  std::int32_t ClassKey = HKEY_CURRENT_USER;
+  std::int32_t ClassKey = kCurrentUserRoot;
   std::string SectionKey;
   std::string ValueKey;
-  std::int32_t ValueType = REG_SZ;
+  ValueKind ValueType = ValueKind::Text;
   RegistryVariant Default;  // kept for its callers; reading never consults it
 
  private:

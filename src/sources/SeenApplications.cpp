@@ -15,7 +15,7 @@ constexpr const char* kOff = "0";
 SeenApplications::SeenApplications(RegistryStore& store) : store_(store) {
   for (const std::string& name : store_.ValueNames(kKey)) {
     const auto value = store_.ReadValue(kKey, name);
-    seen_.push_back({name, value && value->type == REG_SZ && value->text == kOn});
+    seen_.push_back({name, value && value->type == ValueKind::Text && value->text == kOn});
   }
 }
 
@@ -80,7 +80,7 @@ void SeenApplications::Save() {
     if (Find(name) == seen_.size()) store_.DeleteValue(kKey, name);
   }
   for (const SeenApplication& each : seen_) {
-    const RegistryValue value{REG_SZ, each.On ? kOn : kOff, 0};
+    const RegistryValue value{ValueKind::Text, each.On ? kOn : kOff, 0};
     if (store_.ReadValue(kKey, each.Name) != value) store_.WriteValue(kKey, each.Name, value);
   }
   changed_ = !batch.Flush();

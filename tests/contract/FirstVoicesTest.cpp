@@ -25,7 +25,7 @@ TEST(FirstVoices, AreStoredWhereNothingIs) {
 
 TEST(FirstVoices, LeaveAStoreThatHoldsAnythingAlone) {
   MapStore store;
-  store.WriteValue(kBrenwickKey, "Left", {.type = REG_SZ, .text = "5"});
+  store.WriteValue(kBrenwickKey, "Left", {.type = ValueKind::Text, .text = "5"});
   StoreFirstVoices(store, kPair);
   EXPECT_EQ(Stored(store, "Male Voice"), "(none)");
   EXPECT_EQ(Stored(store, "Female Voice"), "(none)");

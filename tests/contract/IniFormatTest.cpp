@@ -10,7 +10,7 @@ namespace {
 
 constexpr const char* kKey = "Software\\Brenwick\\General";
 
-RegistryValue Text(std::string text) { return {REG_SZ, std::move(text), 0}; }
+RegistryValue Text(std::string text) { return {ValueKind::Text, std::move(text), 0}; }
 
 TEST(IniFormat, RefusesEveryLineThatIsNone) {
   for (const std::string line : {"garbage",
@@ -61,7 +61,7 @@ TEST(IniFormat, RefusesEveryLineThatIsNone) {
 TEST(IniFormat, SeesThatALineIsCutOff) {
   IniData data;
   data.Write(kKey, "Introduce", Text("one \"two\" \\"));
-  data.Write(kKey, "Path", {REG_EXPAND_SZ, "%HOME%/x", 0});
+  data.Write(kKey, "Path", {ValueKind::ExpandableText, "%HOME%/x", 0});
   const std::string whole = ToIni(data);
   int seen = 0;
   for (std::size_t length = 0; length < whole.size(); ++length) {

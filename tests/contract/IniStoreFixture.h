@@ -16,7 +16,7 @@ namespace brenwick {
 
 inline constexpr const char* kKey = "Software\\Brenwick\\General";
 
-inline RegistryValue Text(std::string text) { return {REG_SZ, std::move(text), 0}; }
+inline RegistryValue Text(std::string text) { return {ValueKind::Text, std::move(text), 0}; }
 
 class IniStoreFixture : public testing::Test {
  protected:

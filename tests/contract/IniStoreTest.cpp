@@ -13,12 +13,12 @@ class IniStoreTest : public IniStoreFixture {};
 TEST_F(IniStoreTest, WritesAFileThatAPersonCanRead) {
   IniStore store = Store();
   store.WriteValue(kKey, "Introduce", Text("1"));
-  store.WriteValue(kKey, "Path", {REG_EXPAND_SZ, "%HOME%/x", 0});
-  store.WriteValue("Software\\Brenwick", "Left", {REG_DWORD, {}, 300});
+  store.WriteValue(kKey, "Path", {ValueKind::ExpandableText, "%HOME%/x", 0});
+  store.WriteValue("Software\\Brenwick", "Left", {ValueKind::Number, {}, 300});
   store.WriteValue("Software\\Brenwick\\Voices", "Male Voice", Text("\"Mike\"\n"));
-  store.WriteValue("Odd]", "=", {REG_BINARY, std::string("\0\xFF", 2), 0});
-  store.WriteValue("", "root", {REG_MULTI_SZ, std::string("a\0", 2), 0});
-  store.WriteValue("Odd]", "b", {REG_DWORD_BIG_ENDIAN, "\1", 0});
+  store.WriteValue("Odd]", "=", {ValueKind::Bytes, std::string("\0\xFF", 2), 0});
+  store.WriteValue("", "root", {ValueKind::TextList, std::string("a\0", 2), 0});
+  store.WriteValue("Odd]", "b", {ValueKind::BigEndianNumber, "\1", 0});
   store.CreateKey("Empty");
   EXPECT_EQ(BytesOf(File()),
             "# The settings of Brenwick. Change them only while it does not run.\n"
@@ -59,9 +59,10 @@ TEST_F(IniStoreTest, ReadsAFileThatAPersonHasChanged) {
   EXPECT_EQ(store.ReadValue(kKey, "Debug"), Text("a # b"));
   EXPECT_EQ(store.ReadValue(kKey, "Says"), Text("C:\\Dir Aé \\q\\n"));
   EXPECT_EQ(store.ReadValue(kKey, "Latin"), Text("Grüße"));
-  EXPECT_EQ(store.ReadValue("Software\\Brenwick", "Left"), (RegistryValue{REG_DWORD, {}, -300}));
+  EXPECT_EQ(store.ReadValue("Software\\Brenwick", "Left"),
+            (RegistryValue{ValueKind::Number, {}, -300}));
   EXPECT_EQ(store.ReadValue("Software\\Brenwick", "Blob"),
-            (RegistryValue{REG_BINARY, std::string("\0\xFF\n", 3), 0}));
+            (RegistryValue{ValueKind::Bytes, std::string("\0\xFF\n", 3), 0}));
   EXPECT_TRUE(told_.empty());
   EXPECT_TRUE(store.WriteValue(kKey, "Mute", Text("1")));
   EXPECT_EQ(Store().ReadValue(kKey, "Latin"), Text("Grüße"));

@@ -29,8 +29,8 @@ std::vector<RegistryStoreImplementation> Implementations() {
   };
 }
 
-RegistryValue Text(std::string text) { return {REG_SZ, std::move(text), 0}; }
-RegistryValue Number(std::int32_t number) { return {REG_DWORD, {}, number}; }
+RegistryValue Text(std::string text) { return {ValueKind::Text, std::move(text), 0}; }
+RegistryValue Number(std::int32_t number) { return {ValueKind::Number, {}, number}; }
 
 std::vector<std::string> Sorted(std::vector<std::string> names) {
   std::sort(names.begin(), names.end());
@@ -69,11 +69,13 @@ std::string RandomText(std::mt19937& random) {
 }
 
 RegistryValue RandomValue(std::mt19937& random) {
-  constexpr RegistryType kTypes[] = {REG_SZ,    REG_EXPAND_SZ,        REG_BINARY,
-                                     REG_DWORD, REG_DWORD_BIG_ENDIAN, REG_MULTI_SZ};
-  const RegistryType type = kTypes[random() % std::size(kTypes)];
-  if (type == REG_DWORD) return Number(static_cast<std::int32_t>(random()));
-  if (type != REG_BINARY && type != REG_DWORD_BIG_ENDIAN) return {type, RandomText(random), 0};
+  constexpr ValueKind kTypes[] = {
+      ValueKind::Text,   ValueKind::ExpandableText,  ValueKind::Bytes,
+      ValueKind::Number, ValueKind::BigEndianNumber, ValueKind::TextList};
+  const ValueKind type = kTypes[random() % std::size(kTypes)];
+  if (type == ValueKind::Number) return Number(static_cast<std::int32_t>(random()));
+  if (type != ValueKind::Bytes && type != ValueKind::BigEndianNumber)
+    return {type, RandomText(random), 0};
   std::string bytes(random() % 6, ' ');
   for (char& byte : bytes) byte = static_cast<char>(random());
   return {type, bytes, 0};
@@ -169,11 +171,11 @@ TEST_P(RegistryStoreContract, GivesEveryTypeBackAsItWas) {
       Text(std::string("\0\x01\x1F\x7F", 4)),
       Text("עברית 😀 \xC2\x85 \xE2\x80\xA8"),
       Text(std::string(100'000, 'a')),
-      {REG_EXPAND_SZ, "%HOME%/x", 0},
-      {REG_MULTI_SZ, std::string("one\0two\0", 8), 0},
-      {REG_BINARY, std::string("\0\xFF\n", 3), 0},
-      {REG_BINARY, "", 0},
-      {REG_DWORD_BIG_ENDIAN, std::string("\0\0\1\x2C", 4), 0},
+      {ValueKind::ExpandableText, "%HOME%/x", 0},
+      {ValueKind::TextList, std::string("one\0two\0", 8), 0},
+      {ValueKind::Bytes, std::string("\0\xFF\n", 3), 0},
+      {ValueKind::Bytes, "", 0},
+      {ValueKind::BigEndianNumber, std::string("\0\0\1\x2C", 4), 0},
       Number(0),
       Number(std::numeric_limits<std::int32_t>::min()),
       Number(std::numeric_limits<std::int32_t>::max()),

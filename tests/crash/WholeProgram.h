@@ -147,8 +147,8 @@ class UsedProgram : public testing::Test {
   IniData StoreOf(int version) const {
     IniData data = store_;
     const std::string text = "Version " + std::to_string(version);
-    data.Write(kGeneralKey, "IntroductionText", {REG_SZ, text, 0});
-    data.Write(kTextKey, "Busy", {REG_SZ, text, 0});
+    data.Write(kGeneralKey, "IntroductionText", {ValueKind::Text, text, 0});
+    data.Write(kTextKey, "Busy", {ValueKind::Text, text, 0});
     return data;
   }
 

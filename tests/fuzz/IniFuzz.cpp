@@ -20,9 +20,10 @@ void CheckText(std::string_view bytes) {
 void CheckValue(std::string_view bytes) {
   std::vector<std::string_view> parts = Parts(bytes);
   parts.resize(3);
-  const auto type = parts[2].empty() ? REG_SZ : static_cast<RegistryType>(parts[2].front());
+  const auto type = parts[2].empty() ? ValueKind::Text : static_cast<ValueKind>(parts[2].front());
   const auto number = static_cast<std::int32_t>(bytes.size() * 0x9E3779B1U);
-  const bool text = type == REG_SZ || type == REG_EXPAND_SZ || type == REG_MULTI_SZ;
+  const bool text =
+      type == ValueKind::Text || type == ValueKind::ExpandableText || type == ValueKind::TextList;
   const std::string content = text ? Repaired(parts[2]) : std::string(parts[2]);
   IniData data;
   if (!data.Write(Repaired(parts[0]), Repaired(parts[1]), {type, content, number})) return;

@@ -74,7 +74,8 @@ class Checker {
         folder_.File(), clock_, [this](const std::string&) { ++told_; }, calls_);
   }
   static void Write(IniStore& store) {
-    Expect(store.WriteValue(kKey, "Written", {REG_SZ, "by the target", 0}), "a value is stored");
+    Expect(store.WriteValue(kKey, "Written", {ValueKind::Text, "by the target", 0}),
+           "a value is stored");
   }
 
   void CheckFile(std::string_view bytes, const std::optional<IniData>& data) {
@@ -89,7 +90,7 @@ class Checker {
     const bool same = data && data->Find(kKey, "Written") && Content(folder_.File()) == bytes;
     Expect(same || Content(behind) == bytes, "a change loses nothing of the file before it");
     IniData expected = data.value_or(IniData());
-    expected.Write(kKey, "Written", {REG_SZ, "by the target", 0});
+    expected.Write(kKey, "Written", {ValueKind::Text, "by the target", 0});
     Expect(FromIni(Content(folder_.File()).value_or(kDamage)) == expected,
            "a change adds itself only");
   }
@@ -110,15 +111,15 @@ class Checker {
   void CheckValues(std::string_view bytes) {
     folder_.Empty();
     const std::string text(bytes);
-    const RegistryValue value = {REG_SZ, text, 0};
-    const RegistryValue raw = {REG_BINARY, text, 0};
+    const RegistryValue value = {ValueKind::Text, text, 0};
+    const RegistryValue raw = {ValueKind::Bytes, text, 0};
     IniStore store = Start();
     Expect(store.WriteValue(kKey, text, value), "any name and any text can be stored");
     Expect(store.WriteValue("raw", "raw", raw), "any bytes can be stored");
     const bool key = store.WriteValue(text, "in a key", value);
     IniStore other = Start();
     Expect(told_ == 0, "what a store writes is whole");
-    const RegistryValue repaired = {REG_SZ, Repaired(text), 0};
+    const RegistryValue repaired = {ValueKind::Text, Repaired(text), 0};
     Expect(other.ReadValue(kKey, text) == repaired, "a text is read as it was stored");
     Expect(other.ReadValue("raw", "raw") == raw, "bytes are read as they were stored");
     Expect(other.KeyExists(text) == (key || text.empty()), "a key is there if it could be made");

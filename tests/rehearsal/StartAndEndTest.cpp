@@ -41,7 +41,7 @@ TEST_F(StartAndEndTest, OwnStateThatChangesMeanwhileCounts) {
 
 TEST_F(StartAndEndTest, GreetingFollowsTheFinishSentenceBoxWhateverHappenedMeanwhile) {
   StartAndEndOnce();
-  ini_store_.WriteValue(kUserKey, "FinishSentence", {REG_SZ, "0"});
+  ini_store_.WriteValue(kUserKey, "FinishSentence", {ValueKind::Text, "0"});
   WhileStarting([this] {
     // From here on sentences would queue.
     scripted_messenger_.Listener()->OnLocalStateChangeResult(MSTATE_ONLINE);
@@ -58,7 +58,7 @@ TEST_F(StartAndEndTest, GreetingFollowsTheFinishSentenceBoxWhateverHappenedMeanw
 
 TEST_F(StartAndEndTest, CloseBeforeTheSettingsWereReadKeepsThem) {
   StartAndEndOnce();
-  ini_store_.WriteValue(kUserKey, "Mute", {REG_SZ, "1"});
+  ini_store_.WriteValue(kUserKey, "Mute", {ValueKind::Text, "1"});
   loop_.Pending = [this] {
     if (happened_) return;
     happened_ = true;

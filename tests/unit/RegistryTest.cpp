@@ -58,13 +58,13 @@ class RegistryTest : public testing::Test {
   RegistryTest() { key.ValueKey = "Busy"; }
 
   RegistryValue& Stored() { return store.keys[kSection]["Busy"]; }
-  RegistryType TypeOf(const std::string& text) {
+  ValueKind TypeOf(const std::string& text) {
     registry.WriteText(kSection, "Busy", text);
     EXPECT_EQ(Stored().text, text);
     return Stored().type;
   }
   RegistryVariant Read(RegistryConversion conversion) {
-    return Registry::GetRegistryValue(key, "Busy", conversion, REG_SZ);
+    return Registry::GetRegistryValue(key, "Busy", conversion, ValueKind::Text);
   }
   template <typename Step>
   static Failure FailureOf(Step step) {
@@ -94,41 +94,41 @@ TEST_F(RegistryTest, NeverReadsTheStoredDefault) {
 }
 
 TEST_F(RegistryTest, OneSignOfPercentIsPlainText) {
-  EXPECT_EQ(TypeOf("plain"), REG_SZ);
-  EXPECT_EQ(TypeOf("100%"), REG_SZ);
-  EXPECT_EQ(TypeOf("%%"), REG_SZ);
-  EXPECT_EQ(TypeOf(""), REG_SZ);
+  EXPECT_EQ(TypeOf("plain"), ValueKind::Text);
+  EXPECT_EQ(TypeOf("100%"), ValueKind::Text);
+  EXPECT_EQ(TypeOf("%%"), ValueKind::Text);
+  EXPECT_EQ(TypeOf(""), ValueKind::Text);
 }
 
 TEST_F(RegistryTest, TwoSignsOfPercentApartAreAReference) {
-  EXPECT_EQ(TypeOf("%a%"), REG_EXPAND_SZ);
-  EXPECT_EQ(TypeOf("at %HOME% now"), REG_EXPAND_SZ);
-  EXPECT_EQ(TypeOf("%%%"), REG_EXPAND_SZ);
-  EXPECT_EQ(TypeOf("%ö%"), REG_EXPAND_SZ);
+  EXPECT_EQ(TypeOf("%a%"), ValueKind::ExpandableText);
+  EXPECT_EQ(TypeOf("at %HOME% now"), ValueKind::ExpandableText);
+  EXPECT_EQ(TypeOf("%%%"), ValueKind::ExpandableText);
+  EXPECT_EQ(TypeOf("%ö%"), ValueKind::ExpandableText);
   EXPECT_EQ(registry.ReadText(kSection, "Busy"), "expanded %ö%");
 }
 
 TEST_F(RegistryTest, TypeThatAsksForAReferenceGetsPlainTextToo) {
-  Registry::SetRegistryValue(std::string("plain"), key, "Busy", REG_EXPAND_SZ);
-  EXPECT_EQ(Stored().type, REG_SZ);
+  Registry::SetRegistryValue(std::string("plain"), key, "Busy", ValueKind::ExpandableText);
+  EXPECT_EQ(Stored().type, ValueKind::Text);
 }
 
 TEST_F(RegistryTest, ReadsByTheStoredType) {
-  Stored() = {REG_DWORD, "", -300};
+  Stored() = {ValueKind::Number, "", -300};
   EXPECT_EQ(std::get<std::int32_t>(key.Value()), -300);
-  EXPECT_EQ(key.ValueType, REG_DWORD);
-  Stored() = {REG_DWORD_BIG_ENDIAN, "1234", 0};
+  EXPECT_EQ(key.ValueType, ValueKind::Number);
+  Stored() = {ValueKind::BigEndianNumber, "1234", 0};
   EXPECT_TRUE(std::holds_alternative<std::monostate>(key.Value()));
-  Stored() = {REG_BINARY, std::string("\x00\xff", 2), 0};
+  Stored() = {ValueKind::Bytes, std::string("\x00\xff", 2), 0};
   EXPECT_EQ(std::get<std::vector<std::uint8_t>>(key.Value()), (std::vector<std::uint8_t>{0, 255}));
-  Stored() = {REG_MULTI_SZ, std::string("a\0b\0", 4), 0};
+  Stored() = {ValueKind::TextList, std::string("a\0b\0", 4), 0};
   EXPECT_EQ(std::get<std::string>(key.Value()), std::string("a\0b\0", 4));
 }
 
 TEST_F(RegistryTest, WritesNumbersAndFlagsAndCutsFractions) {
   const auto written = [&](const RegistryVariant& value) {
-    Registry::SetRegistryValue(value, key, "Busy", REG_DWORD);
-    EXPECT_EQ(Stored().type, REG_DWORD);
+    Registry::SetRegistryValue(value, key, "Busy", ValueKind::Number);
+    EXPECT_EQ(Stored().type, ValueKind::Number);
     return Stored().number;
   };
   EXPECT_EQ(written(std::int16_t{-7}), -7);
@@ -140,26 +140,26 @@ TEST_F(RegistryTest, WritesNumbersAndFlagsAndCutsFractions) {
 }
 
 TEST_F(RegistryTest, WritesNoNumberForAnythingElse) {
-  Registry::SetRegistryValue(std::string("300"), key, "Busy", REG_DWORD);
+  Registry::SetRegistryValue(std::string("300"), key, "Busy", ValueKind::Number);
   EXPECT_FALSE(store.keys[kSection].contains("Busy"));
 }
 
 TEST_F(RegistryTest, WritesANumberAsTheTextThatAsksForIt) {
-  Registry::SetRegistryValue(std::int32_t{300}, key, "Busy", REG_SZ);
-  EXPECT_EQ(Stored(), (RegistryValue{REG_SZ, "300", 0}));
+  Registry::SetRegistryValue(std::int32_t{300}, key, "Busy", ValueKind::Text);
+  EXPECT_EQ(Stored(), (RegistryValue{ValueKind::Text, "300", 0}));
 }
 
 TEST_F(RegistryTest, BytesNeedBytes) {
-  Registry::SetRegistryValue(std::vector<std::uint8_t>{0, 255}, key, "Busy", REG_BINARY);
+  Registry::SetRegistryValue(std::vector<std::uint8_t>{0, 255}, key, "Busy", ValueKind::Bytes);
   EXPECT_EQ(Stored().text, std::string("\x00\xff", 2));
-  const Failure failure =
-      FailureOf([&] { Registry::SetRegistryValue(std::string("text"), key, "Busy", REG_BINARY); });
+  const Failure failure = FailureOf(
+      [&] { Registry::SetRegistryValue(std::string("text"), key, "Busy", ValueKind::Bytes); });
   EXPECT_EQ(failure.Number(), 26001);
   EXPECT_EQ(failure.Description(), "");
 }
 
 TEST_F(RegistryTest, OtherTypesCannotBeWritten) {
-  for (const RegistryType type : {REG_MULTI_SZ, REG_DWORD_BIG_ENDIAN}) {
+  for (const ValueKind type : {ValueKind::TextList, ValueKind::BigEndianNumber}) {
     EXPECT_EQ(FailureOf([&] {
                 Registry::SetRegistryValue(std::string("x"), key, "Busy", type);
               }).Number(),
@@ -176,7 +176,7 @@ TEST_F(RegistryTest, ConvertsAnEmptyValue) {
 }
 
 TEST_F(RegistryTest, ConvertsAText) {
-  Stored() = {REG_SZ, "12.5", 0};
+  Stored() = {ValueKind::Text, "12.5", 0};
   EXPECT_TRUE(std::get<bool>(Read(RegistryConversion::Flag)));
   EXPECT_EQ(std::get<std::int32_t>(Read(RegistryConversion::Integer32)), 12);
   EXPECT_EQ(std::get<std::int16_t>(Read(RegistryConversion::Integer16)), 12);
@@ -185,13 +185,13 @@ TEST_F(RegistryTest, ConvertsAText) {
 }
 
 TEST_F(RegistryTest, OnlyZeroIsAFalseFlag) {
-  Stored() = {REG_SZ, "0", 0};
+  Stored() = {ValueKind::Text, "0", 0};
   EXPECT_FALSE(std::get<bool>(Read(RegistryConversion::Flag)));
-  Stored() = {REG_DWORD, "", 0};
+  Stored() = {ValueKind::Number, "", 0};
   EXPECT_FALSE(std::get<bool>(Read(RegistryConversion::Flag)));
-  Stored() = {REG_DWORD, "", -1};
+  Stored() = {ValueKind::Number, "", -1};
   EXPECT_TRUE(std::get<bool>(Read(RegistryConversion::Flag)));
-  Stored() = {REG_SZ, "yes", 0};
+  Stored() = {ValueKind::Text, "yes", 0};
   EXPECT_TRUE(std::get<bool>(Read(RegistryConversion::Flag)));
 }
 

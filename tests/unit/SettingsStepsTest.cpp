@@ -39,23 +39,23 @@ class SettingsStepsTest : public testing::Test {
 };
 
 TEST_F(SettingsStepsTest, ReadsTheLanguageOfTheStore) {
-  store.keys[kTextKey]["Online"] = {REG_SZ, "here", 0};
-  store.keys[kGeneralKey]["Language"] = {REG_SZ, "Deutsch", 0};
+  store.keys[kTextKey]["Online"] = {ValueKind::Text, "here", 0};
+  store.keys[kGeneralKey]["Language"] = {ValueKind::Text, "Deutsch", 0};
   settings.GetAllSettings();
   EXPECT_EQ(world.state.Language, "Deutsch");
   EXPECT_EQ(form.cmbLanguage.Text(), "");
 }
 
 TEST_F(SettingsStepsTest, TimerComesBehindTheUsersKeyAndBeforeTheGrids) {
-  store.keys[kTextKey]["Online"] = {REG_SZ, "here", 0};
-  store.keys[kUserKey]["DebugDaysToKeep"] = {REG_SZ, "3", 0};
-  store.keys[kGridsKey]["GenderSort"] = {REG_SZ, "E", 0};
+  store.keys[kTextKey]["Online"] = {ValueKind::Text, "here", 0};
+  store.keys[kUserKey]["DebugDaysToKeep"] = {ValueKind::Text, "3", 0};
+  store.keys[kGridsKey]["GenderSort"] = {ValueKind::Text, "E", 0};
   settings.GetAllSettings();
   EXPECT_EQ(steps, "timer(3,-) load hotkeys ");
 }
 
 TEST_F(SettingsStepsTest, TellsWhatItReads) {
-  store.keys[kTextKey]["Online"] = {REG_SZ, "here", 0};
+  store.keys[kTextKey]["Online"] = {ValueKind::Text, "here", 0};
   settings.GetAllSettings();
   EXPECT_EQ(world.status.Form().lblStatus.Caption(), "text 84");
 }
@@ -81,7 +81,7 @@ TEST_F(SettingsStepsTest, FailureOfTheDefaultsIsReportedAndKeepsWhatWasSet) {
 }
 
 TEST_F(SettingsStepsTest, TellsTheFirstValueThatCouldNotBeSaved) {
-  store.keys[kTextKey]["Online"] = {REG_SZ, "here", 0};
+  store.keys[kTextKey]["Online"] = {ValueKind::Text, "here", 0};
   settings.GetAllSettings();
   store.broken_flush = true;
   EXPECT_THROW(settings.SaveAllSettings(0), ProgramEnd);
@@ -102,16 +102,16 @@ TEST_F(SettingsStepsTest, AnyFlagButZeroSavesTheSortOrdersAlone) {
 }
 
 TEST_F(SettingsStepsTest, AStoreIsNotNewBecauseItsTextExpandsToNothing) {
-  store.keys[kTextKey]["Online"] = {REG_EXPAND_SZ, "%EMPTY%", 0};
-  store.keys[kUserKey]["Mute"] = {REG_SZ, "1", 0};
+  store.keys[kTextKey]["Online"] = {ValueKind::ExpandableText, "%EMPTY%", 0};
+  store.keys[kUserKey]["Mute"] = {ValueKind::Text, "1", 0};
   settings.GetAllSettings();
   EXPECT_TRUE(form.chkMute.Ticked());
   EXPECT_EQ(steps.find("save"), std::string::npos);
 }
 
 TEST_F(SettingsStepsTest, AHalfTypedLanguageIsNotStored) {
-  store.keys[kTextKey]["Online"] = {REG_SZ, "here", 0};
-  store.keys[kGeneralKey]["Language"] = {REG_SZ, "English", 0};
+  store.keys[kTextKey]["Online"] = {ValueKind::Text, "here", 0};
+  store.keys[kGeneralKey]["Language"] = {ValueKind::Text, "English", 0};
   form.cmbLanguage.AddItem("English");
   form.cmbLanguage.SetListIndex(0);
   form.cmbLanguage.SetText("E");

@@ -57,7 +57,7 @@ class SettingsTest : public testing::Test {
 
   std::string Stored(const char* key, const char* name) { return store.values[{key, name}].text; }
   void Store(const char* key, const char* name, const std::string& text) {
-    store.values[{key, name}] = {REG_SZ, text, 0};
+    store.values[{key, name}] = {ValueKind::Text, text, 0};
   }
 
   FakeWorld world;
