@@ -20,7 +20,7 @@ struct Table : Parts {
     abbreviations.EmoticonRead(true);
   }
 
-  Abbreviations abbreviations{log, texts, status, pointer, data, folders};
+  Abbreviations abbreviations{log, texts, status, data, folders};
 };
 
 void Replace(benchmark::State& state, bool found) {

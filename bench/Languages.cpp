@@ -11,8 +11,8 @@ namespace {
 struct SpeechBackend : Parts {
   SpeechBackend() : Parts("languages") { languages.LanguageRead(); }
 
-  Languages languages{
-      log, form, texts, status, pointer, folders, screen, system, [] { return std::string(); }};
+  Languages languages{log,     form,   texts,  status,
+                      folders, screen, system, [] { return std::string(); }};
 };
 
 // Only the language that is chosen: its file is read, decoded and summed up.

@@ -33,6 +33,8 @@
 #include "pages/LogSwitches.h"
 #include "pages/MainWindow.h"
 #include "pages/RepeatHotKeys.h"
+#include "pages/Settings.h"
+#include "pages/SettingsBinding.h"
 #include "pages/SettingsButtons.h"
 #include "pages/TypeAhead.h"
 #include "pages/VoiceLists.h"
@@ -47,7 +49,8 @@
 #include "platform/System.h"
 #include "platform/TrayIcon.h"
 #include "settings/Registry.h"
-#include "settings/Settings.h"
+#include "settings/SettingsKeys.h"
+#include "settings/SettingsValues.h"
 #include "speech/Abbreviations.h"
 #include "speech/Speech.h"
 #include "speech/SpokenHistory.h"
@@ -119,7 +122,9 @@ class Program {
   System& system_;
 
   ProgramState state_;
+  SettingsValues values_;
   frmMain form_;
+  SettingsBinding binding_;
   cMousePointer pointer_;
   StatusWindow status_;
   DataFolder data_;

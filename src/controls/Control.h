@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "controls/Signal.h"
+#include "base/Observers.h"
 
 namespace brenwick {
 
@@ -69,8 +69,8 @@ class Control {
   // The user's way in is open.
   bool CanUse() const { return enabled_ && visible_; }
 
-  Signal<> Changed;      // something that a view shows is no longer what it was
-  Signal<> FocusWanted;  // the program put the focus into this control
+  Observers<> Changed;      // something that a view shows is no longer what it was
+  Observers<> FocusWanted;  // the program put the focus into this control
 
  protected:
   // Stores a property's new value and tells the views when it differs; true when it did.

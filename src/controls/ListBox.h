@@ -56,10 +56,10 @@ class ListBox : public Control {
   std::function<void(int)> KeyPress;
 
   // For views that show many lines: what happened to them, each before Changed is given.
-  Signal<int> LineAdded;    // its position
-  Signal<int> LineChanged;  // its position
-  Signal<int> LineRemoved;  // its former position
-  Signal<> LinesCleared;
+  Observers<int> LineAdded;    // its position
+  Observers<int> LineChanged;  // its position
+  Observers<int> LineRemoved;  // its former position
+  Observers<> LinesCleared;
 
  private:
   Order order_;

@@ -6,20 +6,20 @@
 #include "forms/cMousePointer.h"
 #include "forms/frmStatus.h"
 #include "platform/EventLoop.h"
+#include "platform/Progress.h"
 #include "platform/System.h"
 
 namespace brenwick {
 
-class StatusWindow {
+class StatusWindow : public Progress {
  public:
   StatusWindow(cMousePointer& pointer, EventLoop& loop, System& system)
       : pointer_(pointer), loop_(loop), system_(system) {}
 
-  // true: shows the window with that text, in front of everything, and lets it paint.
-  // false: takes it away; the text does not matter. The pointer is busy meanwhile.
-  void StatusForm(bool show, const std::string& text = "");
-  // Only the message line, whether the window shows or not.
-  void SetText(const std::string& text) { form_.lblStatus.SetCaption(text); }
+  // StatusForm keeps the pointer busy meanwhile.
+  void SetHourglass(bool on) override { pointer_.SetHourglass(on); }
+  void StatusForm(bool show, const std::string& text = "") override;
+  void SetText(const std::string& text) override { form_.lblStatus.SetCaption(text); }
 
   frmStatus& Form() { return form_; }
 

@@ -56,12 +56,12 @@ class Window : public ControlList {
   std::function<void()> Resize;
   std::function<void()> CloseWanted;
 
-  Signal<> CaptionChanged;
-  Signal<> StateChanged;  // minimized or restored
-  Signal<> VisibilityChanged;
-  Signal<> TaskbarChanged;
-  Signal<> PlaceChanged;
-  Signal<> ForegroundWanted;
+  Observers<> CaptionChanged;
+  Observers<> StateChanged;  // minimized or restored
+  Observers<> VisibilityChanged;
+  Observers<> TaskbarChanged;
+  Observers<> PlaceChanged;
+  Observers<> ForegroundWanted;
 
  private:
   void SetVisible(bool visible);

@@ -275,7 +275,7 @@ class frmMain : public Window {
   std::vector<MenuItem*> ItemsOf(const MenuItem& menu);
 
   // The program wants the tray menu at the cursor.
-  Signal<> PopupMenuWanted;
+  Observers<> PopupMenuWanted;
 
   // Timers
   Timer tmrSayStateAgain{*this, "tmrSayStateAgain", 1000, false};

@@ -38,13 +38,13 @@ std::int32_t ReadChecksum(std::string_view line) {
 void Languages::LanguageRead() {
   constexpr const char* kProcedure = "LanguageRead";
   log_.Trap(kModule, kProcedure, [&] {
-    status_.SetText("Reading language settings");
+    progress_.SetText("Reading language settings");
     ListSources();
     ListInstalled();
     log_.DebugWrite(kProcedure, "Total languages : " +
                                     std::to_string(form_.cmbLanguage.ListCount()) + " files");
     if (form_.cmbLanguage.ListCount() == 0) {
-      status_.StatusForm(false);
+      progress_.StatusForm(false);
       screen_.MessageBox(
           "No language files available in " + Folder("Languages") + ".\r\n\r\nPlease reinstall",
           kTitle, BoxIcon::Critical, BoxButtons::Ok);
@@ -90,11 +90,11 @@ void Languages::SelectStored() {
 void Languages::ReadLanguage(bool quiet) {
   constexpr const char* kProcedure = "ReadLanguage";
   log_.Trap(kModule, kProcedure, [&] {
-    pointer_.SetHourglass(true);
+    progress_.SetHourglass(true);
     if (quiet) {
-      status_.SetText("Reading language file");
+      progress_.SetText("Reading language file");
     } else {
-      status_.StatusForm(true, texts_.LoadText(100));
+      progress_.StatusForm(true, texts_.LoadText(100));
     }
     const std::string path = Folder("Languages") + ChosenName() + ".TML";
     log_.DebugWrite(kProcedure, "Opening languagefile : " + path);
@@ -103,8 +103,8 @@ void Languages::ReadLanguage(bool quiet) {
       throw Failure(65534, "Languagefile (" + path + ") does not exist", kProcedure);
     }
     Load(file);
-    pointer_.SetHourglass(false);
-    if (!quiet) status_.StatusForm(false);
+    progress_.SetHourglass(false);
+    if (!quiet) progress_.StatusForm(false);
   });
 }
 
@@ -134,7 +134,7 @@ void Languages::Load(const std::string& path) {
 
 void Languages::TellDamaged() {
   log_.DebugWrite("ReadLanguage", "Checksum wrong");
-  status_.StatusForm(false);
+  progress_.StatusForm(false);
   screen_.MessageBox("Languagefile for " + std::string(Trimmed(form_.cmbLanguage.Text())) +
                          " is damaged.\r\n\r\nPlease reinstall this product.",
                      kTitle, BoxIcon::Critical, BoxButtons::Ok);

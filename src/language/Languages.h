@@ -6,11 +6,11 @@
 #include <utility>
 #include <vector>
 
-#include "forms/StatusWindow.h"
 #include "forms/frmMain.h"
 #include "language/TextTable.h"
 #include "logging/Logs.h"
 #include "platform/Folders.h"
+#include "platform/Progress.h"
 #include "platform/Screen.h"
 #include "platform/System.h"
 
@@ -19,14 +19,12 @@ namespace brenwick {
 class Languages {
  public:
   // storedName: the name of the language that the user chose, "" when none is stored.
-  Languages(Logs& log, frmMain& form, TextTable& texts, StatusWindow& status,
-            cMousePointer& pointer, Folders& folders, Screen& screen, System& system,
-            std::function<std::string()> storedName)
+  Languages(Logs& log, frmMain& form, TextTable& texts, Progress& progress, Folders& folders,
+            Screen& screen, System& system, std::function<std::string()> storedName)
       : log_(log),
         form_(form),
         texts_(texts),
-        status_(status),
-        pointer_(pointer),
+        progress_(progress),
         folders_(folders),
         screen_(screen),
         system_(system),
@@ -54,8 +52,7 @@ class Languages {
   Logs& log_;
   frmMain& form_;
   TextTable& texts_;
-  StatusWindow& status_;
-  cMousePointer& pointer_;
+  Progress& progress_;
   Folders& folders_;
   Screen& screen_;
   System& system_;

@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "controls/Signal.h"
+#include "base/Observers.h"
 #include "logging/Logs.h"
 
 namespace brenwick {
@@ -47,7 +47,7 @@ class TextTable {
     Replaced();
   }
 
-  Signal<> Replaced;  // the texts are those of another language now
+  Observers<> Replaced;  // the texts are those of another language now
 
  private:
   Logs& log_;

@@ -9,7 +9,7 @@
 #include "base/ProgramState.h"
 #include "base/Text.h"
 #include "files/AtomicFile.h"
-#include "settings/SettingsTable.h"
+#include "settings/SettingsKeys.h"
 
 namespace brenwick {
 namespace {

@@ -1,6 +1,6 @@
 #include "linux/FirstVoices.h"
 
-#include "settings/SettingsTable.h"
+#include "settings/SettingsKeys.h"
 
 namespace brenwick {
 namespace {

@@ -22,7 +22,7 @@ void ErrorReport::ErrorHandler(const std::string& module, const std::string& pro
 
 void ErrorReport::Show(const std::string& module, const std::string& procedure, std::int32_t number,
                        const std::string& description, const std::string& source) {
-  status_.StatusForm(false);
+  progress_.StatusForm(false);
   const std::string digits = std::to_string(number);
   const std::string message = "Error (" + digits + ") : " + description +
                               "\r\n\r\nModule: " + module + "\r\nProcedure: " + procedure +
@@ -33,13 +33,13 @@ void ErrorReport::Show(const std::string& module, const std::string& procedure, 
     files_.WriteDebugLine("ERROR in " + module + ", " + procedure,
                           "Line : " + digits + ", Error : " + description + ", Source: " + source);
   }
-  status_.StatusForm(false);
+  progress_.StatusForm(false);
   screen_.MessageBox(message, title, BoxIcon::Critical, BoxButtons::Ok);
 }
 
 void ErrorReport::ReportItselfFailed(std::int32_t number) {
   try {
-    status_.StatusForm(false);
+    progress_.StatusForm(false);
     screen_.MessageBox("Error in ErrorHandler", kTitle, BoxIcon::Critical, BoxButtons::Ok);
     if (state_.Debug) {
       files_.WriteDebugLine("Errorhandler", "Error in errorhandler " + std::to_string(number));

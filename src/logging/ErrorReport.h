@@ -6,16 +6,16 @@
 #include <string>
 
 #include "base/ProgramState.h"
-#include "forms/StatusWindow.h"
 #include "logging/LogFiles.h"
+#include "platform/Progress.h"
 #include "platform/Screen.h"
 
 namespace brenwick {
 
 class ErrorReport {
  public:
-  ErrorReport(const ProgramState& state, LogFiles& files, StatusWindow& status, Screen& screen)
-      : state_(state), files_(files), status_(status), screen_(screen) {}
+  ErrorReport(const ProgramState& state, LogFiles& files, Progress& progress, Screen& screen)
+      : state_(state), files_(files), progress_(progress), screen_(screen) {}
 
   // Hides the status window, shows the failure in a message box, notes it in the debug log, unloads
   // the windows, and ends the program: it throws ProgramEnd. A failure inside the report itself,
@@ -34,7 +34,7 @@ class ErrorReport {
 
   const ProgramState& state_;
   LogFiles& files_;
-  StatusWindow& status_;
+  Progress& progress_;
   Screen& screen_;
   bool reporting_ = false;
 };

@@ -29,7 +29,7 @@ struct LogRetention::Kind {
 };
 
 LogRetention::LogRetention(Logs& log, LogFiles& files, DataFolder& data, Folders& folders,
-                           Clock& clock, Screen& screen, StatusWindow& status, frmMain& form,
+                           Clock& clock, Screen& screen, Progress& progress, frmMain& form,
                            StatusText statusText)
     : log_(log),
       files_(files),
@@ -37,7 +37,7 @@ LogRetention::LogRetention(Logs& log, LogFiles& files, DataFolder& data, Folders
       folders_(folders),
       clock_(clock),
       screen_(screen),
-      status_(status),
+      progress_(progress),
       form_(form),
       status_text_(std::move(statusText)) {
   WireControls();
@@ -110,9 +110,9 @@ void LogRetention::Clean(const Kind& kind) {
   const std::string shown = std::to_string(days);
   log_.DebugWrite(kTimer,
                   std::string("Deleting ") + kind.name + " logs older then " + shown + " days");
-  status_.StatusForm(true, status_text_(kind.status_text, shown));
+  progress_.StatusForm(true, status_text_(kind.status_text, shown));
   DeleteOlderThan(kind.folder, days);
-  status_.StatusForm(false);
+  progress_.StatusForm(false);
 }
 
 // From the first day that is not kept to a year back; at least that first day is looked at.

@@ -5,13 +5,13 @@
 #include <functional>
 #include <string>
 
-#include "forms/StatusWindow.h"
 #include "forms/frmMain.h"
 #include "logging/DataFolder.h"
 #include "logging/LogFiles.h"
 #include "logging/Logs.h"
 #include "platform/Clock.h"
 #include "platform/Folders.h"
+#include "platform/Progress.h"
 #include "platform/Screen.h"
 
 namespace brenwick {
@@ -23,7 +23,7 @@ class LogRetention {
 
   // Takes over the two clean-up boxes, the boxes for the days, and tmrOnceADay.
   LogRetention(Logs& log, LogFiles& files, DataFolder& data, Folders& folders, Clock& clock,
-               Screen& screen, StatusWindow& status, frmMain& form, StatusText statusText);
+               Screen& screen, Progress& progress, frmMain& form, StatusText statusText);
 
   // The timer runs while at least one kind of log is cleaned up.
   void SetLogCleanTimer();
@@ -44,7 +44,7 @@ class LogRetention {
   Folders& folders_;
   Clock& clock_;
   Screen& screen_;
-  StatusWindow& status_;
+  Progress& progress_;
   frmMain& form_;
   StatusText status_text_;
   std::int16_t last_day_ = 0;  // of the month, on which cleaning ran; 0 before the first time

@@ -33,7 +33,7 @@ void Invitations::oMessenger_OnNewerClientAvailable(const std::string& downloadA
     if (!form_.chkNewVersionMessenger.Ticked()) return;
     log_.DebugWrite("MessengerObject", "OnNewerClientAvailable");
     speech_.Speak(texts_.LoadText(106), true, kDefaultVoice, false);
-    status_.StatusForm(false);
+    progress_.StatusForm(false);
     const std::string question =
         texts_.LoadText(106) + "\r\n\r\n" + texts_.LoadText(111) + downloadAddress;
     const BoxAnswer answer =

@@ -5,12 +5,12 @@
 #include <string>
 
 #include "contacts/ContactList.h"
-#include "forms/StatusWindow.h"
 #include "forms/frmMain.h"
 #include "language/TextTable.h"
 #include "logging/Logs.h"
 #include "messenger/SpokenName.h"
 #include "platform/MessengerClient.h"
+#include "platform/Progress.h"
 #include "platform/Screen.h"
 #include "speech/Abbreviations.h"
 #include "speech/Speech.h"
@@ -21,7 +21,7 @@ class Invitations {
  public:
   Invitations(Logs& log, const frmMain& form, const TextTable& texts, ContactList& contacts,
               const SpokenName& name, const Abbreviations& abbreviations, Speech& speech,
-              StatusWindow& status, Screen& screen)
+              Progress& progress, Screen& screen)
       : log_(log),
         form_(form),
         texts_(texts),
@@ -29,7 +29,7 @@ class Invitations {
         name_(name),
         abbreviations_(abbreviations),
         speech_(speech),
-        status_(status),
+        progress_(progress),
         screen_(screen) {}
 
   // Invitations are announced in the default voice, those of ignored contacts too.
@@ -50,7 +50,7 @@ class Invitations {
   const SpokenName& name_;
   const Abbreviations& abbreviations_;
   Speech& speech_;
-  StatusWindow& status_;
+  Progress& progress_;
   Screen& screen_;
 };
 

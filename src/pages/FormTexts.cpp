@@ -20,12 +20,12 @@ struct AboutLine {
 }  // namespace
 
 FormTexts::FormTexts(Logs& log, frmMain& form, const TextTable& texts, Languages& languages,
-                     StatusWindow& status, Screen& screen, Steps steps)
+                     Progress& progress, Screen& screen, Steps steps)
     : log_(log),
       form_(form),
       texts_(texts),
       languages_(languages),
-      status_(status),
+      progress_(progress),
       screen_(screen),
       steps_(std::move(steps)) {
   form_.cmdLanguage.Click = [this] { cmdLanguage_Click(); };
@@ -35,14 +35,14 @@ void FormTexts::SetAlltext(bool silent) {
   constexpr const char* kProcedure = "SetAlltext";
   log_.Trap("frmMain", kProcedure, [&] {
     log_.DebugWrite(kProcedure, "Setting formtext to correct language");
-    if (!silent) status_.StatusForm(true, texts_.LoadText(100));
+    if (!silent) progress_.StatusForm(true, texts_.LoadText(100));
     languages_.ReadLanguage(true);
-    status_.SetText(texts_.LoadText(88));
+    progress_.SetText(texts_.LoadText(88));
     form_.lblAbout.SetCaption(AboutText());
     SetCaptions();
     form_.lblAbbreviationsFile.SetCaption(
         texts_.GetText(texts_.LoadText(67), steps_.AbbreviationsFile()));
-    if (!silent) status_.StatusForm(false);
+    if (!silent) progress_.StatusForm(false);
   });
 }
 

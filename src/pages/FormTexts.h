@@ -4,11 +4,11 @@
 #include <functional>
 #include <string>
 
-#include "forms/StatusWindow.h"
 #include "forms/frmMain.h"
 #include "language/Languages.h"
 #include "language/TextTable.h"
 #include "logging/Logs.h"
+#include "platform/Progress.h"
 #include "platform/Screen.h"
 
 namespace brenwick {
@@ -24,7 +24,7 @@ class FormTexts {
 
   // Takes over the click of cmdLanguage.
   FormTexts(Logs& log, frmMain& form, const TextTable& texts, Languages& languages,
-            StatusWindow& status, Screen& screen, Steps steps);
+            Progress& progress, Screen& screen, Steps steps);
 
   // Loads the chosen language and sets every text of the window. silent: the status window is left
   // alone but for its text.
@@ -40,7 +40,7 @@ class FormTexts {
   frmMain& form_;
   const TextTable& texts_;
   Languages& languages_;
-  StatusWindow& status_;
+  Progress& progress_;
   Screen& screen_;
   Steps steps_;
 };

@@ -13,15 +13,15 @@ constexpr const char* kProcedure = "GenerateLaguageKey";
 
 }  // namespace
 
-LanguageKey::LanguageKey(Logs& log, frmMain& form, StatusWindow& status, Folders& folders,
+LanguageKey::LanguageKey(Logs& log, frmMain& form, Progress& progress, Folders& folders,
                          EventLoop& loop)
-    : log_(log), form_(form), status_(status), folders_(folders), loop_(loop) {
+    : log_(log), form_(form), progress_(progress), folders_(folders), loop_(loop) {
   form_.cmdOrgLanguage.Click = [this] { GenerateLaguageKey(); };
 }
 
 void LanguageKey::GenerateLaguageKey() {
   log_.Trap("modFunctions", kProcedure, [&] {
-    status_.StatusForm(true, "Writing language");
+    progress_.StatusForm(true, "Writing language");
     const std::string target = PathIn("Languages", ".TML");
     const std::string source = ReadSource();
     if (const std::string old = FindFile(folders_, target); !old.empty()) {
@@ -29,7 +29,7 @@ void LanguageKey::GenerateLaguageKey() {
       loop_.DoEvents();
     }
     folders_.Replace(target, Code(source));
-    status_.StatusForm(false);
+    progress_.StatusForm(false);
   });
 }
 
@@ -44,7 +44,7 @@ std::string LanguageKey::Code(const std::string& source) {
   LanguageChecksum sum;
   for (const std::string_view line : Lines(source)) {
     if (IsBlank(line)) continue;
-    status_.SetText(FromWindows1252(line));
+    progress_.SetText(FromWindows1252(line));
     loop_.DoEvents();
     file.append(log_.Trap("modFunctions", "GetCodedString", [&] { return GetCodedString(line); }));
     file.append("\r\n");

@@ -1,18 +1,18 @@
 // The developers' command that codes a readable language into the file that is shipped.
 #pragma once
 
-#include "forms/StatusWindow.h"
 #include "forms/frmMain.h"
 #include "logging/Logs.h"
 #include "platform/EventLoop.h"
 #include "platform/Folders.h"
+#include "platform/Progress.h"
 
 namespace brenwick {
 
 class LanguageKey {
  public:
   // Takes over the click of cmdOrgLanguage.
-  LanguageKey(Logs& log, frmMain& form, StatusWindow& status, Folders& folders, EventLoop& loop);
+  LanguageKey(Logs& log, frmMain& form, Progress& progress, Folders& folders, EventLoop& loop);
 
   // Codes the source chosen in cmbOrgLanguage, line by line, telling each in the status window.
   void GenerateLaguageKey();
@@ -24,7 +24,7 @@ class LanguageKey {
 
   Logs& log_;
   frmMain& form_;
-  StatusWindow& status_;
+  Progress& progress_;
   Folders& folders_;
   EventLoop& loop_;
 };

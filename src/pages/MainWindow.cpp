@@ -4,7 +4,7 @@
 #include <iterator>
 
 #include "base/Text.h"
-#include "settings/SettingsTable.h"
+#include "settings/SettingsKeys.h"
 
 namespace brenwick {
 namespace {

@@ -4,6 +4,7 @@
 
 #include "base/ProgramState.h"
 #include "base/Text.h"
+#include "settings/SettingsKeys.h"
 
 namespace brenwick {
 namespace {

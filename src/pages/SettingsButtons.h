@@ -8,10 +8,10 @@
 #include "forms/frmMain.h"
 #include "language/TextTable.h"
 #include "logging/Logs.h"
+#include "pages/Settings.h"
 #include "platform/Folders.h"
 #include "platform/Screen.h"
 #include "settings/Registry.h"
-#include "settings/Settings.h"
 
 namespace brenwick {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "controls/Signal.h"
+#include "base/Observers.h"
 #include "forms/StatusWindow.h"
 #include "forms/frmMain.h"
 #include "rehearsal/Transcript.h"

@@ -6,7 +6,7 @@
 #include <optional>
 #include <vector>
 
-#include "controls/Signal.h"
+#include "base/Observers.h"
 #include "controls/Timer.h"
 #include "forms/frmMain.h"
 #include "rehearsal/ScriptedWorld.h"

@@ -35,18 +35,18 @@ std::string Abbreviations::CreateUserFile() {
 
 void Abbreviations::EmoticonRead(bool atStartup) {
   log_.Trap("modFunctions", kProcedure, [&] {
-    pointer_.SetHourglass(true);
+    progress_.SetHourglass(true);
     const std::string message = texts_.LoadText(93);
     if (atStartup) {
-      status_.SetText(message);
+      progress_.SetText(message);
     } else {
-      status_.StatusForm(true, message);
+      progress_.StatusForm(true, message);
     }
     const std::string path = data_.Inside(kFileName);
     log_.DebugWrite(kProcedure, "Reading abbreviations from " + path);
     Load(path);
-    pointer_.SetHourglass(false);
-    if (!atStartup) status_.StatusForm(false);
+    progress_.SetHourglass(false);
+    if (!atStartup) progress_.StatusForm(false);
   });
 }
 

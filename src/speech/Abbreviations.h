@@ -5,24 +5,19 @@
 #include <utility>
 #include <vector>
 
-#include "forms/StatusWindow.h"
 #include "language/TextTable.h"
 #include "logging/DataFolder.h"
 #include "logging/Logs.h"
 #include "platform/Folders.h"
+#include "platform/Progress.h"
 
 namespace brenwick {
 
 class Abbreviations {
  public:
-  Abbreviations(Logs& log, const TextTable& texts, StatusWindow& status, cMousePointer& pointer,
-                DataFolder& data, Folders& folders)
-      : log_(log),
-        texts_(texts),
-        status_(status),
-        pointer_(pointer),
-        data_(data),
-        folders_(folders) {}
+  Abbreviations(Logs& log, const TextTable& texts, Progress& progress, DataFolder& data,
+                Folders& folders)
+      : log_(log), texts_(texts), progress_(progress), data_(data), folders_(folders) {}
 
   // Gives a user who has no "Abbreviations.Txt" a copy of the program's own, to edit; returns the
   // path of the user's file.
@@ -52,8 +47,7 @@ class Abbreviations {
 
   Logs& log_;
   const TextTable& texts_;
-  StatusWindow& status_;
-  cMousePointer& pointer_;
+  Progress& progress_;
   DataFolder& data_;
   Folders& folders_;
   std::vector<Row> rows_ = std::vector<Row>(1);

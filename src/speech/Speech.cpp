@@ -23,7 +23,7 @@ struct Speech::VoiceControls {
 };
 
 Speech::Speech(Logs& log, const ProgramState& state, frmMain& form, const TextTable& texts,
-               const TextCleanUp& cleanUp, SpokenHistory& history, cMousePointer& pointer,
+               const TextCleanUp& cleanUp, SpokenHistory& history, Progress& progress,
                SpVoice& voice, Screen& screen)
     : log_(log),
       state_(state),
@@ -31,7 +31,7 @@ Speech::Speech(Logs& log, const ProgramState& state, frmMain& form, const TextTa
       texts_(texts),
       clean_up_(cleanUp),
       history_(history),
-      pointer_(pointer),
+      progress_(progress),
       voice_(voice),
       screen_(screen) {
   WireControls();
@@ -68,7 +68,7 @@ void Speech::WireControls() {
 Outcome Speech::Speak(std::string p_sSpokenText, bool p_bMustSpeakThis, std::string p_strVoice,
                       bool p_bAgain) {
   return log_.Trap(kModule, "Speak", [&] {
-    pointer_.SetHourglass(true);
+    progress_.SetHourglass(true);
     log_.DebugWrite("Speak", "Text to speak :" + p_sSpokenText);
     const bool muted = form_.chkMute.Ticked();
     std::string note;
@@ -92,7 +92,7 @@ Outcome Speech::Speak(std::string p_sSpokenText, bool p_bMustSpeakThis, std::str
     form_.lstMessages.AddItem(note + p_sSpokenText);
     form_.lstMessages.SetListIndex(form_.lstMessages.ListCount() - 1);
     if (state_.SaveConversations && state_.MessengerOnline) log_.ConversationWrite(p_sSpokenText);
-    pointer_.SetHourglass(false);
+    progress_.SetHourglass(false);
     return outcome;
   });
 }

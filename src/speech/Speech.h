@@ -5,10 +5,10 @@
 #include <string>
 
 #include "base/ProgramState.h"
-#include "forms/cMousePointer.h"
 #include "forms/frmMain.h"
 #include "language/TextTable.h"
 #include "logging/Logs.h"
+#include "platform/Progress.h"
 #include "platform/Screen.h"
 #include "platform/SpVoice.h"
 #include "speech/Outcome.h"
@@ -27,7 +27,7 @@ class Speech {
  public:
   // Takes over the clicks of the controls that shape speech.
   Speech(Logs& log, const ProgramState& state, frmMain& form, const TextTable& texts,
-         const TextCleanUp& cleanUp, SpokenHistory& history, cMousePointer& pointer, SpVoice& voice,
+         const TextCleanUp& cleanUp, SpokenHistory& history, Progress& progress, SpVoice& voice,
          Screen& screen);
 
   // Says a sentence, unless mute is on or the user is signed out; p_bMustSpeakThis speaks it all
@@ -70,7 +70,7 @@ class Speech {
   const TextTable& texts_;
   const TextCleanUp& clean_up_;
   SpokenHistory& history_;
-  cMousePointer& pointer_;
+  Progress& progress_;
   SpVoice& voice_;
   Screen& screen_;
   std::int32_t speak_flags_ = SVSFlagsAsync + SVSFIsXML;

@@ -2,7 +2,7 @@
 
 #include <chrono>
 
-#include "settings/SettingsTable.h"
+#include "settings/SettingsKeys.h"
 #include "web/VersionNumber.h"
 
 namespace brenwick {
@@ -15,18 +15,18 @@ constexpr int kMostSteps = 1000;
 }  // namespace
 
 VersionCheck::VersionCheck(Logs& log, const ProgramState& state, frmMain& form,
-                           const TextTable& texts, cMousePointer& pointer, Registry& registry,
+                           const TextTable& texts, Progress& progress, Registry& registry,
                            EventLoop& loop, Screen& screen, Speech& speech)
     : log_(log),
       state_(state),
       form_(form),
       texts_(texts),
-      pointer_(pointer),
+      progress_(progress),
       registry_(registry),
       loop_(loop),
       screen_(screen),
       speech_(speech),
-      access_(log, form, texts, pointer) {
+      access_(log, form, texts, progress) {
   form_.cmdUpdate.Click = [this] { UpdateCheck(true); };
   form_.cmdWebSite.Click = [this] { cmdWebSite_Click(); };
 }
@@ -43,13 +43,13 @@ void VersionCheck::UpdateCheck(bool interactive) {
   log_.Trap(kModule, "UpdateCheck", [&] {
     running_ = true;
     interactive_ = interactive;
-    pointer_.SetHourglass(true);
+    progress_.SetHourglass(true);
     form_.txtWebVersion.SetText("");
     access_.WebGetVersionInfo(Server());
     const bool answered = WaitForAnswer();
     const SocketState ended = form_.wscHttp.State();
     form_.wscHttp.Close();
-    pointer_.SetHourglass(false);
+    progress_.SetHourglass(false);
     form_.cmdUpdate.SetCaption(texts_.LoadText(77));
     if (answered) {
       TellResult();

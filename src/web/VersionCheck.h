@@ -4,11 +4,11 @@
 #include <string>
 
 #include "base/ProgramState.h"
-#include "forms/cMousePointer.h"
 #include "forms/frmMain.h"
 #include "language/TextTable.h"
 #include "logging/Logs.h"
 #include "platform/EventLoop.h"
+#include "platform/Progress.h"
 #include "platform/Screen.h"
 #include "settings/Registry.h"
 #include "speech/Speech.h"
@@ -20,7 +20,7 @@ class VersionCheck {
  public:
   // Takes over the buttons of the Website page.
   VersionCheck(Logs& log, const ProgramState& state, frmMain& form, const TextTable& texts,
-               cMousePointer& pointer, Registry& registry, EventLoop& loop, Screen& screen,
+               Progress& progress, Registry& registry, EventLoop& loop, Screen& screen,
                Speech& speech);
 
   // Runs a whole check and returns at its end; events are handled meanwhile. A newer version is
@@ -44,7 +44,7 @@ class VersionCheck {
   const ProgramState& state_;
   frmMain& form_;
   const TextTable& texts_;
-  cMousePointer& pointer_;
+  Progress& progress_;
   Registry& registry_;
   EventLoop& loop_;
   Screen& screen_;

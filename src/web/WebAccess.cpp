@@ -49,8 +49,8 @@ int TakePort(std::string& host) {
 
 }  // namespace
 
-WebAccess::WebAccess(Logs& log, frmMain& form, const TextTable& texts, cMousePointer& pointer)
-    : log_(log), form_(form), texts_(texts), pointer_(pointer) {
+WebAccess::WebAccess(Logs& log, frmMain& form, const TextTable& texts, Progress& progress)
+    : log_(log), form_(form), texts_(texts), progress_(progress) {
   form_.wscHttp.OnConnect = [this] { wscHttp_Connect(); };
   form_.wscHttp.OnDataArrival = [this] { wscHttp_DataArrival(); };
   form_.wscHttp.OnClose = [this] { wscHttp_Close(); };
@@ -59,7 +59,7 @@ WebAccess::WebAccess(Logs& log, frmMain& form, const TextTable& texts, cMousePoi
 
 void WebAccess::WebGetVersionInfo(const std::string& server) {
   log_.Trap(kModule, kProcedure, [&] {
-    pointer_.SetHourglass(true);
+    progress_.SetHourglass(true);
     std::tie(host_, path_) =
         SplitAddress(std::string(kScheme) + server + std::string(kVersionFile));
     response_.clear();
@@ -71,7 +71,7 @@ void WebAccess::WebGetVersionInfo(const std::string& server) {
     const int port = TakePort(host);
     form_.wscHttp.Connect(host, port);
     ShowSocketState();
-    pointer_.SetHourglass(false);
+    progress_.SetHourglass(false);
   });
 }
 

@@ -4,17 +4,17 @@
 #include <cstddef>
 #include <string>
 
-#include "forms/cMousePointer.h"
 #include "forms/frmMain.h"
 #include "language/TextTable.h"
 #include "logging/Logs.h"
+#include "platform/Progress.h"
 
 namespace brenwick {
 
 class WebAccess {
  public:
   // Takes over the events of wscHttp.
-  WebAccess(Logs& log, frmMain& form, const TextTable& texts, cMousePointer& pointer);
+  WebAccess(Logs& log, frmMain& form, const TextTable& texts, Progress& progress);
 
   // Asks the server, "HOST" or "HOST:PORT", for /download/version.txt and returns at once. The
   // answer's body appears in txtWebVersion when the server has closed the connection; after a
@@ -41,7 +41,7 @@ class WebAccess {
   Logs& log_;
   frmMain& form_;
   const TextTable& texts_;
-  cMousePointer& pointer_;
+  Progress& progress_;
   std::string host_;
   std::string path_;
   std::string response_;

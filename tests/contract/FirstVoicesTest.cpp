@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "settings/SettingsTable.h"
+#include "settings/SettingsKeys.h"
 #include "unit/MapStore.h"
 
 namespace brenwick {

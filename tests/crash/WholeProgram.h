@@ -17,7 +17,7 @@
 #include "files/IniStore.h"
 #include "files/PosixFolders.h"
 #include "rehearsal/Rehearsal.h"
-#include "settings/SettingsTable.h"
+#include "settings/SettingsKeys.h"
 
 namespace brenwick {
 

@@ -50,7 +50,7 @@ class TcpSocketTest : public testing::Test {
   FakeWorld world;
   frmMain form;
   TextTable texts{world.log};
-  WebAccess access{world.log, form, texts, world.pointer};
+  WebAccess access{world.log, form, texts, world.status};
   EndOfProgram end;
   QtEventLoop loop{end};
   TcpSocket socket{end, form.wscHttp};

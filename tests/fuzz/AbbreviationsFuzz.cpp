@@ -19,8 +19,7 @@ using Rows = std::vector<std::pair<std::string, std::string>>;
 struct Program {
   FakeWorld world;
   TextTable texts{world.log};
-  Abbreviations abbreviations{world.log,     texts,      world.status,
-                              world.pointer, world.data, world.folders};
+  Abbreviations abbreviations{world.log, texts, world.status, world.data, world.folders};
 
   Program() {
     world.state.Debug = true;

@@ -76,9 +76,8 @@ class Reader {
   FakeWorld world_;
   frmMain& form_ = FormWithEnglish();
   TextTable texts_{world_.log};
-  Languages languages_{world_.log,    form_,          texts_,
-                       world_.status, world_.pointer, world_.folders,
-                       world_.screen, world_.system,  [] { return "English"; }};
+  Languages languages_{world_.log,     form_,         texts_,        world_.status,
+                       world_.folders, world_.screen, world_.system, [] { return "English"; }};
 };
 
 // Where no text holds what ends a line, coding the texts again makes the file they came from.

@@ -39,8 +39,7 @@ class AbbreviationsTest : public testing::Test {
 
   FakeWorld world;
   TextTable texts{world.log};
-  Abbreviations abbreviations{world.log,     texts,      world.status,
-                              world.pointer, world.data, world.folders};
+  Abbreviations abbreviations{world.log, texts, world.status, world.data, world.folders};
 };
 
 TEST_F(AbbreviationsTest, AreNoneBeforeTheFirstReading) {

@@ -43,7 +43,7 @@ class FormCaptionsTest : public testing::Test {
   FakeWorld world;
   frmMain form;
   TextTable texts{world.log};
-  Languages languages{world.log,     form,         texts,        world.status,     world.pointer,
+  Languages languages{world.log,     form,         texts,        world.status,
                       world.folders, world.screen, world.system, [] { return ""; }};
   FormTexts form_texts{world.log,
                        form,

@@ -262,7 +262,7 @@ class WindowTest : public testing::Test {
  protected:
   // How often the signal is given during the call.
   template <typename Call>
-  int Given(Signal<>& signal, const Call& call) {
+  int Given(Observers<>& signal, const Call& call) {
     int given = 0;
     const Subscription subscription = signal.Observe([&] { ++given; });
     call();

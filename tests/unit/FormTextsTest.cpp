@@ -35,7 +35,7 @@ class FormTextsTest : public testing::Test {
   FakeWorld world;
   frmMain form;
   TextTable texts{world.log};
-  Languages languages{world.log,     form,         texts,        world.status,     world.pointer,
+  Languages languages{world.log,     form,         texts,        world.status,
                       world.folders, world.screen, world.system, [] { return ""; }};
   std::string steps;
   FormTexts form_texts{world.log,

@@ -33,9 +33,8 @@ class LanguageReadTest : public testing::Test {
   frmMain form;
   TextTable texts{world.log};
   std::function<std::string()> stored = [] { return ""; };
-  Languages languages{world.log,    form,          texts,
-                      world.status, world.pointer, world.folders,
-                      world.screen, world.system,  [this] { return stored(); }};
+  Languages languages{world.log,     form,         texts,        world.status,
+                      world.folders, world.screen, world.system, [this] { return stored(); }};
 };
 
 TEST_F(LanguageReadTest, PointerIsBusyForTheDuration) {

@@ -27,11 +27,10 @@ struct MessengerRoom {
   TextTable texts{world.log};
   ContactList contacts{world.log, form, texts};
   TextCleanUp clean_up{world.log};
-  Abbreviations abbreviations{world.log,     texts,      world.status,
-                              world.pointer, world.data, world.folders};
+  Abbreviations abbreviations{world.log, texts, world.status, world.data, world.folders};
   SpokenHistory history{world.log, form};
-  Speech speech{world.log, world.state,   form,  texts,       clean_up,
-                history,   world.pointer, voice, world.screen};
+  Speech speech{world.log, world.state,  form,  texts,       clean_up,
+                history,   world.status, voice, world.screen};
   SpokenName name{form, contacts, clean_up};
   MessageJournal journal{form, texts};
   IncomingText incoming{world.log, form,          texts,  contacts, name,

@@ -4,8 +4,9 @@
 #include <cstdint>
 #include <string>
 
-#include "settings/Settings.h"
-#include "settings/SettingsTable.h"
+#include "pages/Settings.h"
+#include "pages/SettingsBinding.h"
+#include "settings/SettingsKeys.h"
 #include "unit/Fakes.h"
 #include "unit/MapStore.h"
 
@@ -17,6 +18,8 @@ class SettingsStepsTest : public testing::Test {
   SettingsStepsTest() { texts.Replace(NumberedTexts()); }
   FakeWorld world;
   frmMain form;
+  SettingsValues values;
+  SettingsBinding binding{form, values};
   TextTable texts{world.log};
   MapStore store;
   Registry registry{store, world.folders};
@@ -25,6 +28,7 @@ class SettingsStepsTest : public testing::Test {
       world.log,
       world.state,
       form,
+      values,
       texts,
       world.status,
       registry,

@@ -1,4 +1,4 @@
-#include "settings/Settings.h"
+#include "pages/Settings.h"
 
 #include <gtest/gtest.h>
 
@@ -8,6 +8,8 @@
 #include <utility>
 #include <vector>
 
+#include "pages/SettingsBinding.h"
+#include "settings/SettingsKeys.h"
 #include "unit/Fakes.h"
 
 namespace brenwick {
@@ -62,6 +64,8 @@ class SettingsTest : public testing::Test {
 
   FakeWorld world;
   frmMain form;
+  SettingsValues values;
+  SettingsBinding binding{form, values};
   TextTable texts{world.log};
   HoldingStore store;
   Registry registry{store, world.folders};
@@ -69,6 +73,7 @@ class SettingsTest : public testing::Test {
   Settings settings{world.log,
                     world.state,
                     form,
+                    values,
                     texts,
                     world.status,
                     registry,
@@ -230,6 +235,7 @@ TEST_F(SettingsTest, WhatWasReadStaysWhenTheContactsFail) {
   Settings failing{world.log,
                    world.state,
                    form,
+                   values,
                    texts,
                    world.status,
                    registry,

@@ -108,9 +108,9 @@ class VersionCheckTest : public testing::Test {
   TextCleanUp clean_up{world.log};
   SpokenHistory history{world.log, form};
   FakeVoice voice;
-  Speech speech{world.log, world.state,   form,  texts,       clean_up,
-                history,   world.pointer, voice, world.screen};
-  VersionCheck check{world.log, world.state, form,         texts, world.pointer,
+  Speech speech{world.log, world.state,  form,  texts,       clean_up,
+                history,   world.status, voice, world.screen};
+  VersionCheck check{world.log, world.state, form,         texts, world.status,
                      registry,  world.loop,  world.screen, speech};
   FakeSocket socket{form.wscHttp};
 

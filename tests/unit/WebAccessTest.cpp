@@ -44,7 +44,7 @@ class WebAccessTest : public testing::Test {
   FakeWorld world;
   frmMain form;
   TextTable texts{world.log};
-  WebAccess access{world.log, form, texts, world.pointer};
+  WebAccess access{world.log, form, texts, world.status};
   FakeSocket socket{form.wscHttp};
 };
 

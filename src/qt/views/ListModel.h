@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "base/Observers.h"
 #include "controls/ListBox.h"
-#include "controls/Signal.h"
 
 namespace brenwick {
 

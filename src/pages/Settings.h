@@ -7,12 +7,13 @@
 #include <string>
 
 #include "base/ProgramState.h"
-#include "forms/StatusWindow.h"
 #include "forms/frmMain.h"
 #include "language/TextTable.h"
 #include "logging/Logs.h"
+#include "pages/SettingsTable.h"
+#include "platform/Progress.h"
 #include "settings/Registry.h"
-#include "settings/SettingsTable.h"
+#include "settings/SettingsValues.h"
 
 namespace brenwick {
 
@@ -26,13 +27,15 @@ class Settings {
     std::function<void()> UseRepeatHotKeys;
   };
 
-  Settings(Logs& log, ProgramState& state, frmMain& form, const TextTable& texts,
-           StatusWindow& status, Registry& registry, Steps steps)
+  // The values are those of the form's controls at every moment (pages/SettingsBinding.h).
+  Settings(Logs& log, ProgramState& state, frmMain& form, const SettingsValues& values,
+           const TextTable& texts, Progress& progress, Registry& registry, Steps steps)
       : log_(log),
         state_(state),
         form_(form),
+        values_(values),
         texts_(texts),
-        status_(status),
+        progress_(progress),
         registry_(registry),
         steps_(std::move(steps)) {}
 
@@ -66,8 +69,9 @@ class Settings {
   Logs& log_;
   ProgramState& state_;
   frmMain& form_;
+  const SettingsValues& values_;
   const TextTable& texts_;
-  StatusWindow& status_;
+  Progress& progress_;
   Registry& registry_;
   Steps steps_;
   bool loaded_ = false;

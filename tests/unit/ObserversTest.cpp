@@ -1,4 +1,4 @@
-#include "controls/Signal.h"
+#include "base/Observers.h"
 
 #include <gtest/gtest.h>
 
@@ -11,28 +11,28 @@
 namespace brenwick {
 namespace {
 
-class SignalTest : public testing::Test {
+class ObserversTest : public testing::Test {
  protected:
   // Observes and notes its name at each call.
   Subscription Note(const std::string& name) {
-    return signal.Observe([this, name] { calls.push_back(name); });
+    return observers.Observe([this, name] { calls.push_back(name); });
   }
 
-  Signal<> signal;
+  Observers<> observers;
   std::vector<std::string> calls;
   using Calls = std::vector<std::string>;
 };
 
-TEST_F(SignalTest, CallsEveryObserverInTheOrderOfTheirBeginning) {
+TEST_F(ObserversTest, CallsEveryObserverInTheOrderOfTheirBeginning) {
   const Subscription a = Note("a");
   const Subscription b = Note("b");
-  signal();
-  signal();
+  observers();
+  observers();
   EXPECT_EQ(calls, (Calls{"a", "b", "a", "b"}));
 }
 
-TEST_F(SignalTest, HandsTheArgumentsOn) {
-  Signal<int, const std::string&> two;
+TEST_F(ObserversTest, HandsTheArgumentsOn) {
+  Observers<int, const std::string&> two;
   std::string got;
   const Subscription subscription = two.Observe(
       [&](int number, const std::string& text) { got += std::to_string(number) + text; });
@@ -40,109 +40,109 @@ TEST_F(SignalTest, HandsTheArgumentsOn) {
   EXPECT_EQ(got, "7x");
 }
 
-TEST_F(SignalTest, CallsNoObserverWhoseSubscriptionHasEnded) {
+TEST_F(ObserversTest, CallsNoObserverWhoseSubscriptionHasEnded) {
   {
     const Subscription a = Note("a");
-    signal();
+    observers();
   }
-  signal();
+  observers();
   EXPECT_EQ(calls, (Calls{"a"}));
 }
 
-TEST_F(SignalTest, ObservationMovesWithItsSubscription) {
+TEST_F(ObserversTest, ObservationMovesWithItsSubscription) {
   std::optional<Subscription> first = Note("a");
   const Subscription second = std::move(*first);
   first.reset();
-  signal();
+  observers();
   EXPECT_EQ(calls, (Calls{"a"}));
 }
 
-TEST_F(SignalTest, AssigningEndsTheFormerObservation) {
+TEST_F(ObserversTest, AssigningEndsTheFormerObservation) {
   Subscription subscription = Note("a");
   subscription = Note("b");
-  signal();
+  observers();
   EXPECT_EQ(calls, (Calls{"b"}));
   subscription = Subscription();
-  signal();
+  observers();
   EXPECT_EQ(calls, (Calls{"b"}));
 }
 
-TEST_F(SignalTest, ObserverMayEndItself) {
+TEST_F(ObserversTest, ObserverMayEndItself) {
   std::optional<Subscription> once;
   std::string captured = "long enough to live outside of the object that holds it";
-  once = signal.Observe([&, captured] {
+  once = observers.Observe([&, captured] {
     once.reset();
     calls.push_back(captured);  // what the observer holds is still there
   });
   const Subscription after = Note("after");
-  signal();
-  signal();
+  observers();
+  observers();
   EXPECT_EQ(calls, (Calls{captured, "after", "after"}));
 }
 
-TEST_F(SignalTest, ObserverMayEndOneThatIsStillToBeCalled) {
+TEST_F(ObserversTest, ObserverMayEndOneThatIsStillToBeCalled) {
   std::optional<Subscription> later;
-  const Subscription first = signal.Observe([&] { later.reset(); });
+  const Subscription first = observers.Observe([&] { later.reset(); });
   later = Note("later");
   const Subscription last = Note("last");
-  signal();
+  observers();
   EXPECT_EQ(calls, (Calls{"last"}));
 }
 
-TEST_F(SignalTest, ObserverMayEndOneThatWasCalledBefore) {
+TEST_F(ObserversTest, ObserverMayEndOneThatWasCalledBefore) {
   std::optional<Subscription> earlier = Note("earlier");
-  const Subscription second = signal.Observe([&] { earlier.reset(); });
+  const Subscription second = observers.Observe([&] { earlier.reset(); });
   const Subscription last = Note("last");
-  signal();
-  signal();
+  observers();
+  observers();
   EXPECT_EQ(calls, (Calls{"earlier", "last", "last"}));
 }
 
-TEST_F(SignalTest, ObserverMayEndAll) {
+TEST_F(ObserversTest, ObserverMayEndAll) {
   std::vector<Subscription> all;
-  all.push_back(signal.Observe([&] {
+  all.push_back(observers.Observe([&] {
     calls.emplace_back("first");
     all.clear();
   }));
   all.push_back(Note("second"));
-  signal();
-  signal();
+  observers();
+  observers();
   EXPECT_EQ(calls, (Calls{"first"}));
 }
 
-TEST_F(SignalTest, NewObserverIsNotCalledForTheChangeUnderWay) {
+TEST_F(ObserversTest, NewObserverIsNotCalledForTheChangeUnderWay) {
   std::vector<Subscription> added;
-  const Subscription first = signal.Observe([&] { added.push_back(Note("new")); });
-  signal();
+  const Subscription first = observers.Observe([&] { added.push_back(Note("new")); });
+  observers();
   EXPECT_EQ(calls, Calls{});
-  signal();
+  observers();
   EXPECT_EQ(calls, (Calls{"new"}));
 }
 
-TEST_F(SignalTest, ObserverMayReplaceItself) {
+TEST_F(ObserversTest, ObserverMayReplaceItself) {
   std::optional<Subscription> subscription;
-  subscription = signal.Observe([&] {
+  subscription = observers.Observe([&] {
     subscription.reset();
     subscription = Note("second");
   });
-  signal();
+  observers();
   EXPECT_EQ(calls, Calls{});
-  signal();
+  observers();
   EXPECT_EQ(calls, (Calls{"second"}));
 }
 
-TEST_F(SignalTest, MayBeGivenInsideItself) {
+TEST_F(ObserversTest, MayBeGivenInsideItself) {
   int depth = 0;
-  const Subscription first = signal.Observe([&] {
-    if (++depth < 3) signal();
+  const Subscription first = observers.Observe([&] {
+    if (++depth < 3) observers();
   });
   const Subscription second = Note("x");
-  signal();
+  observers();
   EXPECT_EQ(calls, (Calls{"x", "x", "x"}));
 }
 
-TEST_F(SignalTest, MayBeGoneBeforeTheSubscription) {
-  auto gone = std::make_unique<Signal<>>();
+TEST_F(ObserversTest, MayBeGoneBeforeTheSubscription) {
+  auto gone = std::make_unique<Observers<>>();
   int called = 0;
   {
     const Subscription subscription = gone->Observe([&] { ++called; });
@@ -152,8 +152,8 @@ TEST_F(SignalTest, MayBeGoneBeforeTheSubscription) {
   EXPECT_EQ(called, 1);
 }
 
-TEST_F(SignalTest, MayGoWhileItIsGiven) {
-  auto going = std::make_unique<Signal<>>();
+TEST_F(ObserversTest, MayGoWhileItIsGiven) {
+  auto going = std::make_unique<Observers<>>();
   const Subscription first = going->Observe([&] {
     calls.emplace_back("first");
     going.reset();

@@ -1,26 +1,33 @@
-#include "settings/Settings.h"
+#include "pages/Settings.h"
 
 #include <algorithm>
 #include <vector>
+
+#include "settings/SettingsKeys.h"
 
 namespace brenwick {
 namespace {
 
 constexpr const char* kModule = "modFunctions";
 
-template <typename... Cases>
-struct ByKind : Cases... {
-  using Cases::operator()...;
-};
-template <typename... Cases>
-ByKind(Cases...) -> ByKind<Cases...>;
+const char* Letter(SortOrder order) {
+  switch (order) {
+    case SortOrder::Email:
+      return "E";
+    case SortOrder::Name:
+      return "M";
+    case SortOrder::Contact:
+      break;
+  }
+  return "C";
+}
 
 }  // namespace
 
 void Settings::GetAllSettings() {
   log_.Trap(kModule, "GetAllSettings", [&] {
     log_.DebugWrite("GetAllSettings", "Start");
-    status_.SetText(texts_.LoadText(84));
+    progress_.SetText(texts_.LoadText(84));
     FillEmptyStore();
     ReadKey(kGeneralKey);
     state_.Language = registry_.ReadText(kGeneralKey, "Language");
@@ -60,24 +67,24 @@ void Settings::Read(const SettingRow& row) {
   const auto stored = [&] { return registry_.ReadText(row.key, row.name); };
   std::visit(
       ByKind{
-          [&](CheckBox frmMain::*box) { (form_.*box).SetTicked(stored() == "1"); },
-          [&](TextBox frmMain::*box) {
+          [&](const FlagBox& flag) { (form_.*flag.box).SetTicked(stored() == "1"); },
+          [&](const TypedText& typed) {
             const std::string text = stored();
-            (form_.*box).SetText(text.empty() ? Resolve(row.fallback) : text);
+            (form_.*typed.box).SetText(text.empty() ? Resolve(row.fallback) : text);
           },
           [&](const SortOptions& sort) {
             const std::string order = stored();
             (form_.*(order == "E" ? sort.email : order == "M" ? sort.name : sort.contact)).Choose();
           },
-          [&](DefaultVoiceOptions) {
-            (stored() == "F" ? form_.optFemale : form_.optMale).Choose();
+          [&](const VoiceOptions& voice) {
+            (form_.*(stored() == "F" ? voice.female : voice.male)).Choose();
           },
           [](const ChosenText&) {},
           // Whether the program starts with the system is not kept twice: the box shows the entry
           // itself.
-          [&](StartEntry) { form_.chkStartWithWindows.SetTicked(!stored().empty()); },
+          [&](const StartEntry& start) { (form_.*start.box).SetTicked(!stored().empty()); },
       },
-      row.control);
+      row.binding);
 }
 
 void Settings::SaveAllSettings(std::int16_t gridsOnly) {
@@ -85,12 +92,12 @@ void Settings::SaveAllSettings(std::int16_t gridsOnly) {
     const bool all = gridsOnly == 0;
     if (all) {
       log_.DebugWrite("SaveAllSettings", "Start");
-      status_.StatusForm(true, texts_.LoadText(83));
+      progress_.StatusForm(true, texts_.LoadText(83));
     }
     SaveToStore(!all);
     if (!all) return;
     steps_.SaveContacts();
-    status_.StatusForm(false);
+    progress_.StatusForm(false);
     log_.DebugWrite("SaveAllSettings", "Finish");
   });
 }
@@ -133,30 +140,25 @@ void Settings::Save(const SettingRow& row) {
 
 // Nothing for a row that is not saved now.
 std::optional<std::string> Settings::TextToSave(const SettingRow& row) {
+  using Text = std::optional<std::string>;
   return std::visit(
       ByKind{
-          [&](CheckBox frmMain::*box) -> std::optional<std::string> {
-            return (form_.*box).Ticked() ? "1" : "0";
+          [&](const FlagBox& flag) -> Text { return values_.*flag.value ? "1" : "0"; },
+          [&](const TypedText& typed) -> Text {
+            if ((values_.*typed.value).empty()) (form_.*typed.box).SetText(row.blank);
+            return values_.*typed.value;
           },
-          [&](TextBox frmMain::*box) -> std::optional<std::string> {
-            if ((form_.*box).Text().empty()) (form_.*box).SetText(row.blank);
-            return (form_.*box).Text();
-          },
-          [&](const SortOptions& sort) -> std::optional<std::string> {
-            return (form_.*sort.email).Chosen() ? "E" : (form_.*sort.name).Chosen() ? "M" : "C";
-          },
-          [&](DefaultVoiceOptions) -> std::optional<std::string> {
-            return form_.optFemale.Chosen() ? "F" : "M";
-          },
-          [&](const ChosenText& chosen) -> std::optional<std::string> {
-            const ComboBox& combo = form_.*chosen.combo;
-            if (chosen.entries_only && combo.ListIndex() < 0) return std::nullopt;
-            return combo.Text().empty() ? std::nullopt : std::optional(combo.Text());
+          [&](const SortOptions& sort) -> Text { return Letter(values_.*sort.value); },
+          [&](const VoiceOptions& voice) -> Text { return values_.*voice.value; },
+          [&](const ChosenText& chosen) -> Text {
+            const ChosenEntry& entry = values_.*chosen.value;
+            if (chosen.entries_only && entry.position < 0) return std::nullopt;
+            return entry.text.empty() ? std::nullopt : std::optional(entry.text);
           },
           // The box's own click writes the entry.
-          [](StartEntry) -> std::optional<std::string> { return std::nullopt; },
+          [](const StartEntry&) -> Text { return std::nullopt; },
       },
-      row.control);
+      row.binding);
 }
 
 void Settings::Application_Defaults(std::int16_t page) {
@@ -173,12 +175,12 @@ void Settings::Application_Defaults(std::int16_t page) {
 
 void Settings::Reset(const SettingRow& row) {
   const std::string value = Resolve(row.reset);
-  if (const auto* box = std::get_if<CheckBox frmMain::*>(&row.control)) {
-    (form_.**box).SetTicked(value == "1");
-  } else if (const auto* text = std::get_if<TextBox frmMain::*>(&row.control)) {
-    (form_.**text).SetText(value);
-  } else {
-    form_.chkStartWithWindows.SetTicked(true);
+  if (const auto* flag = std::get_if<FlagBox>(&row.binding)) {
+    (form_.*flag->box).SetTicked(value == "1");
+  } else if (const auto* typed = std::get_if<TypedText>(&row.binding)) {
+    (form_.*typed->box).SetText(value);
+  } else if (const auto* start = std::get_if<StartEntry>(&row.binding)) {
+    (form_.*start->box).SetTicked(value == "1");
   }
 }
 

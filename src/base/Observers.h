@@ -1,4 +1,4 @@
-// A list of calls to make when something happened.
+// The observers of something that happens again and again, such as a change of a control.
 #pragma once
 
 #include <cstddef>
@@ -9,7 +9,7 @@
 
 namespace brenwick {
 
-// Ends an observation when it goes out of scope. It may outlive the signal.
+// Ends an observation when it goes out of scope. It may outlive what it observes.
 class Subscription {
  public:
   Subscription() = default;
@@ -29,10 +29,11 @@ class Subscription {
   std::function<void()> end_;
 };
 
-// What a world's views observe. An observer may end its own or another observation, or begin a new
-// one, while it is being called; a new one is not called for the change that is under way.
+// Calls every observer, in the order in which they began. An observer may end its own or another
+// observation, or begin a new one, while it is being called; a new one is not called for the change
+// that is under way.
 template <typename... Arguments>
-class Signal {
+class Observers {
  public:
   using Observer = std::function<void(Arguments...)>;
 
