@@ -44,9 +44,6 @@ class cRegistry {
   // What SetValue raises when the store does not take the value.
   [[noreturn]] void FailToSet(const std::string& shown);
 
-  std::vector<std::string> EnumerateValues() { return store_.ValueNames(SectionKey); }
-  std::vector<std::string> EnumerateSections() { return store_.SubKeys(SectionKey); }
-
   // Registers the program for a file type, below SectionKey.
   void CreateEXEAssociation(const std::string& programFile, const std::string& icon);
 
