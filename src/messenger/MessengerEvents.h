@@ -40,37 +40,12 @@ class MessengerEvents : public MessengerListener {
     invitations_.oMessenger_OnNewerClientAvailable(downloadAddress);
   }
 
-  // These are only traced, under a name whose lines the debug log drops.
-  void OnAppInviteAccepted() override { Trace("OnAppInviteAccepted"); }
-  void OnAppShutdown() override { Trace("OnAppShutdown"); }
-  void OnBuddyPropertyChangeResult() override { Trace("OnBuddyPropertyChangeResult"); }
-  void OnFindResult() override { Trace("OnFindResult"); }
-  void OnListAddResult() override { Trace("OnListAddResult"); }
-  void OnLogoff() override { Trace("OnLogoff"); }
-  void OnLogonResult() override { Trace("OnLogonResult"); }
-  void OnMessagePrivacyChangeResult() override { Trace("OnMessagePrivacyChangeResult"); }
-  void OnTrustChanged() override { Trace("OnTrustChanged"); }
-  void OnUnreadEmailChanged() override { Trace("OnUnreadEmailChanged"); }
-  void OnUserDropped() override { Trace("OnUserDropped"); }
-  void OnUserFriendlyNameChangeResult() override { Trace("OnUserFriendlyNameChangeResult"); }
-  void OnUserJoin() override { Trace("OnUserJoin"); }
-  void OnUserLeave() override { Trace("OnUserLeave"); }
-  void OnNewSessionRequest() override { Trace("OnNewSessionRequest"); }
-  void OnNotificationReceived() override { Trace("OnNotificationReceived"); }
-  void OnPrimaryServiceChanged() override { Trace("OnPrimaryServiceChanged"); }
-  void OnPromptChangeResult() override { Trace("OnPromptChangeResult"); }
-  void OnRequestURLPostResult() override { Trace("OnRequestURLPostResult"); }
-  void OnRequestURLResult() override { Trace("OnRequestURLResult"); }
-  void OnSendResult() override { Trace("OnSendResult"); }
-  void OnServiceLogoff() override { Trace("OnServiceLogoff"); }
-  void OnSessionStateChange() override { Trace("OnSessionStateChange"); }
-  void OnSPMessageReceived() override { Trace("OnSPMessageReceived"); }
-
- private:
-  void Trace(const std::string& event) {
-    log_.DebugWrite("P_MessengerObject", "oMessenger_" + event);
+  // Only traced, under a name whose lines the debug log drops.
+  void OnOtherEvent(const std::string& name) override {
+    log_.DebugWrite("P_MessengerObject", "oMessenger_" + name);
   }
 
+ private:
   Logs& log_;
   IncomingText& texts_;
   ContactStates& states_;

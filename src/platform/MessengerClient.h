@@ -30,53 +30,36 @@ enum MessengerState : std::int32_t {
   MSTATE_LOCAL_DISCONNECTING_FROM_SERVER = 1024,
 };
 
-// One method an event. The client calls them on the program's thread, one at a time, in the order
-// of the events; a handler may end the program by throwing ProgramEnd. All texts are valid UTF-8:
-// the client's side repairs what it received.
+// What happens at the client. The client calls each event on the program's thread, one event at a
+// time, in the order in which they came, and only between Attach and the end of Detach. All texts
+// are valid UTF-8: the client's side repairs what it received. A handler may let other events run,
+// detach, or end the program by throwing ProgramEnd; it throws nothing else.
 class MessengerListener {
  public:
   virtual ~MessengerListener() = default;
 
+  // A contact has written. header: what the network put in front of the text; often empty.
   virtual void OnTextReceived(const MessengerContact& sender, const std::string& header,
                               const std::string& text) = 0;
+  // A contact's state has changed.
   virtual void OnUserStateChanged(const MessengerContact& user, std::int32_t state) = 0;
-  // Not a change but how things stand: the state of each contact when the client is met or the user
-  // signs on, and offline when the user signs off. It is recorded and never announced.
+  // A contact's state is known without having changed: the state of each contact when the client is
+  // met or the user signs on, and offline when the user signs off. It is recorded, never announced.
   virtual void OnUserStateFound(const MessengerContact& user, std::int32_t state) = 0;
-  // The user's own state change was carried out.
+  // The user's own state has changed.
   virtual void OnLocalStateChangeResult(std::int32_t state) = 0;
+  // A contact invites the user to use an application together, or to a group chat.
   virtual void OnAppInviteReceived(const MessengerContact& contact, const std::string& appName) = 0;
+  // A contact offers a file.
   virtual void OnFileTransferInviteReceived(const MessengerContact& contact,
                                             const std::string& fileName) = 0;
+  // A newer version of the client can be had at this address.
   virtual void OnNewerClientAvailable(const std::string& downloadAddress) = 0;
-
-  // Events that carry nothing the program uses.
-  virtual void OnAppInviteAccepted() = 0;
-  virtual void OnAppShutdown() = 0;
-  virtual void OnBuddyPropertyChangeResult() = 0;
-  virtual void OnFindResult() = 0;
-  virtual void OnListAddResult() = 0;
-  virtual void OnLogoff() = 0;
-  virtual void OnLogonResult() = 0;
-  virtual void OnMessagePrivacyChangeResult() = 0;
-  virtual void OnTrustChanged() = 0;
-  virtual void OnUnreadEmailChanged() = 0;
-  virtual void OnUserDropped() = 0;
-  virtual void OnUserFriendlyNameChangeResult() = 0;
-  virtual void OnUserJoin() = 0;
-  virtual void OnUserLeave() = 0;
-  virtual void OnNewSessionRequest() = 0;
-  virtual void OnNotificationReceived() = 0;
-  virtual void OnPrimaryServiceChanged() = 0;
-  virtual void OnPromptChangeResult() = 0;
-  virtual void OnRequestURLPostResult() = 0;
-  virtual void OnRequestURLResult() = 0;
-  virtual void OnSendResult() = 0;
-  virtual void OnServiceLogoff() = 0;
-  virtual void OnSessionStateChange() = 0;
-  virtual void OnSPMessageReceived() = 0;
+  // Any other event of the client. name: as the client calls it, such as "OnUserJoin".
+  virtual void OnOtherEvent(const std::string& name) = 0;
 };
 
+// The program calls each operation on its own thread.
 class MessengerClient {
  public:
   MessengerClient() = default;
@@ -85,19 +68,21 @@ class MessengerClient {
   virtual ~MessengerClient() = default;
 
   // From now on the client's events reach the listener, which outlives the attachment. Called once
-  // at start-up. Raises a Failure when there is no way to reach a client at all; a client that is
-  // merely not running is no failure.
+  // at start-up; no event comes before it returns. It takes a second at most. Raises a Failure when
+  // there is no way to reach a client at all; a client that is merely not running is no failure.
   virtual void Attach(MessengerListener& listener) = 0;
-  // No event reaches the listener after this returns; harmless when nothing is attached.
+  // No event reaches the listener after this returns. It may be called from inside an event, and
+  // when nothing is attached. It throws nothing.
   virtual void Detach() = 0;
 
-  // The user's own state, a MessengerState; MSTATE_OFFLINE while no client runs.
+  // The user's own state, a MessengerState; MSTATE_OFFLINE while no client runs. It answers at once
+  // from what is known, and throws nothing; so does MyName.
   virtual std::int32_t MyStatus() = 0;
   // The user's own display name; empty when none is known.
   virtual std::string MyName() = 0;
 
-  // Asks the client to open its message window for the contact with this sign-in name, without
-  // waiting for it. Raises a Failure when the client cannot be asked.
+  // Asks the client to open its message window for the contact with this sign-in name, and does not
+  // wait for it. Raises a Failure when the client cannot be asked.
   virtual void InstantMessage(const std::string& contact) = 0;
 };
 

@@ -54,35 +54,33 @@ Event NewerClientAvailable(const nlohmann::json& step) {
   };
 }
 
-using PlainEvent = void (MessengerListener::*)();
-
-const std::map<std::string, PlainEvent>& PlainEvents() {
-  using L = MessengerListener;
-  static const std::map<std::string, PlainEvent> events = {
-      {"OnAppInviteAccepted", &L::OnAppInviteAccepted},
-      {"OnAppShutdown", &L::OnAppShutdown},
-      {"OnBuddyPropertyChangeResult", &L::OnBuddyPropertyChangeResult},
-      {"OnFindResult", &L::OnFindResult},
-      {"OnListAddResult", &L::OnListAddResult},
-      {"OnLogoff", &L::OnLogoff},
-      {"OnLogonResult", &L::OnLogonResult},
-      {"OnMessagePrivacyChangeResult", &L::OnMessagePrivacyChangeResult},
-      {"OnTrustChanged", &L::OnTrustChanged},
-      {"OnUnreadEmailChanged", &L::OnUnreadEmailChanged},
-      {"OnUserDropped", &L::OnUserDropped},
-      {"OnUserFriendlyNameChangeResult", &L::OnUserFriendlyNameChangeResult},
-      {"OnUserJoin", &L::OnUserJoin},
-      {"OnUserLeave", &L::OnUserLeave},
-      {"OnNewSessionRequest", &L::OnNewSessionRequest},
-      {"OnNotificationReceived", &L::OnNotificationReceived},
-      {"OnPrimaryServiceChanged", &L::OnPrimaryServiceChanged},
-      {"OnPromptChangeResult", &L::OnPromptChangeResult},
-      {"OnRequestURLPostResult", &L::OnRequestURLPostResult},
-      {"OnRequestURLResult", &L::OnRequestURLResult},
-      {"OnSendResult", &L::OnSendResult},
-      {"OnServiceLogoff", &L::OnServiceLogoff},
-      {"OnSessionStateChange", &L::OnSessionStateChange},
-      {"OnSPMessageReceived", &L::OnSPMessageReceived},
+// Events of the client that a script may raise though the program does nothing about them.
+const std::set<std::string>& OtherEvents() {
+  static const std::set<std::string> events = {
+      "OnAppInviteAccepted",
+      "OnAppShutdown",
+      "OnBuddyPropertyChangeResult",
+      "OnFindResult",
+      "OnListAddResult",
+      "OnLogoff",
+      "OnLogonResult",
+      "OnMessagePrivacyChangeResult",
+      "OnTrustChanged",
+      "OnUnreadEmailChanged",
+      "OnUserDropped",
+      "OnUserFriendlyNameChangeResult",
+      "OnUserJoin",
+      "OnUserLeave",
+      "OnNewSessionRequest",
+      "OnNotificationReceived",
+      "OnPrimaryServiceChanged",
+      "OnPromptChangeResult",
+      "OnRequestURLPostResult",
+      "OnRequestURLResult",
+      "OnSendResult",
+      "OnServiceLogoff",
+      "OnSessionStateChange",
+      "OnSPMessageReceived",
   };
   return events;
 }
@@ -120,10 +118,9 @@ Event EventOf(const nlohmann::json& step) {
     CheckArguments(step, name, found->second.members);
     return found->second.read(step);
   }
-  const auto plain = PlainEvents().find(name);
-  if (plain == PlainEvents().end()) throw ScriptFailure("unknown event \"" + name + "\"");
+  if (!OtherEvents().contains(name)) throw ScriptFailure("unknown event \"" + name + "\"");
   CheckArguments(step, name, {});
-  return [event = plain->second](MessengerListener& listener) { (listener.*event)(); };
+  return [name](MessengerListener& listener) { listener.OnOtherEvent(name); };
 }
 
 }  // namespace brenwick

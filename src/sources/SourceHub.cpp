@@ -49,31 +49,9 @@ class SourceHub::Relay : public MessengerListener {
   void OnNewerClientAvailable(const std::string& downloadAddress) override {
     all_.Raise([=](L& listener) { listener.OnNewerClientAvailable(downloadAddress); });
   }
-
-  void OnAppInviteAccepted() override { all_.Raise(&L::OnAppInviteAccepted); }
-  void OnAppShutdown() override { all_.Raise(&L::OnAppShutdown); }
-  void OnBuddyPropertyChangeResult() override { all_.Raise(&L::OnBuddyPropertyChangeResult); }
-  void OnFindResult() override { all_.Raise(&L::OnFindResult); }
-  void OnListAddResult() override { all_.Raise(&L::OnListAddResult); }
-  void OnLogoff() override { all_.Raise(&L::OnLogoff); }
-  void OnLogonResult() override { all_.Raise(&L::OnLogonResult); }
-  void OnMessagePrivacyChangeResult() override { all_.Raise(&L::OnMessagePrivacyChangeResult); }
-  void OnTrustChanged() override { all_.Raise(&L::OnTrustChanged); }
-  void OnUnreadEmailChanged() override { all_.Raise(&L::OnUnreadEmailChanged); }
-  void OnUserDropped() override { all_.Raise(&L::OnUserDropped); }
-  void OnUserFriendlyNameChangeResult() override { all_.Raise(&L::OnUserFriendlyNameChangeResult); }
-  void OnUserJoin() override { all_.Raise(&L::OnUserJoin); }
-  void OnUserLeave() override { all_.Raise(&L::OnUserLeave); }
-  void OnNewSessionRequest() override { all_.Raise(&L::OnNewSessionRequest); }
-  void OnNotificationReceived() override { all_.Raise(&L::OnNotificationReceived); }
-  void OnPrimaryServiceChanged() override { all_.Raise(&L::OnPrimaryServiceChanged); }
-  void OnPromptChangeResult() override { all_.Raise(&L::OnPromptChangeResult); }
-  void OnRequestURLPostResult() override { all_.Raise(&L::OnRequestURLPostResult); }
-  void OnRequestURLResult() override { all_.Raise(&L::OnRequestURLResult); }
-  void OnSendResult() override { all_.Raise(&L::OnSendResult); }
-  void OnServiceLogoff() override { all_.Raise(&L::OnServiceLogoff); }
-  void OnSessionStateChange() override { all_.Raise(&L::OnSessionStateChange); }
-  void OnSPMessageReceived() override { all_.Raise(&L::OnSPMessageReceived); }
+  void OnOtherEvent(const std::string& name) override {
+    all_.Raise([=](L& listener) { listener.OnOtherEvent(name); });
+  }
 
  private:
   // A source that opens no conversations with its senders may have any number of them.

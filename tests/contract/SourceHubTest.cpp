@@ -55,7 +55,7 @@ TEST_F(SourceHubTest, HandsOnWhatEachRaises) {
   two.raise->OnAppInviteReceived({"dan", ""}, "chess");
   one.raise->OnFileTransferInviteReceived({"eve", ""}, "a.txt");
   two.raise->OnNewerClientAvailable("http://x");
-  one.raise->OnLogoff();
+  one.raise->OnOtherEvent("OnLogoff");
   EXPECT_THAT(program.events, ElementsAre("ann,ann,,hello", "bob changed 34", "cid found 10",
                                           "dan invites to chess", "eve offers a.txt",
                                           "newer http://x", "OnLogoff"));
@@ -74,11 +74,11 @@ TEST_F(SourceHubTest, LetAnEventWaitForTheHandlerBeforeIt) {
 TEST_F(SourceHubTest, HandsOnNothingOnceDetached) {
   MessengerListener& raise = *one.raise;
   program.Meanwhile = [&] {
-    raise.OnLogoff();
+    raise.OnOtherEvent("OnLogoff");
     sources.Detach();
-    raise.OnUserJoin();
+    raise.OnOtherEvent("OnUserJoin");
   };
-  raise.OnLogonResult();
+  raise.OnOtherEvent("OnLogonResult");
   raise.OnTextReceived({"ann", ""}, "", "late");
   EXPECT_THAT(program.events, ElementsAre("OnLogonResult"));
   EXPECT_EQ(one.raise, nullptr);

@@ -21,39 +21,10 @@ class MessengerEventsTest : public testing::Test, protected MessengerRoom {
   std::vector<std::string> touched;
 };
 
-using Traced = void (MessengerListener::*)();
-
-constexpr Traced kTraced[] = {
-    &MessengerListener::OnAppInviteAccepted,
-    &MessengerListener::OnAppShutdown,
-    &MessengerListener::OnBuddyPropertyChangeResult,
-    &MessengerListener::OnFindResult,
-    &MessengerListener::OnListAddResult,
-    &MessengerListener::OnLogoff,
-    &MessengerListener::OnLogonResult,
-    &MessengerListener::OnMessagePrivacyChangeResult,
-    &MessengerListener::OnTrustChanged,
-    &MessengerListener::OnUnreadEmailChanged,
-    &MessengerListener::OnUserDropped,
-    &MessengerListener::OnUserFriendlyNameChangeResult,
-    &MessengerListener::OnUserJoin,
-    &MessengerListener::OnUserLeave,
-    &MessengerListener::OnNewSessionRequest,
-    &MessengerListener::OnNotificationReceived,
-    &MessengerListener::OnPrimaryServiceChanged,
-    &MessengerListener::OnPromptChangeResult,
-    &MessengerListener::OnRequestURLPostResult,
-    &MessengerListener::OnRequestURLResult,
-    &MessengerListener::OnSendResult,
-    &MessengerListener::OnServiceLogoff,
-    &MessengerListener::OnSessionStateChange,
-    &MessengerListener::OnSPMessageReceived,
-};
-
-TEST_F(MessengerEventsTest, OnlyTracesTheOtherEvents) {
+TEST_F(MessengerEventsTest, OnlyTracesOtherEvents) {
   form.SetCaption("caption");
   contacts.ListAdd("ann@x", "Ann", 10);
-  for (const Traced event : kTraced) (events.*event)();
+  events.OnOtherEvent("OnUserJoin");
   EXPECT_EQ(touched, std::vector<std::string>{});
   EXPECT_EQ(voice.spoken, std::vector<std::string>{});
   EXPECT_EQ(world.screen.boxes.size() + world.screen.pointers.size(), 0U);
