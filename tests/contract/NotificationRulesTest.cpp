@@ -12,7 +12,12 @@ class NotificationRulesTest : public IniStoreFixture {
  protected:
   static Notification Shown(const std::string& application, const std::string& summary,
                             const std::string& body) {
-    return {.sender = ":1.5", .application = application, .summary = summary, .body = body};
+    Notification shown;
+    shown.sender = ":1.5";
+    shown.application = application;
+    shown.summary = summary;
+    shown.body = body;
+    return shown;
   }
   // "SIGN-IN NAME,NAME,TEXT", or "-" where nothing is read.
   std::string Read(const Notification& notification) {
