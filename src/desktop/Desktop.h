@@ -26,9 +26,9 @@
 #include "qt/QtScreen.h"
 #include "qt/SystemClock.h"
 #include "qt/TcpSocket.h"
-#include "qt/TimerDriver.h"
 #include "qt/views/MainWindowView.h"
 #include "qt/views/StatusView.h"
+#include "qt/views/TimerDriver.h"
 #include "qt/views/Views.h"
 #include "sources/SourceHub.h"
 

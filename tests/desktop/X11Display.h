@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "desktop/Server.h"
-#include "desktop/X11Reply.h"
+#include "desktop/x11/X11Reply.h"
 
 namespace brenwick {
 

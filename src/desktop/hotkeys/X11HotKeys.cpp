@@ -6,7 +6,7 @@
 #include <string>
 #include <utility>
 
-#include "desktop/X11Reply.h"
+#include "desktop/x11/X11Reply.h"
 
 namespace brenwick {
 namespace {

@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <string_view>
 
-#include "desktop/X11Reply.h"
+#include "desktop/x11/X11Reply.h"
 
 namespace brenwick {
 namespace {

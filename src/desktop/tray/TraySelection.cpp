@@ -6,7 +6,7 @@
 #include <QGuiApplication>
 #include <string>
 
-#include "desktop/X11Reply.h"
+#include "desktop/x11/X11Reply.h"
 
 namespace brenwick {
 namespace {

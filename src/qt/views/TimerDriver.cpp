@@ -1,4 +1,4 @@
-#include "qt/TimerDriver.h"
+#include "qt/views/TimerDriver.h"
 
 namespace brenwick {
 
