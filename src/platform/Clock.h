@@ -9,6 +9,7 @@ namespace brenwick {
 // A moment in the user's own time zone.
 using LocalTime = std::chrono::local_time<std::chrono::milliseconds>;
 
+// The program calls each operation on its own thread. Each answers at once and throws nothing.
 class Clock {
  public:
   Clock() = default;
@@ -17,7 +18,8 @@ class Clock {
   virtual ~Clock() = default;
 
   virtual LocalTime Now() = 0;
-  // The moment's date in the system's short date format, its time in the system's time format.
+  // The moment's date in the system's short date format, and its time in the system's time format,
+  // in UTF-8.
   virtual std::string DateText(LocalTime time) = 0;
   virtual std::string TimeText(LocalTime time) = 0;
 };

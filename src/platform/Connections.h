@@ -1,4 +1,5 @@
-// What the program listens to and speaks with, as the page that shows it needs to know it.
+// The messengers that the program listens to and the engines that it speaks with, for the page that
+// shows them.
 #pragma once
 
 #include <cstddef>
@@ -29,6 +30,8 @@ struct SeenApplication {
   bool On = false;  // its notifications are read aloud
 };
 
+// The program calls each operation on its own thread; none of them waits for a messenger or an
+// engine.
 class Connections {
  public:
   Connections() = default;
@@ -36,26 +39,31 @@ class Connections {
   Connections& operator=(const Connections&) = delete;
   virtual ~Connections() = default;
 
-  // The same ones in the same order while the program runs. None of either: the program has no page
-  // of connections.
+  // The sources and the engines: the same ones in the same order while the program runs. Where both
+  // are empty, the program has no page of connections. They throw nothing.
   virtual std::vector<Connection> Sources() = 0;
   virtual std::vector<Connection> Engines() = 0;
 
   // Sends the sentence the way that a message of this source goes; it arrives as an event of the
-  // messenger client.
+  // messenger client, or not at all where the way is broken. index: a position in Sources();
+  // another raises std::out_of_range.
   virtual void TestSource(std::size_t index, const std::string& sentence) = 0;
-  // Speaks the sentence with this engine, behind what is being said.
+  // Speaks the sentence with this engine, behind what is being said. An engine that fails says so
+  // in Engines(). index: a position in Engines(); another is passed over.
   virtual void TestEngine(std::size_t index, const std::string& sentence) = 0;
 
   // In the order of their names.
   virtual std::vector<SeenApplication> Applications() = 0;
+  // Switches the reading of one application's notifications and remembers the choice. A choice that
+  // cannot be stored holds until the end of the program.
   virtual void SwitchApplication(const std::string& name, bool on) = 0;
 
-  // Whether the messages of group chats are read aloud.
+  // Whether the messages of group chats are read aloud. The choice is remembered as above.
   virtual bool GroupChats() = 0;
   virtual void SetGroupChats(bool on) = 0;
 
-  // Called on the program's thread when any of the answers above may be another.
+  // Called on the program's thread when any of the answers above may have changed. The handler may
+  // ask all of them; it starts no test.
   std::function<void()> Changed;
 };
 

@@ -7,6 +7,9 @@
 
 namespace brenwick {
 
+// The program calls each operation on its own thread. Each waits for the disk and for nothing else,
+// and lets no event run. A failure is a Failure with one of the numbers that the operation names;
+// nothing else is thrown.
 class Folders {
  public:
   Folders() = default;
@@ -14,19 +17,19 @@ class Folders {
   Folders& operator=(const Folders&) = delete;
   virtual ~Folders() = default;
 
-  // The user's documents folder, made when it is missing; without a separator at its end.
-  // Raises a Failure when it cannot be made.
+  // The user's documents folder, made when it is missing; without a separator at its end. Raises
+  // what CreateFolder raises when it cannot be made.
   virtual std::string DocumentsFolder() = 0;
   // The folder of the program file, which holds "Languages", "OrgLanguages" and
-  // "Abbreviations.Txt".
+  // "Abbreviations.Txt". Neither this nor the next two can fail.
   virtual std::string ProgramFolder() = 0;
   // The program file itself, with its folder.
   virtual std::string ProgramFile() = 0;
   // Between the parts of a path: "/" or "\".
   virtual char Separator() const = 0;
 
-  // Where that cannot be found out, these raise kPermissionDenied or kPathFileAccess: a file that
-  // is taken for missing would be written anew.
+  // Where the answer cannot be found out, these raise kPermissionDenied or kPathFileAccess: a file
+  // that is taken for missing would be written anew.
   virtual bool FileExists(const std::string& path) = 0;
   virtual bool FolderExists(const std::string& path) = 0;
   // Makes one folder, private to the user. Raises kPathNotFound, kPermissionDenied or

@@ -26,6 +26,10 @@ struct RegistryValue {
   bool operator==(const RegistryValue&) const = default;
 };
 
+// The program calls each operation on its own thread. None of them throws or lets an event run; a
+// failure is in the answer. One that stores waits for the disk, and a limited time for another
+// program that is storing.
+//
 // Keys are paths with "\" between their parts, below the current user's root. Keys and names are
 // compared without regard to case and kept as first written.
 class RegistryStore {
@@ -52,6 +56,7 @@ class RegistryStore {
   // False: there is no such value, or it cannot be deleted.
   virtual bool DeleteValue(const std::string& key, const std::string& name) = 0;
 
+  // The names of the values of a key, and of the keys right below it; none where there is no key.
   virtual std::vector<std::string> ValueNames(const std::string& key) = 0;
   virtual std::vector<std::string> SubKeys(const std::string& key) = 0;
 

@@ -1,4 +1,4 @@
-// What the program does to the screen beyond its own windows.
+// The parts of the screen that the program uses beyond its own windows.
 #pragma once
 
 #include <string>
@@ -13,6 +13,8 @@ enum class BoxAnswer { Ok, Yes, No };
 
 enum class Pointer { Default = 0, Hourglass = 11 };
 
+// The program calls each operation on its own thread. None of them fails: without a display each
+// does nothing, and a question is answered with its safe answer. Only MessageBox lets events run.
 class Screen {
  public:
   Screen() = default;
@@ -20,8 +22,9 @@ class Screen {
   Screen& operator=(const Screen&) = delete;
   virtual ~Screen() = default;
 
-  // Shows a modal message box and returns when the user has answered it; events may be handled
-  // meanwhile. Closing a YesNo box counts as No.
+  // Shows a modal message box and returns when the user has answered it, however long that takes;
+  // events are handled meanwhile. Closing a YesNo box counts as No. Throws ProgramEnd where a
+  // handler ends the program meanwhile.
   virtual BoxAnswer MessageBox(const std::string& text, const std::string& title, BoxIcon icon,
                                BoxButtons buttons) = 0;
   virtual void Beep() = 0;

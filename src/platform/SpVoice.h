@@ -14,6 +14,8 @@ enum SpeechVoiceSpeakFlags : int {
   SVSFIsXML = 8,             // the text may hold speech markup
 };
 
+// The program calls each operation on its own thread. None of them lets an event run. What they
+// raise is a Failure, and nothing else.
 class SpVoice {
  public:
   SpVoice() = default;
@@ -22,7 +24,8 @@ class SpVoice {
   virtual ~SpVoice() = default;
 
   // A description of each installed voice by which a person can choose one. The order is the same
-  // at every call and at every start on one machine; empty when the engine has no voices.
+  // at every call and at every start on one machine; empty when the engine has no voices. Raises
+  // nothing, as Voice, Rate and Volume do.
   virtual const std::vector<std::string>& GetVoices() = 0;
 
   // What the coming sentences are spoken with. Each setter raises kInvalidCall and leaves the

@@ -6,6 +6,7 @@
 
 namespace brenwick {
 
+// The program calls each operation on its own thread. Each answers at once and throws nothing.
 class System {
  public:
   System() = default;

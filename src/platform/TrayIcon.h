@@ -13,6 +13,7 @@ enum TrayMouseMessage : int {
   kRightButtonUp = 517,
 };
 
+// The program calls each operation on its own thread. None of them waits or throws.
 class TrayIcon {
  public:
   TrayIcon() = default;
@@ -23,10 +24,13 @@ class TrayIcon {
   // Shows the icon with a tip of at most 64 characters. A desktop without a notification area is
   // no failure: the icon appears when one does.
   virtual void Add(const std::string& tip) = 0;
+  // Gives the icon another tip; harmless without one.
   virtual void Modify(const std::string& tip) = 0;
+  // Takes the icon away; harmless without one.
   virtual void Delete() = 0;
 
-  // Called with a TrayMouseMessage, or any other number, for each mouse message of the icon.
+  // Called on the program's thread with a TrayMouseMessage, or any other number, for each mouse
+  // message of the icon. The handler may end the program by throwing ProgramEnd.
   std::function<void(int)> MouseMessage;
 };
 

@@ -1,4 +1,4 @@
-// One of the clients that stand behind the program's messenger: it can be looked at and tried.
+// One of the clients that stand behind the program's messenger.
 #pragma once
 
 #include <functional>
@@ -9,8 +9,11 @@
 
 namespace brenwick {
 
+// The program calls each operation on its own thread; none of them throws or lets an event run.
+// Test may wait for the system's bus, a second at most; the others do not wait.
 class MessengerSource : public MessengerClient {
  public:
+  // The state of the connection to this client, as it is known at this moment.
   virtual Connection Describe() const = 0;
 
   // True for the sign-in name of a contact whose conversations this client can open now.
@@ -21,7 +24,8 @@ class MessengerSource : public MessengerClient {
   // source. Nothing comes where the way is broken.
   virtual void Test(const std::string& sentence) = 0;
 
-  // Called on the program's thread when Describe has another answer.
+  // Called on the program's thread when Describe may have another answer. The handler may ask for
+  // it; it does not attach or detach.
   std::function<void()> Changed;
 };
 
