@@ -30,8 +30,8 @@ struct SeenApplication {
   bool On = false;  // its notifications are read aloud
 };
 
-// The program calls each operation on its own thread; none of them waits for a messenger or an
-// engine.
+// The program calls each operation on its own thread; none of them lets an event run, or waits for
+// a messenger or an engine.
 class Connections {
  public:
   Connections() = default;
@@ -49,7 +49,8 @@ class Connections {
   // another raises std::out_of_range.
   virtual void TestSource(std::size_t index, const std::string& sentence) = 0;
   // Speaks the sentence with this engine, behind what is being said. An engine that fails says so
-  // in Engines(). index: a position in Engines(); another is passed over.
+  // in Engines(). index: a position in Engines(); another raises
+  // std::out_of_range.
   virtual void TestEngine(std::size_t index, const std::string& sentence) = 0;
 
   // In the order of their names.
