@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "base/Failure.h"
-#include "unit/Fakes.h"
+#include "support/Fakes.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
