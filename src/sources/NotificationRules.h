@@ -16,8 +16,6 @@ namespace brenwick {
 struct NotifiedMessage {
   MessengerContact contact;
   std::string text;
-
-  bool operator==(const NotifiedMessage&) const = default;
 };
 
 // Belongs to the program's thread, as everything that it calls does.
