@@ -64,15 +64,27 @@ const Tag* FindTag(std::string_view inside) {
   return ends && tag != std::end(kTags) ? tag : nullptr;
 }
 
-// The value of alt="…" in a tag.
+std::string_view TakeUntil(std::string_view& text, std::string_view ends) {
+  const std::size_t end = std::min(text.find_first_of(ends), text.size());
+  const std::string_view taken = text.substr(0, end);
+  text.remove_prefix(std::min(end + 1, text.size()));
+  return taken;
+}
+
+// The value of alt="…" in a tag. The same word may well occur within another value.
 std::string_view Description(std::string_view inside) {
-  constexpr std::string_view kName = "alt=";
-  const std::size_t name = LowerCase(inside).find(kName);
-  if (name == std::string::npos || name + kName.size() >= inside.size()) return {};
-  const char quote = inside[name + kName.size()];
-  if (quote != '"' && quote != '\'') return {};
-  const std::string_view value = inside.substr(name + kName.size() + 1);
-  return value.substr(0, value.find(quote));
+  while (!inside.empty()) {
+    const std::string_view before = Stripped(TakeUntil(inside, "="));
+    const std::size_t space = before.find_last_of(kWhite);
+    const std::string name = LowerCase(before.substr(space + 1));
+    inside.remove_prefix(std::min(inside.find_first_not_of(kWhite), inside.size()));
+    const bool quoted = inside.starts_with('"') || inside.starts_with('\'');
+    const std::string_view end = quoted ? inside.substr(0, 1) : kWhite;
+    if (quoted) inside.remove_prefix(1);
+    const std::string_view value = TakeUntil(inside, end);
+    if (quoted && name == "alt") return value;
+  }
+  return {};
 }
 
 std::optional<char32_t> CharacterOfNumber(std::string_view digits) {
