@@ -25,10 +25,22 @@ constexpr const char* kUnclear = "Speech Dispatcher says what makes no sense";
 
 // Several times as many as a list of all voices has; a server that sends more has gone mad.
 constexpr std::size_t kMostLines = 100'000;
+constexpr std::size_t kMostEvents = 100'000;
+constexpr std::size_t kLongestAnswer = 1 << 24;  // bytes
 
-constexpr int kCodeDigits = 3;
+constexpr std::size_t kCodeDigits = 3;
 constexpr int kFirstRefusal = 300;
 constexpr int kFirstEvent = 700;
+
+// The code at the front of a line; nothing where there is none, or nothing behind it.
+std::optional<int> CodeOf(const std::string& line) {
+  constexpr std::string_view kDigits = "0123456789";
+  const std::size_t digits = std::min(line.find_first_not_of(kDigits), line.size());
+  if (digits < kCodeDigits || line.size() == kCodeDigits) return std::nullopt;
+  int code = 0;
+  std::from_chars(line.data(), line.data() + kCodeDigits, code);
+  return code;
+}
 
 milliseconds Left(steady_clock::time_point until) {
   const auto left = std::chrono::ceil<milliseconds>(until - steady_clock::now());
@@ -131,7 +143,7 @@ SsipConnection::Answer SsipConnection::ReceiveAnswer(const StopToken* stop, mill
 
 bool SsipConnection::KeepAsEvent(const Answer& answer) {
   if (answer.code < kFirstEvent) return false;
-  if (answer.lines.empty()) throw SsipTrouble(kUnclear);
+  if (answer.lines.empty() || events_.size() == kMostEvents) throw SsipTrouble(kUnclear);
   events_.emplace_back(answer.lines.front(), static_cast<Event>(answer.code));
   return true;
 }
@@ -154,20 +166,19 @@ std::optional<SsipConnection::Answer> SsipConnection::TakeAnswer() {
     std::string line = received_.substr(taken, end - taken);
     taken = end + 1;
     if (line.ends_with('\r')) line.pop_back();
-    int code = 0;
-    const char* const digits_end = line.data() + std::min<std::size_t>(line.size(), kCodeDigits);
-    const auto digits = std::from_chars(line.data(), digits_end, code);
-    if (digits.ec != std::errc() || line.size() <= kCodeDigits) throw SsipTrouble(kUnclear);
+    const std::optional<int> code = CodeOf(line);
+    if (!code) throw SsipTrouble(kUnclear);
     const std::string content = line.substr(kCodeDigits + 1);
     if (unfinished_.lines.size() == kMostLines) throw SsipTrouble(kUnclear);
     if (line[kCodeDigits] == '-') {
       unfinished_.lines.push_back(content);
     } else {
-      answer = Answer{code, content, std::move(unfinished_.lines)};
+      answer = Answer{*code, content, std::move(unfinished_.lines)};
       unfinished_ = {};
     }
   }
   received_.erase(0, taken);
+  if (answer) unanswered_ = received_.size();
   return answer;
 }
 
@@ -181,6 +192,8 @@ bool SsipConnection::Read(Moment until, const StopToken* stop) {
   if (count < 0 && (errno == EAGAIN || errno == EINTR)) return true;
   if (count <= 0) throw SsipTrouble(kGone);
   received_.append(bytes.data(), static_cast<std::size_t>(count));
+  unanswered_ += static_cast<std::size_t>(count);
+  if (unanswered_ > kLongestAnswer) throw SsipTrouble(kUnclear);
   return true;
 }
 

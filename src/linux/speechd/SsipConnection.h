@@ -90,6 +90,7 @@ class SsipConnection {
   const std::chrono::milliseconds patience_;
   int socket_;
   std::string received_;
+  std::size_t unanswered_ = 0;  // bytes that have come since the last whole answer
   Answer unfinished_;
   std::deque<std::pair<std::string, Event>> events_;
 };
