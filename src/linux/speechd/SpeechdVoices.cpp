@@ -7,7 +7,7 @@
 #include <set>
 #include <tuple>
 
-#include "base/Text.h"
+#include "sources/ForeignText.h"
 #include "voice/LanguageTag.h"
 
 namespace brenwick {
@@ -125,11 +125,11 @@ std::string Description(const Candidate& candidate, const Names& names) {
 SpeechdListing ReadListing(const std::string& module, std::string_view line) {
   const auto take = [&line] {
     const std::size_t tab = line.find('\t');
-    std::string field = Repaired(Trimmed(line.substr(0, tab)));
+    std::string field = OneLine(line.substr(0, tab));
     line.remove_prefix(tab == std::string_view::npos ? line.size() : tab + 1);
     return field;
   };
-  SpeechdListing listing{module, take(), "", ""};
+  SpeechdListing listing{OneLine(module), take(), "", ""};
   listing.language = take();
   listing.variant = take();
   return listing;

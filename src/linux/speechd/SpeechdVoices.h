@@ -34,6 +34,8 @@ constexpr std::size_t kMostOfALanguage = 20;
 constexpr std::size_t kMostVariants = 3;
 
 // A listing's line, "name TAB language TAB variant", of that module. Its fields may be missing.
+// Each is one line of valid UTF-8, whatever the server sends: it is shown, and remembered on a
+// line.
 SpeechdListing ReadListing(const std::string& module, std::string_view line);
 
 // Of each voice a few of its variants, and of each language the first ones, every engine in its
