@@ -5,7 +5,7 @@
 #include "base/Lines.h"
 #include "base/SystemText.h"
 #include "base/Text.h"
-#include "fuzz/Fuzz.h"
+#include "fuzz/FuzzWorld.h"
 #include "speech/Abbreviations.h"
 
 namespace brenwick {
@@ -88,10 +88,7 @@ void CheckInput(std::string_view input) {
   }
 }
 
+const FuzzTarget kTarget("abbreviations", CheckInput);
+
 }  // namespace
 }  // namespace brenwick
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  brenwick::CheckInput(brenwick::BytesOf(data, size));
-  return 0;
-}

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "contacts/ContactFile.h"
-#include "fuzz/Fuzz.h"
+#include "fuzz/FuzzWorld.h"
 
 namespace brenwick {
 namespace {
@@ -91,10 +91,7 @@ void CheckFile(std::string_view bytes) {
   Expect(again.Kept(kFile) == program.Kept(kFile), "saved again, the file stays as it is");
 }
 
+const FuzzTarget kTarget("contacts", CheckFile);
+
 }  // namespace
 }  // namespace brenwick
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  brenwick::CheckFile(brenwick::BytesOf(data, size));
-  return 0;
-}

@@ -31,11 +31,10 @@ void CheckValue(std::string_view bytes) {
   Expect(FromIni(ToIni(data)) == data, "any value is parsed as it was printed");
 }
 
+const FuzzTarget kTarget("ini", [](std::string_view bytes) {
+  CheckText(bytes);
+  CheckValue(bytes);
+});
+
 }  // namespace
 }  // namespace brenwick
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  brenwick::CheckText(brenwick::BytesOf(data, size));
-  brenwick::CheckValue(brenwick::BytesOf(data, size));
-  return 0;
-}

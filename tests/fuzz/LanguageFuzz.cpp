@@ -4,7 +4,7 @@
 #include "base/CodePage.h"
 #include "base/Lines.h"
 #include "base/Text.h"
-#include "fuzz/Fuzz.h"
+#include "fuzz/FuzzWorld.h"
 #include "language/Coding.h"
 #include "language/Languages.h"
 
@@ -131,14 +131,12 @@ void CheckPlain(std::string_view source) {
   }
 }
 
+const FuzzTarget kTarget("language", [](std::string_view bytes) {
+  if (LinesOf(bytes) > kMostTexts) return;
+  CheckFile(bytes);
+  CheckSource(bytes);
+  CheckPlain(bytes);
+});
+
 }  // namespace
 }  // namespace brenwick
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const std::string_view bytes = brenwick::BytesOf(data, size);
-  if (brenwick::LinesOf(bytes) > brenwick::kMostTexts) return 0;
-  brenwick::CheckFile(bytes);
-  brenwick::CheckSource(bytes);
-  brenwick::CheckPlain(bytes);
-  return 0;
-}

@@ -2,6 +2,7 @@
 #include <cmath>
 #include <cstring>
 
+#include "base/Failure.h"
 #include "base/Numbers.h"
 #include "fuzz/Fuzz.h"
 
@@ -74,15 +75,14 @@ void CheckText(std::string_view text) {
   }
 }
 
+const FuzzTarget kTarget("numbers", [](std::string_view bytes) {
+  CheckText(bytes);
+  double number = 0;
+  if (bytes.size() >= sizeof number) {
+    std::memcpy(&number, bytes.data(), sizeof number);
+    CheckRounding(number);
+  }
+});
+
 }  // namespace
 }  // namespace brenwick
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  brenwick::CheckText(brenwick::BytesOf(data, size));
-  double number = 0;
-  if (size >= sizeof number) {
-    std::memcpy(&number, data, sizeof number);
-    brenwick::CheckRounding(number);
-  }
-  return 0;
-}

@@ -7,7 +7,7 @@
 #include "base/Lines.h"
 #include "base/Text.h"
 #include "files/IniData.h"
-#include "fuzz/Fuzz.h"
+#include "fuzz/FuzzWorld.h"
 #include "language/Coding.h"
 #include "rehearsal/ReadableTranscript.h"
 #include "rehearsal/Rehearsal.h"
@@ -120,10 +120,7 @@ void PlayScript(std::string_view script) {
   Expect(world.IsReadable(), "the transcript is valid UTF-8");
 }
 
+const FuzzTarget kTarget("rehearsal", PlayScript);
+
 }  // namespace
 }  // namespace brenwick
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  brenwick::PlayScript(brenwick::BytesOf(data, size));
-  return 0;
-}

@@ -1,6 +1,4 @@
 // A settings file of any bytes: a store that starts on it never loses it.
-#include <stdlib.h>
-
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -9,7 +7,8 @@
 #include "base/Text.h"
 #include "files/IniFormat.h"
 #include "files/IniStore.h"
-#include "fuzz/Fuzz.h"
+#include "fuzz/FuzzWorld.h"
+#include "fuzz/TemporaryFolder.h"
 
 namespace brenwick {
 namespace {
@@ -23,29 +22,6 @@ constexpr const char* kDamage = "[";
 class UnflushedCalls : public FileCalls {
  public:
   int Fsync(int) override { return 0; }
-};
-
-// A folder of this process, gone with it.
-class Folder {
- public:
-  Folder() {
-    const bool memory = fs::is_directory("/dev/shm");
-    path_ = (memory ? fs::path("/dev/shm") : fs::temp_directory_path()) / "brenwick-fuzzXXXXXX";
-    Expect(::mkdtemp(path_.data()) != nullptr, "there is a temporary folder");
-  }
-  Folder(const Folder&) = delete;
-  Folder& operator=(const Folder&) = delete;
-  ~Folder() { fs::remove_all(path_); }
-
-  void Empty() const {
-    for (const fs::directory_entry& entry : fs::directory_iterator(path_)) fs::remove(entry.path());
-  }
-  std::string File() const { return path_ + "/store.ini"; }
-  std::string Backup() const { return File() + ".bak"; }
-  std::string Aside() const { return File() + ".damaged-2003-03-15"; }
-
- private:
-  std::string path_;
 };
 
 std::optional<std::string> Content(const std::string& path) {
@@ -68,10 +44,14 @@ class Checker {
   }
 
  private:
+  std::string File() const { return folder_.Path() + "/store.ini"; }
+  std::string Backup() const { return File() + ".bak"; }
+  std::string Aside() const { return File() + ".damaged-2003-03-15"; }
+
   IniStore Start() {
     told_ = 0;
     return IniStore(
-        folder_.File(), clock_, [this](const std::string&) { ++told_; }, calls_);
+        File(), clock_, [this](const std::string&) { ++told_; }, calls_);
   }
   static void Write(IniStore& store) {
     Expect(store.WriteValue(kKey, "Written", {ValueKind::Text, "by the target", 0}),
@@ -80,30 +60,29 @@ class Checker {
 
   void CheckFile(std::string_view bytes, const std::optional<IniData>& data) {
     folder_.Empty();
-    SetContent(folder_.File(), bytes);
+    SetContent(File(), bytes);
     IniStore store = Start();
     Expect(told_ == (data ? 0 : 1), "the user is told of a damaged file, once");
-    const std::string kept = data ? folder_.File() : folder_.Aside();
+    const std::string kept = data ? File() : Aside();
     Expect(Content(kept) == bytes, "a start loses nothing of the file");
     Write(store);
-    const std::string behind = data ? folder_.Backup() : folder_.Aside();
-    const bool same = data && data->Find(kKey, "Written") && Content(folder_.File()) == bytes;
+    const std::string behind = data ? Backup() : Aside();
+    const bool same = data && data->Find(kKey, "Written") && Content(File()) == bytes;
     Expect(same || Content(behind) == bytes, "a change loses nothing of the file before it");
     IniData expected = data.value_or(IniData());
     expected.Write(kKey, "Written", {ValueKind::Text, "by the target", 0});
-    Expect(FromIni(Content(folder_.File()).value_or(kDamage)) == expected,
-           "a change adds itself only");
+    Expect(FromIni(Content(File()).value_or(kDamage)) == expected, "a change adds itself only");
   }
 
   // The bytes as the backup of a damaged file.
   void CheckBackup(std::string_view bytes, const std::optional<IniData>& data) {
     folder_.Empty();
-    SetContent(folder_.File(), kDamage);
-    SetContent(folder_.Backup(), bytes);
+    SetContent(File(), kDamage);
+    SetContent(Backup(), bytes);
     IniStore store = Start();
     Expect(told_ == 1, "the user is told of the damage");
-    Expect(Content(folder_.Aside()) == kDamage, "the damaged file is kept");
-    Expect(FromIni(Content(folder_.File()).value_or(kDamage)) == data.value_or(IniData()),
+    Expect(Content(Aside()) == kDamage, "the damaged file is kept");
+    Expect(FromIni(Content(File()).value_or(kDamage)) == data.value_or(IniData()),
            "the backup takes the place of a damaged file, if it is whole");
   }
 
@@ -128,17 +107,16 @@ class Checker {
            "a name is kept as it was first written");
   }
 
-  Folder folder_;
+  const TemporaryFolder folder_;
   FakeClock clock_;
   UnflushedCalls calls_;
   int told_ = 0;
 };
 
+const FuzzTarget kTarget("store", [](std::string_view bytes) {
+  static Checker checker;
+  checker.Check(bytes);
+});
+
 }  // namespace
 }  // namespace brenwick
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  static brenwick::Checker checker;
-  checker.Check(brenwick::BytesOf(data, size));
-  return 0;
-}

@@ -25,10 +25,7 @@ void Check(std::string_view text) {
   Expect(!(version < version) && version <= version, "a version is not newer than itself");
 }
 
+const FuzzTarget kTarget("version", Check);
+
 }  // namespace
 }  // namespace brenwick
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  brenwick::Check(brenwick::BytesOf(data, size));
-  return 0;
-}
