@@ -13,7 +13,7 @@ gi.require_version("Gio", "2.0")
 from gi.repository import Gio, GLib  # noqa: E402
 
 # The tests of the desktop program have such an area, too.
-sys.path.insert(0, str(pathlib.Path(__file__).parents[2] / "tests" / "desktop"))
+sys.path.insert(0, str(pathlib.Path(__file__).parents[2] / "tests" / "program"))
 from notification_area import NAME, NotificationArea  # noqa: E402
 
 # Seconds until something that must come is given up.

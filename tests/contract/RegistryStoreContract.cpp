@@ -7,8 +7,8 @@
 #include <utility>
 #include <vector>
 
-#include "contract/TestClock.h"
 #include "files/IniStore.h"
+#include "support/TestClock.h"
 
 namespace brenwick {
 namespace {

@@ -8,8 +8,8 @@
 #include <memory>
 #include <string>
 
-#include "contract/TemporaryFolder.h"
 #include "platform/RegistryStore.h"
+#include "support/TemporaryFolder.h"
 
 namespace brenwick {
 

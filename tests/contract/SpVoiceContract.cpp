@@ -5,19 +5,19 @@
 #include <vector>
 
 #include "base/Failure.h"
-#include "contract/DispatchedVoice.h"
-#include "contract/SpeakingToFile.h"
 #include "linux/engine/EngineProcess.h"
 #include "rehearsal/ScriptedVoice.h"
+#include "support/SpeakingToFile.h"
+#include "support/SpeechdVoice.h"
 
 namespace brenwick {
 namespace {
 
 // Its server is there for all voices of a test.
-std::unique_ptr<SpVoice> MakeDispatched() {
-  static const PrivateDispatcher server;
+std::unique_ptr<SpVoice> MakeSpeechd() {
+  static const PrivateSpeechd server;
   server.AskForVoices();
-  return std::make_unique<DispatchedVoice>(server);
+  return std::make_unique<SpeechdVoice>(server);
 }
 
 std::vector<SpVoiceImplementation> Implementations() {
@@ -28,7 +28,7 @@ std::vector<SpVoiceImplementation> Implementations() {
          return std::make_unique<SpeakingToFile>(
              [] { return std::make_unique<EngineProcess>(BRENWICK_VOICE, nullptr); });
        }},
-      {"Dispatched", [] { return MakeDispatched(); }},
+      {"Speechd", [] { return MakeSpeechd(); }},
       {"Scripted", [] { return std::make_unique<ScriptedVoice>(); }},
   };
 }

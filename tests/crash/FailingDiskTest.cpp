@@ -6,8 +6,8 @@
 #include <filesystem>
 #include <tuple>
 
-#include "contract/FailingFileCalls.h"
 #include "crash/WholeProgram.h"
+#include "support/FailingFileCalls.h"
 
 namespace brenwick {
 namespace {

@@ -9,8 +9,8 @@
 #include <thread>
 #include <utility>
 
-#include "contract/FailingFileCalls.h"
 #include "crash/WholeProgram.h"
+#include "support/FailingFileCalls.h"
 
 namespace brenwick {
 namespace {

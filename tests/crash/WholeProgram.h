@@ -10,7 +10,6 @@
 #include <string_view>
 #include <vector>
 
-#include "contract/TemporaryFolder.h"
 #include "files/FileCalls.h"
 #include "files/IniData.h"
 #include "files/IniFormat.h"
@@ -18,6 +17,7 @@
 #include "files/PosixFolders.h"
 #include "rehearsal/Rehearsal.h"
 #include "settings/SettingsKeys.h"
+#include "support/TemporaryFolder.h"
 
 namespace brenwick {
 

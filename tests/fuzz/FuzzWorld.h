@@ -3,7 +3,7 @@
 
 #include "base/Failure.h"
 #include "fuzz/Fuzz.h"
-#include "unit/Fakes.h"
+#include "support/Fakes.h"
 
 namespace brenwick {
 

@@ -14,7 +14,7 @@
 #include "sources/MailApplications.h"
 #include "sources/MailService.h"
 #include "sources/NotificationRules.h"
-#include "unit/MapStore.h"
+#include "support/MapStore.h"
 
 namespace brenwick {
 namespace {

@@ -1,0 +1,309 @@
+// The engine in its own process says what the engine says, whatever happens to the process.
+#include "linux/engine/EngineProcess.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <random>
+#include <thread>
+
+#include "base/Failure.h"
+#include "espeak/EspeakEngine.h"
+#include "support/PrivateSpeechd.h"
+
+namespace brenwick {
+namespace {
+
+using Samples = std::vector<std::int16_t>;
+
+const std::vector<std::string> kTexts = {
+    "Anna says hello there.",
+    "The boat leaves at seven tomorrow morning, and nobody has packed anything yet.",
+    "Zwölf Boxkämpfer jagen Viktor quer über den großen Sylter Deich.",
+    "1234567890, 3.14159, 2026-11-22; what else?",
+};
+
+void UseNormal(SpeechEngine& engine) { engine.Use("gmw/en+f2", 0, 100); }
+
+Samples Said(SpeechEngine& engine, const std::string& text) {
+  Samples all;
+  engine.Say(text, [&](std::span<const std::int16_t> samples) {
+    all.insert(all.end(), samples.begin(), samples.end());
+    return true;
+  });
+  return all;
+}
+
+// A test that waits for its end has failed.
+constexpr std::chrono::hours kEndlessPatience{1};
+
+// For processes that will hang, however long they have. The others answer at once, and where a
+// busy machine makes one late, it is only started once more.
+constexpr std::chrono::milliseconds kShortPatience{1000};
+
+class EngineProcessTest : public testing::Test {
+ protected:
+  EngineProcess Make(const char* program = BRENWICK_VOICE,
+                     std::chrono::milliseconds patience = EngineProcess::kPatience) {
+    return {program, [this](const std::string& message) { told.push_back(message); }, patience};
+  }
+
+  void ExpectLeftOut(const std::string& text, std::chrono::milliseconds patience) {
+    EngineProcess engine = Make(BRENWICK_BAD_VOICE, patience);
+    EXPECT_EQ(Said(engine, text), Samples{});
+    ASSERT_EQ(told.size(), 1U);
+    EXPECT_EQ(told[0].find(text), std::string::npos) << "a message is nobody else's business";
+    EXPECT_EQ(Said(engine, "fine"), (Samples{1, 2, 3}));
+    EXPECT_EQ(told.size(), 1U);
+  }
+
+  // What a new process says that nothing happens to. An older one would say it a little otherwise:
+  // the engine's voices tremble, on purpose and never twice in the same way.
+  Samples Expected(const std::string& text) {
+    EngineProcess engine = Make();
+    UseNormal(engine);
+    return Said(engine, text);
+  }
+
+  std::vector<std::string> told;
+};
+
+TEST_F(EngineProcessTest, SaysWhatTheEngineSays) {
+  std::vector<Samples> expected;
+  EspeakEngine inside;
+  UseNormal(inside);
+  for (const std::string& text : kTexts) expected.push_back(Said(inside, text));
+  EngineProcess outside = Make();
+  UseNormal(outside);
+  EXPECT_EQ(outside.SampleRate(), inside.SampleRate());
+  for (std::size_t i = 0; i < kTexts.size(); ++i) {
+    EXPECT_GT(expected[i].size(), 10'000U);
+    EXPECT_EQ(Said(outside, kTexts[i]), expected[i]) << kTexts[i];
+  }
+}
+
+TEST_F(EngineProcessTest, ListsTheVoicesOfTheEngine) {
+  EspeakEngine inside;
+  EngineProcess outside = Make();
+  const auto expected = inside.Voices("de_DE.UTF-8");
+  const auto voices = outside.Voices("de_DE.UTF-8");
+  ASSERT_EQ(voices.size(), expected.size());
+  for (std::size_t i = 0; i < voices.size(); ++i) {
+    EXPECT_EQ(voices[i].identifier, expected[i].identifier);
+    EXPECT_EQ(voices[i].description, expected[i].description);
+    EXPECT_EQ(voices[i].female, expected[i].female);
+  }
+}
+
+// The same speech, but for its trembling.
+void ExpectAlike(const Samples& samples, const Samples& expected) {
+  const double ratio = static_cast<double>(samples.size()) / static_cast<double>(expected.size());
+  EXPECT_NEAR(ratio, 1, 0.02);
+}
+
+TEST_F(EngineProcessTest, GoesOnAtTheMissingSampleWhenItsProcessIsKilled) {
+  std::minstd_rand random(7);
+  int killed = 0;
+  for (int round = 0; round < 10; ++round) {
+    for (const std::string& text : kTexts) {
+      EngineProcess engine = Make();
+      UseNormal(engine);
+      Samples all;
+      // Once in a text: a text at which the engine always fails is another matter.
+      bool to_kill = true;
+      engine.Say(text, [&](std::span<const std::int16_t> samples) {
+        all.insert(all.end(), samples.begin(), samples.end());
+        if (to_kill && random() % 10 == 0) {
+          to_kill = false;
+          killed += kill(engine.ProcessId(), SIGKILL) == 0 ? 1 : 0;
+        }
+        return true;
+      });
+      EXPECT_EQ(all, Expected(text)) << text;
+    }
+  }
+  EXPECT_GT(killed, 10);
+  EXPECT_EQ(told, std::vector<std::string>{});
+}
+
+TEST_F(EngineProcessTest, GoesOnWhenItsProcessIsStopped) {
+  EngineProcess engine = Make();
+  UseNormal(engine);
+  Samples all;
+  bool stopped = false;
+  engine.Say(kTexts[1], [&](std::span<const std::int16_t> samples) {
+    all.insert(all.end(), samples.begin(), samples.end());
+    if (!stopped) stopped = kill(engine.ProcessId(), SIGSTOP) == 0;
+    return true;
+  });
+  EXPECT_TRUE(stopped);
+  EXPECT_EQ(all, Expected(kTexts[1]));
+}
+
+TEST_F(EngineProcessTest, GoesOnHoweverOftenItsProcessIsKilledWhileItGetsFurther) {
+  EngineProcess engine = Make();
+  UseNormal(engine);
+  Samples all;
+  int killed = 0;
+  engine.Say(kTexts[1], [&](std::span<const std::int16_t> samples) {
+    all.insert(all.end(), samples.begin(), samples.end());
+    if (!samples.empty() && kill(engine.ProcessId(), SIGKILL) == 0) ++killed;
+    return true;
+  });
+  EXPECT_EQ(all, Expected(kTexts[1]));
+  EXPECT_GT(killed, 3);
+  EXPECT_EQ(told, std::vector<std::string>{});
+}
+
+TEST_F(EngineProcessTest, LeavesNoZombieWhenItsProcessDiesBetweenTexts) {
+  EngineProcess engine = Make();
+  UseNormal(engine);
+  const pid_t first = engine.ProcessId();
+  ASSERT_EQ(kill(first, SIGKILL), 0);
+  while (kill(first, 0) == 0) std::this_thread::yield();
+  EXPECT_EQ(Said(engine, kTexts[0]), Expected(kTexts[0]));
+  EXPECT_NE(engine.ProcessId(), first);
+  EXPECT_EQ(told, std::vector<std::string>{});
+}
+
+// A sound device would stay taken for as long as the process lives.
+TEST_F(EngineProcessTest, HandsNothingOnThatIsOpen) {
+  const int open_here = open("/dev/null", O_RDONLY);  // as a library does, without O_CLOEXEC
+  ASSERT_GE(open_here, 0);
+  const EngineProcess engine = Make();
+  std::vector<std::string> open_there;
+  const std::string folder = "/proc/" + std::to_string(engine.ProcessId()) + "/fd";
+  for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+    open_there.push_back(entry.path().filename());
+  }
+  std::sort(open_there.begin(), open_there.end());
+  EXPECT_EQ(open_there, (std::vector<std::string>{"0", "1", "2"}));
+  close(open_here);
+}
+
+TEST_F(EngineProcessTest, TakesTheNextTextAfterOneThatWasCutShort) {
+  const Samples expected = Expected(kTexts[0]);
+  EngineProcess engine = Make();
+  UseNormal(engine);
+  const pid_t first = engine.ProcessId();
+  std::string endless;
+  for (int i = 0; i < 2'000; ++i) endless += "and so on ";
+  for (int i = 0; i < 5; ++i) {
+    engine.Say(endless, [](std::span<const std::int16_t> samples) { return samples.empty(); });
+    ExpectAlike(Said(engine, kTexts[0]), expected);
+  }
+  EXPECT_EQ(engine.ProcessId(), first);
+}
+
+// The patience shows that it waits for nothing but the listener.
+TEST_F(EngineProcessTest, IsCutShortWhileItsProcessSaysNothing) {
+  EngineProcess engine = Make(BRENWICK_VOICE, kEndlessPatience);
+  UseNormal(engine);
+  ASSERT_EQ(kill(engine.ProcessId(), SIGSTOP), 0);
+  // The second time it waits for the end of the first.
+  for (int i = 0; i < 2; ++i) {
+    int asked = 0;
+    engine.Say(kTexts[1], [&](std::span<const std::int16_t> samples) {
+      EXPECT_TRUE(samples.empty());
+      return ++asked < 3;
+    });
+    EXPECT_EQ(asked, 3);
+  }
+  ASSERT_EQ(kill(engine.ProcessId(), SIGCONT), 0);
+  ExpectAlike(Said(engine, kTexts[0]), Expected(kTexts[0]));
+  EXPECT_EQ(told, std::vector<std::string>{});
+}
+
+TEST_F(EngineProcessTest, IsCutShortInTheMiddleOfABlock) {
+  EngineProcess engine = Make(BRENWICK_BAD_VOICE, kEndlessPatience);
+  int asked = 0;
+  engine.Say("this will stall", [&](std::span<const std::int16_t>) { return ++asked < 3; });
+  EXPECT_EQ(asked, 3);
+}
+
+TEST_F(EngineProcessTest, LeavesOutATextAtWhichTheEngineDies) {
+  ExpectLeftOut("this will die", kEndlessPatience);
+}
+
+TEST_F(EngineProcessTest, LeavesOutATextAtWhichTheEngineHangs) {
+  ExpectLeftOut("this will hang", kShortPatience);
+}
+
+TEST_F(EngineProcessTest, LeavesOutATextAtWhichTheEngineStopsInTheMiddleOfABlock) {
+  ExpectLeftOut("this will stall", kShortPatience);
+}
+
+TEST_F(EngineProcessTest, LeavesOutATextAtWhichTheEngineSaysWhatIsNoMessage) {
+  ExpectLeftOut("this will babble", kEndlessPatience);
+}
+
+TEST_F(EngineProcessTest, LeavesOutATextAtWhichTheEngineSaysWhatIsNoAnswer) {
+  ExpectLeftOut("this will mumble", kEndlessPatience);
+}
+
+// It would otherwise be at it until the next text.
+TEST_F(EngineProcessTest, EndsAProcessThatHangsAtItsRest) {
+  EngineProcess engine = Make(BRENWICK_BAD_VOICE, kShortPatience);
+  const pid_t process = engine.ProcessId();
+  engine.Say("this will hang", [](std::span<const std::int16_t>) { return false; });
+  EXPECT_EQ(kill(process, 0), 0);
+  EXPECT_TRUE(Await([&] {
+    engine.Rest();
+    return kill(process, 0) != 0;
+  }));
+  EXPECT_EQ(engine.ProcessId(), 0);
+  EXPECT_EQ(Said(engine, "fine"), (Samples{1, 2, 3}));
+  EXPECT_EQ(told, std::vector<std::string>{});
+}
+
+TEST_F(EngineProcessTest, KeepsAProcessThatIsNotLateAtItsRest) {
+  EngineProcess engine = Make(BRENWICK_BAD_VOICE, kEndlessPatience);
+  const pid_t process = engine.ProcessId();
+  engine.Rest();
+  EXPECT_EQ(engine.ProcessId(), process);
+  engine.Say("this will hang", [](std::span<const std::int16_t>) { return false; });
+  engine.Rest();
+  EXPECT_EQ(engine.ProcessId(), process);
+  EXPECT_EQ(kill(process, 0), 0);
+}
+
+void ExpectCannotStart(const char* program, const std::string& reason) {
+  try {
+    const EngineProcess engine(program, {});
+    ADD_FAILURE() << "it started";
+  } catch (const Failure& failure) {
+    EXPECT_EQ(failure.Number(), kFileNotFound);
+    EXPECT_NE(failure.Description().find(reason), std::string::npos) << failure.Description();
+  }
+}
+
+TEST_F(EngineProcessTest, TellsWhyItCannotStart) {
+  ExpectCannotStart("/no/such/brenwick-voice", "/no/such/brenwick-voice does not start: No such");
+  ASSERT_EQ(setenv("BRENWICK_BAD_VOICE", "fail", 1), 0);
+  ExpectCannotStart(BRENWICK_BAD_VOICE, "no data");
+  ASSERT_EQ(setenv("BRENWICK_BAD_VOICE", "die", 1), 0);
+  ExpectCannotStart(BRENWICK_BAD_VOICE, "does not start");
+  for (const char* rate : {"rate ", "rate many", "rate 0", "rate -8000", "rate 99999999999"}) {
+    ASSERT_EQ(setenv("BRENWICK_BAD_VOICE", rate, 1), 0);
+    ExpectCannotStart(BRENWICK_BAD_VOICE, "has no sample rate");
+  }
+  ASSERT_EQ(unsetenv("BRENWICK_BAD_VOICE"), 0);
+}
+
+TEST_F(EngineProcessTest, LeavesNoProcessBehind) {
+  pid_t process = 0;
+  {
+    const EngineProcess engine = Make();
+    process = engine.ProcessId();
+    EXPECT_EQ(kill(process, 0), 0);
+  }
+  EXPECT_NE(kill(process, 0), 0);
+}
+
+}  // namespace
+}  // namespace brenwick

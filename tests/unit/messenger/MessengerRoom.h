@@ -1,0 +1,44 @@
+// What handles the messenger's events, over the fakes.
+#pragma once
+
+#include <string>
+
+#include "messenger/MessengerEvents.h"
+#include "support/Fakes.h"
+
+namespace brenwick {
+
+// The user is signed in, debugging is on, and text 93 reads "text 93".
+struct MessengerRoom {
+  MessengerRoom() {
+    texts.Replace(NumberedTexts());
+    world.state.Debug = true;
+    world.state.MessengerOnline = true;
+  }
+
+  // The one box that the report of such a failure shows.
+  static std::string Report(const std::string& failure, const std::string& procedure) {
+    return failure + "\r\n\r\nModule: frmMain\r\nProcedure: " + procedure + "\r\n\r\n";
+  }
+
+  FakeWorld world;
+  FakeVoice voice;
+  frmMain form;
+  TextTable texts{world.log};
+  ContactList contacts{world.log, form, texts};
+  TextCleanUp clean_up{world.log};
+  Abbreviations abbreviations{world.log, texts, world.status, world.data, world.folders};
+  SpokenHistory history{world.log, form};
+  Speech speech{world.log, world.state,  form,  texts,       clean_up,
+                history,   world.status, voice, world.screen};
+  SpokenName name{form, contacts, clean_up};
+  MessageJournal journal{form, texts};
+  IncomingText incoming{world.log, form,          texts,  contacts, name,
+                        clean_up,  abbreviations, speech, journal};
+  ContactStates states{world.log, world.state, form, texts, contacts, name, abbreviations, speech};
+  Invitations invitations{world.log,     form,   texts,        contacts,    name,
+                          abbreviations, speech, world.status, world.screen};
+  MessengerEvents events{world.log, incoming, states, invitations};
+};
+
+}  // namespace brenwick

@@ -1,0 +1,209 @@
+// The window's views: each shows what its control holds, and the user's hand reaches the control.
+#include <gtest/gtest.h>
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTest>
+#include <QTreeView>
+#include <string>
+
+#include "base/Failure.h"
+#include "unit/qt/views/WindowFixture.h"
+
+namespace brenwick {
+namespace {
+
+using ViewsTest = WindowFixture;
+
+TEST_F(ViewsTest, EveryControlOfAPageHasAView) {
+  for (const Control* control : form.Controls()) {
+    const bool page = control->Name() == "fraPage";
+    if (control->Page() == kNoPage || page) continue;
+    std::string view = control->Name();
+    if (control->Index() >= 0) view += std::to_string(control->Index());
+    EXPECT_NE(window.findChild<QWidget*>(view.c_str()), nullptr) << view;
+  }
+}
+
+TEST_F(ViewsTest, ACheckBoxFollowsAndIsClicked) {
+  auto& view = Find<QCheckBox>("chkMute");
+  form.chkMute.SetTicked(true);
+  EXPECT_TRUE(view.isChecked());
+  int clicks = 0;
+  form.chkMute.Click = [&] { ++clicks; };
+  view.click();
+  EXPECT_FALSE(form.chkMute.Ticked());
+  EXPECT_EQ(clicks, 1);
+  form.chkMute.SetEnabled(false);
+  EXPECT_FALSE(view.isEnabled());
+}
+
+TEST_F(ViewsTest, AnOptionTellsTheMouseFromTheKeyboard) {
+  int releases = 0;
+  form.optGenderSortName.MouseUp = [&] { ++releases; };
+  ShowPage(kGenderPage);
+  auto& view = Find<QRadioButton>("optGenderSortName");
+  view.click();
+  EXPECT_TRUE(form.optGenderSortName.Chosen());
+  EXPECT_FALSE(Find<QRadioButton>("optGenderSortContact").isChecked());
+  EXPECT_EQ(releases, 0);
+  QTest::mouseClick(&view, Qt::LeftButton, {}, {8, view.height() / 2});
+  EXPECT_EQ(releases, 1);
+}
+
+TEST_F(ViewsTest, ATextBoxTakesWhatIsTypedAndTellsWhenItIsLeft) {
+  int left = 0;
+  form.txtOnline.LostFocus = [&] { ++left; };
+  ShowPage(kTextPage);
+  window.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  auto& view = Find<QLineEdit>("txtOnline");
+  view.setFocus();
+  view.selectAll();
+  QTest::keyClicks(&view, "ist da");
+  EXPECT_EQ(form.txtOnline.Text(), "ist da");
+  Find<QLineEdit>("txtAway").setFocus();
+  EXPECT_EQ(left, 1);
+  form.txtOnline.SetText("is here");
+  EXPECT_EQ(view.text(), "is here");
+  form.txtOnline.SetLocked(true);
+  EXPECT_TRUE(view.isReadOnly());
+}
+
+TEST_F(ViewsTest, AComboBoxIsTypedIntoKeyByKey) {
+  std::string keys;
+  form.cmbLanguage.AddItem("Deutsch");
+  form.cmbLanguage.AddItem("English");
+  form.cmbLanguage.KeyPress = [&](int character) { keys += static_cast<char>(character); };
+  auto& view = Find<QComboBox>("cmbLanguage");
+  EXPECT_EQ(view.count(), 2);
+  view.setFocus();
+  QTest::keyClicks(&view, "Eng");
+  QTest::keyClick(&view, Qt::Key_Backspace);
+  EXPECT_EQ(keys, "Eng\b");
+  EXPECT_EQ(form.cmbLanguage.Text(), "En");
+  EXPECT_EQ(view.currentText(), "En");
+  form.cmbLanguage.SetListIndex(1);
+  EXPECT_EQ(view.currentIndex(), 1);
+  EXPECT_EQ(view.currentText(), "English");
+}
+
+TEST_F(ViewsTest, ALabelShowsItsWordsAgainAfterATextOfSeveralLines) {
+  auto& label = Find<QLabel>("lblWebSite");
+  form.lblWebSite.SetCaption("News");
+  form.lblWebSite.SetCaption("News\r\nand help");
+  EXPECT_TRUE(label.text().contains("<p")) << label.text().toStdString();
+  form.lblWebSite.SetCaption("News");
+  EXPECT_EQ(label.text().remove('&'), "News");
+}
+
+TEST_F(ViewsTest, AListShowsItsCellsAndFollowsTheSelection) {
+  form.lstGender.AddItem("Bob\tM\t\t(bob@x)\t");
+  form.lstGender.AddItem("Ann\tF\t\t(ann@x)\t");
+  auto& view = Find<QTreeView>("lstGender");
+  ASSERT_EQ(view.model()->rowCount(), 2);
+  EXPECT_EQ(view.model()->index(0, 0).data().toString(), "Ann");
+  EXPECT_EQ(view.model()->index(1, 3).data().toString(), "(bob@x)");
+  form.lstGender.SetListIndex(1);
+  QApplication::processEvents();
+  EXPECT_EQ(view.currentIndex().row(), 1);
+  form.lstGender.SetListIndex(0);
+  EXPECT_EQ(view.currentIndex().row(), 0);
+  view.setCurrentIndex(view.model()->index(1, 0));
+  EXPECT_EQ(form.lstGender.ListIndex(), 1);
+  std::string typed;
+  form.lstGender.KeyPress = [&](int character) { typed += static_cast<char>(character); };
+  QTest::keyClick(&view, Qt::Key_Space);
+  EXPECT_EQ(typed, " ");
+}
+
+TEST_F(ViewsTest, NoNeighbourIsChosenForALineThatGoes) {
+  form.lstGender.AddItem("Ann");
+  form.lstGender.AddItem("Bob");
+  form.lstGender.SetListIndex(0);
+  QApplication::processEvents();
+  form.lstGender.RemoveItem(0);
+  QApplication::processEvents();
+  EXPECT_EQ(form.lstGender.ListIndex(), -1);
+  EXPECT_FALSE(Find<QTreeView>("lstGender").currentIndex().isValid());
+}
+
+TEST_F(ViewsTest, ThePageListHasAnIconForEachPageAndSelects) {
+  for (std::size_t i = 0; i < kPageTitles.size(); ++i) form.lstMenu.AddItem("page");
+  int selected = -1;
+  form.lstMenu.Click = [&] { selected = form.lstMenu.ListIndex(); };
+  auto& view = Find<QListWidget>("lstMenu");
+  ASSERT_EQ(view.count(), static_cast<int>(kPageTitles.size()));
+  for (int i = 0; i < view.count(); ++i) EXPECT_FALSE(view.item(i)->icon().pixmap(22).isNull());
+  view.setCurrentRow(3);
+  EXPECT_EQ(selected, 3);
+  form.lstMenu.SetListIndex(5);
+  EXPECT_EQ(view.currentRow(), 5);
+}
+
+TEST_F(ViewsTest, ALabelNamesItsBoxForThoseWhoCannotSeeIt) {
+  form.lblOnline.SetCaption("Da :");
+  EXPECT_EQ(Find<QLineEdit>("txtOnline").accessibleName(), "Da :");
+  EXPECT_EQ(Find<QLabel>("lblOnline").buddy(), &Find<QLineEdit>("txtOnline"));
+}
+
+TEST_F(ViewsTest, EveryCaptionOfAPageHasALetterOfItsOwn) {
+  QSet<QChar> letters;
+  for (const QCheckBox* box : Find<QWidget>("page1").findChildren<QCheckBox*>()) {
+    const qsizetype mark = box->text().indexOf('&');
+    ASSERT_GE(mark, 0) << box->text().toStdString();
+    const QChar letter = box->text().at(mark + 1).toLower();
+    EXPECT_FALSE(letters.contains(letter)) << box->text().toStdString();
+    letters.insert(letter);
+  }
+  EXPECT_EQ(letters.size(), 9);
+}
+
+TEST_F(ViewsTest, ClosingAsksTheProgram) {
+  int asked = 0;
+  form.CloseWanted = [&] { ++asked; };
+  window.close();
+  EXPECT_EQ(asked, 1);
+  EXPECT_TRUE(window.isVisible());
+}
+
+TEST_F(ViewsTest, AMinimizedWindowHidesWhereThereIsATray) {
+  form.SetState(WindowState::Minimized);
+  form.Hide();
+  EXPECT_FALSE(window.isVisible());
+  form.SetState(WindowState::Normal);
+  form.Show();
+  EXPECT_TRUE(window.isVisible());
+}
+
+TEST_F(ViewsTest, AMinimizedWindowStaysInTheTaskBarWhereThereIsNone) {
+  window.HasTray = [] { return false; };
+  form.SetState(WindowState::Minimized);
+  form.Hide();
+  EXPECT_TRUE(window.isVisible());
+  EXPECT_TRUE(window.isMinimized());
+  window.HasTray = [] { return true; };
+  window.TrayChanged();
+  EXPECT_FALSE(window.isVisible());
+}
+
+TEST_F(ViewsTest, NothingReachesAProgramThatHasEnded) {
+  int clicks = 0;
+  form.cmdOK.Click = [&] {
+    ++clicks;
+    throw ProgramEnd{};
+  };
+  auto& view = Find<QPushButton>("cmdOK");
+  view.click();
+  view.click();
+  EXPECT_EQ(clicks, 1);
+  EXPECT_THROW(end.GoOn(), ProgramEnd);
+}
+
+}  // namespace
+}  // namespace brenwick
