@@ -1,6 +1,7 @@
 #include "controls/Control.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace brenwick {
 
@@ -16,6 +17,11 @@ Control::Control(Place place, std::string name, int index)
   window_.controls_.push_back(this);
 }
 
-Control::~Control() { std::erase(window_.controls_, this); }
+// Controls go in the opposite order in which they came.
+Control::~Control() {
+  std::vector<Control*>& controls = window_.controls_;
+  const auto found = std::find(controls.rbegin(), controls.rend(), this);
+  controls.erase(std::prev(found.base()));
+}
 
 }  // namespace brenwick

@@ -1,6 +1,8 @@
 #include "controls/ListBox.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <numeric>
 
 #include "base/Failure.h"
 #include "base/Text.h"
@@ -32,8 +34,13 @@ void ListBox::AddItem(std::string line) {
   if (order_ == Order::Sorted) {
     place = std::upper_bound(items_.begin(), items_.end(), line, LessIgnoringCase);
   }
-  new_index_ = static_cast<int>(place - items_.begin());
-  items_.insert(place, std::move(line));
+  InsertItem(static_cast<int>(place - items_.begin()), std::move(line));
+}
+
+void ListBox::InsertItem(int position, std::string line) {
+  if (position < 0 || position > ListCount()) throw Failure(kInvalidCall);
+  new_index_ = position;
+  items_.insert(items_.begin() + position, std::move(line));
   if (list_index_ >= new_index_) ++list_index_;
   LineAdded(new_index_);
   Changed();
@@ -49,6 +56,34 @@ void ListBox::RemoveItem(int position) {
   }
   LineRemoved(position);
   Changed();
+}
+
+// Lines that count as equal stay in the order in which they come.
+std::vector<int> ListBox::Refill(std::vector<std::string> lines) {
+  std::vector<std::size_t> order(lines.size());
+  std::iota(order.begin(), order.end(), std::size_t{0});
+  if (order_ == Order::Sorted) {
+    std::stable_sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) {
+      return LessIgnoringCase(lines[a], lines[b]);
+    });
+  }
+  std::vector<int> places(lines.size());
+  items_.clear();
+  items_.reserve(lines.size());
+  for (const std::size_t line : order) {
+    places[line] = ListCount();
+    items_.push_back(std::move(lines[line]));
+  }
+  list_index_ = -1;
+  new_index_ = places.empty() ? -1 : places.back();
+  LinesCleared();
+  Changed();
+  return places;
+}
+
+void ListBox::SetRefilled(int newIndex) {
+  new_index_ = newIndex;
+  Update(list_index_, -1);
 }
 
 void ListBox::SetListIndex(int position) {

@@ -29,10 +29,20 @@ class ListBox : public Control {
 
   void Clear();
   void AddItem(std::string line);
+  // Puts a line in front of the one at that position, whatever the order; at the end for the number
+  // of lines. Any other position raises kInvalidCall.
+  void InsertItem(int position, std::string line);
   // Raises kInvalidCall when there is no such line.
   void RemoveItem(int position);
   // Where the line that was added last was put; −1 before the first and after Clear.
   int NewIndex() const { return new_index_; }
+
+  // Does what Clear and then AddItem of each line do, and tells the views once. Returns where each
+  // line was put.
+  std::vector<int> Refill(std::vector<std::string> lines);
+  // For a list that was brought up to date line by line in place of a Refill: leaves it as that
+  // would, with no line selected and the one at `newIndex` as the last that was added.
+  void SetRefilled(int newIndex);
 
   // The selected line, −1 for none. Setting another line runs Click; a position outside the list
   // raises kInvalidCall.
@@ -59,7 +69,7 @@ class ListBox : public Control {
   Observers<int> LineAdded;    // its position
   Observers<int> LineChanged;  // its position
   Observers<int> LineRemoved;  // its former position
-  Observers<> LinesCleared;
+  Observers<> LinesCleared;    // those that are there now came in their place
 
  private:
   Order order_;

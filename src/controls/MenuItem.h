@@ -37,6 +37,12 @@ class MenuItemArray {
       : window_(window), name_(std::move(name)) {
     Load(0).SetCaption(std::move(caption));
   }
+  // The window forgets the control that it took in last sooner than any other.
+  ~MenuItemArray() {
+    while (!items_.empty()) items_.pop_back();
+  }
+  MenuItemArray(const MenuItemArray&) = delete;
+  MenuItemArray& operator=(const MenuItemArray&) = delete;
 
   int Count() const { return static_cast<int>(items_.size()); }
   MenuItem& operator[](int index) const { return *items_.at(static_cast<std::size_t>(index)); }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 #include <vector>
 
 #include "base/Numbers.h"
@@ -16,13 +17,6 @@ constexpr int kUnitsPerCharacter = 4;
 int Rounded(float number) { return static_cast<int>(std::nearbyint(number)); }
 
 }  // namespace
-
-struct ContactPages::Page {
-  std::string_view which;
-  ListBox& list;
-  const OptionButton& by_email;
-  const OptionButton& by_name;
-};
 
 std::string GetEmailFromString(std::string_view line) {
   std::string collected;
@@ -42,32 +36,37 @@ std::string GetEmailFromString(std::string_view line) {
 
 ContactPages::ContactPages(Logs& log, frmMain& form, Screen& screen, ContactList& contacts)
     : log_(log), form_(form), screen_(screen), contacts_(contacts) {
+  FollowContacts();
+}
+
+void ContactPages::FollowContacts() {
+  contacts_.RecordChanged = [this](std::size_t record) {
+    for (Page& page : pages_) page.lines.RecordChanged(record);
+  };
+  contacts_.AllChanged = [this] {
+    for (Page& page : pages_) page.lines.AllChanged();
+  };
   contacts_.AfterAdd = [this] { RefreshAfterAdd(); };
   contacts_.AfterMod = [this](int index) { RefreshAfterMod(index); };
 }
 
 // The "Buddynames" list shows new contacts only when it is built anew.
 void ContactPages::RefreshAfterAdd() {
-  if (IsShowing(kGenderPage)) {
-    FillContactList("G", 0);
-  } else if (IsShowing(kIgnorePage)) {
-    FillContactList("I", 0);
+  for (const Page& page : pages_) {
+    if (page.which == "A" || !IsShowing(page)) continue;
+    FillContactList(page.which, 0);
+    return;
   }
 }
 
 void ContactPages::RefreshAfterMod(int index) {
-  const auto refresh = [&](ListBox& list, std::string_view which) {
-    if (SelectedListLine >= 0 && SelectedListLine < list.ListCount()) {
-      list.RemoveItem(SelectedListLine);
+  for (Page& page : pages_) {
+    if (!IsShowing(page)) continue;
+    if (SelectedListLine >= 0 && SelectedListLine < page.list.ListCount()) {
+      page.lines.Remove(SelectedListLine);
     }
-    FillContactList(which, index);
-  };
-  if (IsShowing(kGenderPage)) {
-    refresh(form_.lstGender, "G");
-  } else if (IsShowing(kIgnorePage)) {
-    refresh(form_.lstIgnore, "I");
-  } else if (IsShowing(kBuddyNamesPage)) {
-    refresh(form_.lstBuddyNames, "A");
+    FillContactList(page.which, index);
+    return;
   }
 }
 
@@ -79,12 +78,7 @@ void ContactPages::FillLists(std::string_view which, int index) {
   const Font kept = form_.TextFont();
   form_.SetTextFont(form_.lstGender.TextFont());
   Measure();
-  const Page pages[] = {
-      {"G", form_.lstGender, form_.optGenderSortEmail, form_.optGenderSortName},
-      {"I", form_.lstIgnore, form_.optIgnoreSortEmail, form_.optIgnoreSortName},
-      {"A", form_.lstBuddyNames, form_.optBuddyNamesSortEmail, form_.optBuddyNamesSortName},
-  };
-  for (const Page& page : pages) {
+  for (Page& page : pages_) {
     if (which == page.which || which == "X") FillPage(page, index);
   }
   form_.SetTextFont(kept);
@@ -100,32 +94,57 @@ float ContactPages::TextWidth(const std::string& text) const {
   return screen_.TextWidth(text, form_.TextFont()) / screen_.TwipsPerPixelX();
 }
 
-void ContactPages::FillPage(const Page& page, int index) {
-  column_widths_ = {};
-  const std::vector<ContactRecord>& records = contacts_.Records();
+void ContactPages::FillPage(Page& page, int index) {
   if (index != 0) {
-    AddLine(page, records.at(static_cast<std::size_t>(index - 1)), true);
+    AddLine(page, static_cast<std::size_t>(index - 1));
     return;
   }
-  page.list.Clear();
-  for (const ContactRecord& record : records) AddLine(page, record, false);
-  SendTabStops(page.list);
+  Style style = StyleOf(page);
+  if (style != page.style) page.lines.AllChanged();
+  page.style = std::move(style);
+  page.lines.Fill(contacts_.Records(),
+                  [&](const ContactRecord& record) { return Line(page, record); });
+  SendTabStops(page);
 }
 
-void ContactPages::AddLine(const Page& page, const ContactRecord& record, bool remember) {
-  if (record.Email.empty()) return;
-  page.list.AddItem(Line(page, record));
-  if (remember) NewListLine = ToInteger16(page.list.NewIndex());
+void ContactPages::AddLine(Page& page, std::size_t record) {
+  const ContactRecord& added = contacts_.Records().at(record);
+  if (added.Email.empty()) return;
+  page.lines.Add(record, Line(page, added).text);
+  NewListLine = ToInteger16(page.list.NewIndex());
 }
 
-std::string ContactPages::Line(const Page& page, const ContactRecord& record) {
+ContactPages::Style ContactPages::StyleOf(const Page& page) const {
+  Style style;
+  style.by_email = page.by_email.Chosen();
+  style.by_name = page.by_name.Chosen();
+  style.own_names = form_.chkUseMyNamesInsteadOfBuddyNames.Ticked();
+  style.avg_char_width = avg_char_width_;
+  style.cell_padding = cell_padding_;
+  ContactRecord record;
+  if (page.which == "G") {
+    for (const char* gender : {"F", "M", "?"}) {
+      record.Gender = gender;
+      style.words.push_back(contacts_.GenderWord(record));
+    }
+  } else if (page.which == "I") {
+    for (const char* ignored : {"True", "False"}) {
+      record.Ignore = ignored;
+      style.words.push_back(contacts_.IgnoreWord(record));
+    }
+  }
+  return style;
+}
+
+ContactLines::Line ContactPages::Line(const Page& page, const ContactRecord& record) const {
   const std::array<std::string, 3> cells =
       page.which == "A" ? BuddyNamesCells(record) : GridCells(page, record);
-  std::string line;
+  ContactLines::Line line;
   for (std::size_t column = 0; column < cells.size(); ++column) {
-    line += FormatListCell(cells[column], column);
+    line.text += FormatListCell(cells[column], line.widths[column]);
   }
-  return line + FormatListCell("(" + record.Email + ")", cells.size());
+  line.text += FormatListCell("(" + record.Email + ")", line.widths.back());
+  return line;
 }
 
 std::array<std::string, 3> ContactPages::GridCells(const Page& page,
@@ -148,26 +167,26 @@ std::array<std::string, 3> ContactPages::BuddyNamesCells(const ContactRecord& re
   return {record.Name, record.FriendlyName, ""};
 }
 
-// The text with its TAB; the column becomes wide enough for it.
-std::string ContactPages::FormatListCell(const std::string& text, std::size_t column) {
+// The text with its TAB; the column becomes wide enough for it. Widths are in dialog units, four to
+// an average character.
+std::string ContactPages::FormatListCell(const std::string& text, float& columnWidth) const {
   const int pixels = Rounded(TextWidth(text) + static_cast<float>(cell_padding_));
   const int character = std::max(1, Rounded(avg_char_width_));
   const int characters = pixels / character;
-  const auto width = static_cast<float>(characters * kUnitsPerCharacter);
-  column_widths_[column] = std::max(column_widths_[column], width);
+  columnWidth = std::max(columnWidth, static_cast<float>(characters * kUnitsPerCharacter));
   return text + "\t";
 }
 
-void ContactPages::SendTabStops(ListBox& list) {
+void ContactPages::SendTabStops(const Page& page) {
   std::vector<int> stops;
   float sum = 0;
-  for (const float width : column_widths_) {
+  for (const float width : page.lines.ColumnWidths()) {
     sum += width;
     stops.push_back(Rounded(sum));
   }
   const int characters = stops.back() / kUnitsPerCharacter;
-  list.SetTabStops(std::move(stops));
-  list.SetHorizontalExtent(Rounded(avg_char_width_ * static_cast<float>(characters)));
+  page.list.SetTabStops(std::move(stops));
+  page.list.SetHorizontalExtent(Rounded(avg_char_width_ * static_cast<float>(characters)));
 }
 
 }  // namespace brenwick

@@ -2,13 +2,16 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "contacts/ContactList.h"
 #include "forms/frmMain.h"
 #include "logging/Logs.h"
+#include "pages/ContactLines.h"
 #include "platform/Screen.h"
 
 namespace brenwick {
@@ -31,29 +34,59 @@ class ContactPages {
   std::int16_t NewListLine = 0;
 
  private:
-  void FillLists(std::string_view which, int index);
-  struct Page;
+  // What every line of a list depends on besides its record.
+  struct Style {
+    bool by_email = false;
+    bool by_name = false;
+    bool own_names = false;
+    std::vector<std::string> words;
+    float avg_char_width = 0;
+    std::int16_t cell_padding = 0;
 
+    bool operator==(const Style&) const = default;
+  };
+
+  struct Page {
+    std::string_view which;
+    int number;
+    ListBox& list;
+    const OptionButton& by_email;
+    const OptionButton& by_name;
+    ContactLines lines{list};
+    Style style{};
+  };
+
+  void FollowContacts();
+  void FillLists(std::string_view which, int index);
   void RefreshAfterAdd();
   void RefreshAfterMod(int index);
-  bool IsShowing(int page) const { return form_.fraPage[static_cast<std::size_t>(page)].Visible(); }
+  bool IsShowing(const Page& page) const {
+    return form_.fraPage[static_cast<std::size_t>(page.number)].Visible();
+  }
   void Measure();
-  void FillPage(const Page& page, int index);
-  void AddLine(const Page& page, const ContactRecord& record, bool remember);
-  std::string Line(const Page& page, const ContactRecord& record);
+  void FillPage(Page& page, int index);
+  void AddLine(Page& page, std::size_t record);
+  Style StyleOf(const Page& page) const;
+  ContactLines::Line Line(const Page& page, const ContactRecord& record) const;
   std::array<std::string, 3> GridCells(const Page& page, const ContactRecord& record) const;
   std::array<std::string, 3> BuddyNamesCells(const ContactRecord& record) const;
-  std::string FormatListCell(const std::string& text, std::size_t column);
-  void SendTabStops(ListBox& list);
+  std::string FormatListCell(const std::string& text, float& columnWidth) const;
+  void SendTabStops(const Page& page);
   float TextWidth(const std::string& text) const;
 
   Logs& log_;
   frmMain& form_;
   Screen& screen_;
   ContactList& contacts_;
-  float avg_char_width_ = 1;              // pixels
-  std::int16_t cell_padding_ = 0;         // pixels
-  std::array<float, 4> column_widths_{};  // dialog units, four to an average character
+  // In the order in which they are filled.
+  std::array<Page, 3> pages_{{
+      {"G", kGenderPage, form_.lstGender, form_.optGenderSortEmail, form_.optGenderSortName},
+      {"I", kIgnorePage, form_.lstIgnore, form_.optIgnoreSortEmail, form_.optIgnoreSortName},
+      {"A", kBuddyNamesPage, form_.lstBuddyNames, form_.optBuddyNamesSortEmail,
+       form_.optBuddyNamesSortName},
+  }};
+  float avg_char_width_ = 1;       // pixels
+  std::int16_t cell_padding_ = 0;  // pixels
 };
 
 }  // namespace brenwick

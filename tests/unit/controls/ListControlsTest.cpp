@@ -1,4 +1,5 @@
 // Lists and drop-down lists by both their doors.
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -105,6 +106,60 @@ TEST_F(ListControlsTest, ListTellsItsViewsWhatHappenedToWhichLine) {
   list.RemoveItem(1);
   list.Clear();
   EXPECT_EQ(told, (Texts{"+0", "changed", "+0", "changed", "-1", "changed", "0", "changed"}));
+}
+
+TEST_F(ListControlsTest, RefilledListIsAsIfClearedAndFilledLineByLine) {
+  const Texts lines = {"b", "C", "a", "B", "c", "", "é", "É", "b"};
+  for (const ListBox::Order order : {ListBox::Order::AsAdded, ListBox::Order::Sorted}) {
+    ListBox expected{place, "lst", order};
+    ListBox list{place, "lst", order};
+    list.AddItem("before");
+    list.SetListIndex(0);
+    list.Click = Count();
+    std::vector<int> places = list.Refill(lines);
+    for (const std::string& line : lines) expected.AddItem(line);
+    EXPECT_EQ(list.Items(), expected.Items());
+    EXPECT_EQ(list.ListIndex(), -1);
+    EXPECT_EQ(list.NewIndex(), expected.NewIndex());
+    for (std::size_t i = 0; i < lines.size(); ++i) EXPECT_EQ(list.List(places[i]), lines[i]) << i;
+    std::sort(places.begin(), places.end());
+    EXPECT_EQ(places, (std::vector<int>{0, 1, 2, 3, 4, 5, 6, 7, 8}));
+  }
+  EXPECT_EQ(count, 0);
+}
+
+TEST_F(ListControlsTest, ListRefilledWithNothingIsEmpty) {
+  ListBox list{place, "lst"};
+  list.AddItem("a");
+  EXPECT_EQ(list.Refill({}), std::vector<int>{});
+  EXPECT_EQ(list.Items(), Texts{});
+  EXPECT_EQ(list.NewIndex(), -1);
+}
+
+TEST_F(ListControlsTest, LineIsInsertedWhateverTheOrder) {
+  ListBox list{place, "lst", ListBox::Order::Sorted};
+  for (const char* line : {"a", "b"}) list.AddItem(line);
+  list.SetListIndex(1);
+  list.InsertItem(1, "z");
+  EXPECT_EQ(list.Items(), (Texts{"a", "z", "b"}));
+  EXPECT_EQ(list.NewIndex(), 1);
+  EXPECT_EQ(list.ListIndex(), 2);
+  list.InsertItem(3, "0");
+  EXPECT_EQ(list.NewIndex(), 3);
+  ExpectInvalidCall([&] { list.InsertItem(5, "5"); });
+  ExpectInvalidCall([&] { list.InsertItem(-1, "5"); });
+}
+
+TEST_F(ListControlsTest, ListThatCountsAsRefilledKeepsItsLines) {
+  ListBox list{place, "lst"};
+  for (const char* line : {"a", "b"}) list.AddItem(line);
+  list.SetListIndex(1);
+  list.Click = Count();
+  list.SetRefilled(0);
+  EXPECT_EQ(list.Items(), (Texts{"a", "b"}));
+  EXPECT_EQ(list.ListIndex(), -1);
+  EXPECT_EQ(list.NewIndex(), 0);
+  EXPECT_EQ(count, 0);
 }
 
 TEST_F(ListControlsTest, ListClicksAtEachClickOfTheUser) {
