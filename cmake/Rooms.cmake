@@ -65,6 +65,7 @@ function(brenwick_room room)
   if(ARG_READS_FIRST AND NOT CMAKE_CXX_CLANG_TIDY)
     target_precompile_headers(${target} REUSE_FROM precompiled-${ARG_READS_FIRST})
   endif()
+  brenwick_unity(${target})
 endfunction()
 
 # Headers that take longer to read than all that is ours, read once for several rooms. clang-tidy
