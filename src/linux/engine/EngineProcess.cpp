@@ -155,6 +155,9 @@ EngineProcess::Outcome EngineProcess::Settle(const Listener& listener) {
     const Outcome outcome = Await(cut_at_ + patience_, listener);
     if (outcome != Outcome::Done) return outcome;
     ending_ = socket_->Take().word != EngineWord::End;
+    // A process that only goes on speaking leaves Await no time to ask.
+    if (ending_ && !listener({})) return Outcome::Stopped;
+    if (ending_ && steady_clock::now() > cut_at_ + patience_) return Outcome::Failed;
   }
   const bool alive = socket_ && socket_->Wait({}) == EngineSocket::Arrival::Nothing;
   return alive ? Outcome::Done : Outcome::Failed;

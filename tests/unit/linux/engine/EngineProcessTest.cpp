@@ -226,6 +226,23 @@ TEST_F(EngineProcessTest, IsCutShortInTheMiddleOfABlock) {
   EXPECT_EQ(asked, 3);
 }
 
+TEST_F(EngineProcessTest, IsCutShortWhileItsProcessSpeaksWithoutEnd) {
+  EngineProcess engine = Make(BRENWICK_BAD_VOICE, kEndlessPatience);
+  // The second time it waits for the end of the first.
+  for (int i = 0; i < 2; ++i) {
+    int asked = 0;
+    engine.Say("this will drone", [&](std::span<const std::int16_t>) { return ++asked < 3; });
+    EXPECT_EQ(asked, 3);
+  }
+}
+
+TEST_F(EngineProcessTest, EndsAProcessThatSpeaksWithoutEnd) {
+  EngineProcess engine = Make(BRENWICK_BAD_VOICE, kShortPatience);
+  engine.Say("this will drone", [](std::span<const std::int16_t>) { return false; });
+  EXPECT_EQ(Said(engine, "fine"), (Samples{1, 2, 3}));
+  EXPECT_EQ(told, std::vector<std::string>{});
+}
+
 TEST_F(EngineProcessTest, LeavesOutATextAtWhichTheEngineDies) {
   ExpectLeftOut("this will die", kEndlessPatience);
 }

@@ -30,6 +30,14 @@ void SayThreeSamples(EngineSocket& program) {
   program.Send(EngineWord::End);
 }
 
+// Takes no notice of what the program says meanwhile.
+void SpeakWithoutEnd(EngineSocket& program) {
+  const std::int16_t samples[] = {1, 2, 3};
+  while (program.Send(EngineWord::Samples, AsContent(samples))) {
+  }
+  _exit(0);
+}
+
 int Main() {
   EngineSocket program(STDIN_FILENO);
   const char* start = std::getenv("BRENWICK_BAD_VOICE");
@@ -47,6 +55,7 @@ int Main() {
     const EngineMessage message = program.Take();
     if (message.word != EngineWord::Say) continue;
     MisbehaveAt(message.content);
+    if (message.content.find("drone") != std::string::npos) SpeakWithoutEnd(program);
     if (message.content.find("mumble") != std::string::npos) program.Send(EngineWord::Ready, "mm");
     SayThreeSamples(program);
   }
