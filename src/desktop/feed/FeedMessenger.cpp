@@ -4,6 +4,7 @@
 #include <QDBusError>
 #include <QDBusPendingCall>
 #include <utility>
+#include <variant>
 
 #include "base/Failure.h"
 #include "base/ProgramState.h"
@@ -32,48 +33,22 @@ QDBusMessage WrongArguments(const QDBusMessage& call) {
       call.member() + " takes three texts: contact, name, " + LastArgument(call.member()));
 }
 
-FeedError TooMuch(Admission admission) {
-  if (admission == Admission::TooMany) {
-    return {"TooManyEvents", "only " + std::to_string(FeedLimit::kMostEvents) +
-                                 " events a second are taken from one sender"};
-  }
-  return {"TooManySenders", "only " + std::to_string(FeedLimit::kMostSenders) +
-                                " senders are heard at the same time"};
+FeedRules::Result EventOf(const QDBusMessage& call) {
+  const QVariantList values = call.arguments();
+  const MessengerContact contact{FromQt(values.at(0)), FromQt(values.at(1))};
+  const std::string last = FromQt(values.at(2));
+  return call.member() == kMessage ? FeedRules::Message(contact, last)
+                                   : FeedRules::State(contact, last);
 }
 
 }  // namespace
 
-// One that was called for, with what is wrong about it.
-struct FeedMessenger::Event {
-  explicit Event(const QDBusMessage& call) {
-    const QVariantList values = call.arguments();
-    const MessengerContact given{FromQt(values.at(0)), FromQt(values.at(1))};
-    contact = FeedContact(given);
-    error = CheckContact(given);
-    const std::string last = FromQt(values.at(2));
-    if (call.member() == kMessage) {
-      text = last;
-      if (!error) error = CheckText(text);
-      return;
-    }
-    state = FeedState(last);
-    if (error || state) return;
-    error = FeedError{"UnknownState", "the state is none of these: " + FeedStateNames()};
-  }
-
-  MessengerContact contact;
-  std::string text;
-  std::optional<std::int32_t> state;
-  std::optional<FeedError> error;
-  bool is_test = false;
-};
-
 FeedMessenger::FeedMessenger(EndOfProgram& end, QDBusConnection bus, std::string busAddress,
-                             std::function<FeedLimit::Time()> now)
+                             std::function<FeedRules::Time()> now)
     : end_(end),
       bus_(std::move(bus)),
       bus_address_(std::move(busAddress)),
-      limit_(std::move(now)) {}
+      rules_(std::move(now)) {}
 
 FeedMessenger::~FeedMessenger() { FeedMessenger::Detach(); }
 
@@ -103,9 +78,7 @@ std::int32_t FeedMessenger::MyStatus() {
   return has_come_ && has_name_ ? MSTATE_ONLINE : MSTATE_OFFLINE;
 }
 
-bool FeedMessenger::Knows(const std::string& contact) {
-  return has_name_ && contacts_.contains(contact);
-}
+bool FeedMessenger::Knows(const std::string& contact) { return has_name_ && rules_.Knows(contact); }
 
 // Only the script knows where it talks with this contact.
 void FeedMessenger::InstantMessage(const std::string& contact) {
@@ -165,31 +138,27 @@ bool FeedMessenger::handleMessage(const QDBusMessage& call, const QDBusConnectio
     if (call.isReplyRequired()) bus_.send(WrongArguments(call));
     return true;
   }
-  Event event(call);
-  event.is_test = !tester_.isEmpty() && call.service() == tester_;
-  if (!event.error) event.error = Refusal(call, event);
-  Answer(call, event);
-  if (!event.error) end_.Guard([&] { Raise(event); });
+  const bool is_test = !tester_.isEmpty() && call.service() == tester_;
+  const FeedRules::Result called = EventOf(call);
+  const auto* event = std::get_if<FeedEvent>(&called);
+  const auto refusal =
+      event == nullptr ? std::get<FeedError>(called) : Refusal(call, *event, is_test);
+  Answer(call, refusal);
+  if (!refusal) end_.Guard([&] { is_test ? RaiseTest(event->text) : Raise(*event); });
   return true;
 }
 
-std::optional<FeedError> FeedMessenger::Refusal(const QDBusMessage& call, const Event& event) {
-  const bool known = event.is_test || contacts_.contains(event.contact.SigninName);
-  if (!known && contacts_.size() >= kMostContacts) {
-    return FeedError{"TooManyContacts", "only " + std::to_string(kMostContacts) +
-                                            " contacts are taken until the program starts again"};
-  }
-  const Admission admission = limit_.Admit(call.service().toStdString());
-  if (admission == Admission::Granted) return std::nullopt;
-  return TooMuch(admission);
+std::optional<FeedError> FeedMessenger::Refusal(const QDBusMessage& call, const FeedEvent& event,
+                                                bool is_test) {
+  const std::string sender = call.service().toStdString();
+  return is_test ? rules_.AdmitTest(sender) : rules_.Admit(sender, event);
 }
 
 // The answer goes out before the event is raised, which may take as long as a user thinks.
-void FeedMessenger::Answer(const QDBusMessage& call, const Event& event) {
+void FeedMessenger::Answer(const QDBusMessage& call, const std::optional<FeedError>& refusal) {
   if (!call.isReplyRequired()) return;
-  bus_.send(event.error ? call.createErrorReply(kError + ToQt(event.error->name),
-                                                ToQt(event.error->message))
-                        : call.createReply());
+  bus_.send(refusal ? call.createErrorReply(kError + ToQt(refusal->name), ToQt(refusal->message))
+                    : call.createReply());
 }
 
 void FeedMessenger::Come() {
@@ -198,10 +167,8 @@ void FeedMessenger::Come() {
   listener_->OnLocalStateChangeResult(MSTATE_ONLINE);
 }
 
-void FeedMessenger::Raise(const Event& event) {
+void FeedMessenger::Raise(const FeedEvent& event) {
   if (listener_ == nullptr) return;
-  if (event.is_test) return listener_->OnTextReceived({"", kName}, "", event.text);
-  contacts_.insert(event.contact.SigninName);
   Come();
   // The handler may have ended the listening.
   if (listener_ == nullptr) return;
@@ -210,6 +177,10 @@ void FeedMessenger::Raise(const Event& event) {
   } else {
     listener_->OnTextReceived(event.contact, "", event.text);
   }
+}
+
+void FeedMessenger::RaiseTest(const std::string& text) {
+  if (listener_ != nullptr) listener_->OnTextReceived({"", kName}, "", text);
 }
 
 }  // namespace brenwick

@@ -6,16 +6,13 @@
 #include <QDBusMessage>
 #include <QDBusVirtualObject>
 #include <QString>
-#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <optional>
-#include <set>
 #include <string>
 
 #include "qt/EndOfProgram.h"
-#include "sources/FeedEvents.h"
-#include "sources/FeedLimit.h"
+#include "sources/FeedRules.h"
 #include "sources/MessengerSource.h"
 
 namespace brenwick {
@@ -25,12 +22,10 @@ class FeedMessenger : public QDBusVirtualObject, public MessengerSource {
   Q_OBJECT
  public:
   static constexpr const char* kName = "D-Bus";
-  // In one run of the program. Each takes a place in the contact list, and that is not without end.
-  static constexpr std::size_t kMostContacts = 1'000;
 
   // busAddress: where the same bus listens, for a second connection that tries the feed.
   FeedMessenger(EndOfProgram& end, QDBusConnection bus, std::string busAddress,
-                std::function<FeedLimit::Time()> now = std::chrono::steady_clock::now);
+                std::function<FeedRules::Time()> now = std::chrono::steady_clock::now);
   ~FeedMessenger() override;
 
   void Attach(MessengerListener& listener) override;
@@ -50,23 +45,21 @@ class FeedMessenger : public QDBusVirtualObject, public MessengerSource {
   bool handleMessage(const QDBusMessage& call, const QDBusConnection& connection) override;
 
  private:
-  struct Event;
-
   Q_SLOT void Disconnected();
-  std::optional<FeedError> Refusal(const QDBusMessage& call, const Event& event);
-  void Answer(const QDBusMessage& call, const Event& event);
-  void Raise(const Event& event);
+  std::optional<FeedError> Refusal(const QDBusMessage& call, const FeedEvent& event, bool is_test);
+  void Answer(const QDBusMessage& call, const std::optional<FeedError>& refusal);
+  void Raise(const FeedEvent& event);
+  void RaiseTest(const std::string& text);
   void Fail(std::string why);
   void Come();
 
   EndOfProgram& end_;
   QDBusConnection bus_;
   std::string bus_address_;
-  FeedLimit limit_;
+  FeedRules rules_;
   MessengerListener* listener_ = nullptr;
   bool has_name_ = false;
   bool has_come_ = false;  // an event
-  std::set<std::string> contacts_;
   std::string failure_;
   QString tester_;  // the connection that tries the feed, as the bus names it
 };

@@ -36,7 +36,7 @@ class FeedTest : public testing::Test {
     if (!connections.contains(name)) connections.push_back(name);
     return bus.Connect(name);
   }
-  std::unique_ptr<FeedMessenger> Make(std::function<FeedLimit::Time()> clock) {
+  std::unique_ptr<FeedMessenger> Make(std::function<FeedRules::Time()> clock) {
     auto made =
         std::make_unique<FeedMessenger>(end, Connect("feed"), bus.Address(), std::move(clock));
     made->Changed = [this] { ++changes; };
@@ -68,7 +68,7 @@ class FeedTest : public testing::Test {
   PrivateBus bus;
   QStringList connections;
   EndOfProgram end;
-  FeedLimit::Time now{};
+  FeedRules::Time now{};
   RecordingListener listener;
   int changes = 0;
   QString said;
@@ -188,11 +188,11 @@ TEST_F(FeedTest, TakesFiftyASecondFromOneSenderAndAsManyFromAnother) {
 TEST_F(FeedTest, TakesAThousandContactsInOneRun) {
   feed = Make([this] { return now += std::chrono::seconds(1); });
   feed->Attach(listener);
-  for (std::size_t i = 1; i < FeedMessenger::kMostContacts; ++i) {
+  for (std::size_t i = 1; i < FeedRules::kMostContacts; ++i) {
     Connect("script").send(Call("State", {QString::number(i), "", "away"}));
   }
   EXPECT_EQ(State("the last", "", "away"), "");
-  EXPECT_EQ(listener.events.size(), 1 + FeedMessenger::kMostContacts);
+  EXPECT_EQ(listener.events.size(), 1 + FeedRules::kMostContacts);
   listener.events.clear();
   const QString refused = QString(kFeed) + ".Error.TooManyContacts";
   EXPECT_EQ(State("one more", "", "away"), refused);
