@@ -1,11 +1,13 @@
 #include "desktop/Instance.h"
 
 #include <QDBusConnection>
-#include <QDBusConnectionInterface>
+#include <QDBusError>
 #include <QDBusMessage>
 #include <QStandardPaths>
 #include <algorithm>
 #include <iterator>
+
+#include "desktop/bus/BusName.h"
 
 namespace brenwick {
 namespace {
@@ -73,7 +75,7 @@ QDBusMessage CallFor(Verb verb, int repeat) {
 bool Instance::Claim() {
   QDBusConnection bus = QDBusConnection::sessionBus();
   if (bus.isConnected()) {
-    return bus.registerVirtualObject(kPath, this) && bus.registerService(kService);
+    return bus.registerVirtualObject(kPath, this) && TakeBusName(bus, kService);
   }
   const QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
   lock_ = std::make_unique<QLockFile>(folder + "/brenwick.lock");
@@ -81,15 +83,18 @@ bool Instance::Claim() {
   return lock_->tryLock();
 }
 
-bool Instance::Ask(Verb verb, int repeat) {
+Instance::Answer Instance::Ask(Verb verb, int repeat) {
   // The connection's thread works on until the end of the process. What is made before it, such as
   // the register of types, outlives it.
   qRegisterMetaType<QDBusVariant>();
   const QDBusConnection bus = QDBusConnection::sessionBus();
-  if (!bus.isConnected()) return false;
+  if (!bus.isConnected()) return Answer::NobodyThere;
   QDBusMessage call = CallFor(verb, repeat);
   call.setAutoStartService(false);
-  return bus.call(call).type() == QDBusMessage::ReplyMessage;
+  const auto patience = std::chrono::milliseconds(kPatience).count();
+  const QDBusMessage answer = bus.call(call, QDBus::Block, static_cast<int>(patience));
+  if (answer.type() == QDBusMessage::ReplyMessage) return Answer::Done;
+  return QDBusError(answer).type() == QDBusError::NoReply ? Answer::Silent : Answer::NobodyThere;
 }
 
 QString Instance::introspect(const QString& /*path*/) const {

@@ -1,8 +1,9 @@
-// The one Brenwick of a user's session, and how others reach it.
+// Keeps Brenwick single in a user's session, and carries verbs to the program that runs.
 #pragma once
 
 #include <QDBusVirtualObject>
 #include <QLockFile>
+#include <chrono>
 #include <functional>
 #include <memory>
 
@@ -11,18 +12,24 @@
 namespace brenwick {
 
 // On the session bus the running program is org.brenwick.Brenwick. Without a bus a lock file among
-// the user's run-time files keeps a second one from starting, and no verb can reach the first.
+// the user's run-time files keeps a second program from starting, and no verb can reach the first.
 class Instance : public QDBusVirtualObject {
  public:
   Instance() = default;
 
-  // True when this process is the one from now on.
+  // True when this process is the one from now on. A bus that does not answer within a second
+  // counts as one on which another program runs.
   bool Claim();
   // Called with what another process asked for, with the number of the sentence for Verb::Repeat.
   std::function<void(Verb, int)> Asked;
 
-  // Asks the running program; false where none can be reached. The verb is any but Verb::None.
-  static bool Ask(Verb verb, int repeat);
+  enum class Answer { Done, NobodyThere, Silent };
+  // Asks the running program, whose answer is awaited for kPatience. The verb is any but
+  // Verb::None.
+  static Answer Ask(Verb verb, int repeat);
+
+  // The time that a running program is given to answer: it may be busy, or just starting.
+  static constexpr std::chrono::seconds kPatience{5};
 
   QString introspect(const QString& path) const override;
   bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;

@@ -11,16 +11,31 @@ namespace {
 
 enum ExitStatus { kDone = 0, kFailed = 1, kWrong = 2 };
 
+constexpr const char* kSilent = "brenwick: the Brenwick that is running does not answer\n";
+
 int AskTheOther(const DesktopOptions& options) {
-  if (Instance::Ask(options.verb, options.repeat)) return kDone;
-  std::cerr << "brenwick: no Brenwick is running that could be asked\n";
+  switch (Instance::Ask(options.verb, options.repeat)) {
+    case Instance::Answer::Done:
+      return kDone;
+    case Instance::Answer::NobodyThere:
+      std::cerr << "brenwick: no Brenwick is running that could be asked\n";
+      break;
+    case Instance::Answer::Silent:
+      std::cerr << kSilent;
+      break;
+  }
   return kFailed;
 }
 
 int RunDesktop(const DesktopOptions& options) {
   Instance instance;
   const bool first = instance.Claim();
-  if (!first && !Instance::Ask(Verb::Show, 1)) {
+  const auto shown = first ? Instance::Answer::Done : Instance::Ask(Verb::Show, 1);
+  if (shown == Instance::Answer::Silent) {
+    std::cerr << kSilent;
+    return kFailed;
+  }
+  if (shown == Instance::Answer::NobodyThere) {
     std::cerr << "brenwick: another Brenwick is running, and cannot be asked to show its window\n";
   }
   Desktop desktop(instance, options.debug ? "/DEBUG" : "", first);
@@ -28,7 +43,7 @@ int RunDesktop(const DesktopOptions& options) {
   return kDone;
 }
 
-// Who starts it from a menu sees no terminal.
+// A user who starts the program from a menu sees no terminal.
 int RunDesktopOrTell(const DesktopOptions& options) {
   try {
     return RunDesktop(options);

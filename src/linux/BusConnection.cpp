@@ -10,9 +10,6 @@
 namespace brenwick {
 namespace {
 
-// A bus answers at once or not at all, and the program is starting meanwhile.
-constexpr int kPatience = 2'000;  // milliseconds
-
 class BusError {
  public:
   BusError() { dbus_error_init(&error_); }
@@ -41,6 +38,17 @@ std::string SessionBusAddress() {
   const std::string socket = std::string(runtime) + "/bus";
   std::error_code ignored;
   return std::filesystem::is_socket(socket, ignored) ? "unix:path=" + socket : std::string();
+}
+
+BusMessage CallWithTexts(const BusMethod& method, const std::vector<std::string>& texts) {
+  BusMessage call(
+      dbus_message_new_method_call(method.service, method.path, method.interface, method.member));
+  dbus_message_set_no_reply(call.get(), true);
+  for (const std::string& text : texts) {
+    const char* value = text.c_str();
+    dbus_message_append_args(call.get(), DBUS_TYPE_STRING, &value, DBUS_TYPE_INVALID);
+  }
+  return call;
 }
 
 void BusConnection::Close::operator()(DBusConnection* connection) const {
@@ -76,8 +84,8 @@ int BusConnection::Descriptor() const {
 
 BusMessage BusConnection::Call(DBusMessage& call) {
   BusError error;
-  BusMessage answer(
-      dbus_connection_send_with_reply_and_block(connection_.get(), &call, kPatience, error.Out()));
+  BusMessage answer(dbus_connection_send_with_reply_and_block(
+      connection_.get(), &call, static_cast<int>(kPatience.count()), error.Out()));
   if (!answer) error.Raise();
   return answer;
 }

@@ -1,8 +1,10 @@
-// A connection of one's own to a message bus, below the level of methods and signals.
+// A private connection to a message bus, below the level of methods and signals.
 #pragma once
 
+#include <chrono>
 #include <memory>
 #include <string>
+#include <vector>
 
 struct DBusConnection;
 struct DBusMessage;
@@ -17,10 +19,26 @@ using BusMessage = std::unique_ptr<DBusMessage, UnrefMessage>;
 // Where the user's session bus listens; empty where there is none. No bus is started for it.
 std::string SessionBusAddress();
 
+// A method and the object that has it.
+struct BusMethod {
+  const char* service;
+  const char* path;
+  const char* interface;
+  const char* member;
+};
+
+// A call with these texts, which wants no answer.
+BusMessage CallWithTexts(const BusMethod& method, const std::vector<std::string>& texts);
+
+// Belongs to one thread at a time.
 class BusConnection {
  public:
-  // Connects and says hello, which waits for the bus, but not for long. Raises a std::runtime_error
-  // that says why it cannot be had.
+  // The time for which a call waits. A bus answers at once or not at all.
+  static constexpr std::chrono::milliseconds kPatience{1000};
+
+  // Connects and says hello. The answer is awaited for kPatience; connecting itself has no limit
+  // where the bus has stopped and its queue is full (BusConnecting is for that). Raises a
+  // std::runtime_error that says why the bus cannot be had.
   explicit BusConnection(const std::string& address);
   BusConnection(const BusConnection&) = delete;
   BusConnection& operator=(const BusConnection&) = delete;
@@ -32,10 +50,10 @@ class BusConnection {
   // Readable when something has come.
   int Descriptor() const;
 
-  // Waits for the answer, but not for long. Raises a std::runtime_error with the answer where that
-  // is an error.
+  // Waits for the answer, kPatience at most. Raises a std::runtime_error that holds the answer
+  // where that is an error, or says that none came.
   BusMessage Call(DBusMessage& call);
-  // Waits for no answer. False: the bus is gone.
+  // Does not wait for an answer. False: the bus is gone.
   bool Send(DBusMessage& message);
 
   // Takes in what has come, without waiting.

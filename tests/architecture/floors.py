@@ -69,6 +69,7 @@ ROOMS = {
     "linux/sound": Room(11.1, CORE | SHARED | {"linux"}, {"POSIX", "ALSA", "PulseAudio"}),
     "qt": Room(11, CORE, {"Qt"}),
     "qt/views": Room(11.1, CORE | {"qt"}, {"Qt"}),
+    "desktop/bus": Room(11.8, set(), {"Qt", "Qt's D-Bus"}),
     "desktop/x11": Room(11.8),
     "desktop/engine": Room(11.8, {"base", "voice", "espeak", "linux", "linux/engine"}, {"POSIX"}),
     "desktop/feed": Room(11.9, None, {"Qt", "Qt's D-Bus"}),

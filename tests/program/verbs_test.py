@@ -1,5 +1,7 @@
 #!/usr/bin/python3
 """What another process asks of the running program: by its command line, and over D-Bus."""
+import signal
+
 import case
 from accessible import call, connect
 from gi.repository import GLib
@@ -53,6 +55,18 @@ class Verbs(case.DesktopTest):
                 self.assertEqual((done.returncode, done.stdout), (1, ""))
                 self.assertEqual(done.stderr,
                                  "brenwick: no Brenwick is running that could be asked\n")
+
+    def test_a_program_that_hangs_is_told_of(self):
+        program = self.start()
+        program.signal(signal.SIGSTOP)
+        try:
+            asked = [self.ask(*arguments) for arguments in (["--mute"], [])]
+        finally:
+            program.signal(signal.SIGCONT)
+        for done in asked:
+            self.assertEqual((done.returncode, done.stdout), (1, ""))
+            self.assertEqual(done.stderr,
+                             "brenwick: the Brenwick that is running does not answer\n")
 
     def test_wrong_command_lines(self):
         for arguments in (["--repeat", "5"], ["--wat"], ["--mute", "--quit"], ["message.txt"]):

@@ -27,6 +27,8 @@ class PrivateBus {
     return QDBusConnection::connectToBus(QString::fromStdString(address_), name);
   }
   void Go() { server_.reset(); }
+  void Hang() { server_->Hang(); }
+  void GoOn() { server_->GoOn(); }
 
  private:
   QString Configuration(bool monitored) {

@@ -24,6 +24,7 @@ class Server {
   Server& operator=(const Server&) = delete;
   ~Server() {
     process_.terminate();
+    GoOn();
     WaitForEnd();
   }
 
@@ -33,6 +34,12 @@ class Server {
       if (!process_.waitForReadyRead()) throw std::runtime_error(program_ + " is silent");
     }
     return process_.readLine().trimmed().toStdString();
+  }
+
+  // Does nothing from now on, as a program that hangs.
+  void Hang() { ::kill(static_cast<pid_t>(process_.processId()), SIGSTOP); }
+  void GoOn() {
+    if (process_.processId() > 0) ::kill(static_cast<pid_t>(process_.processId()), SIGCONT);
   }
 
   void EndItsInput() {

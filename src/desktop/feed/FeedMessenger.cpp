@@ -2,13 +2,14 @@
 
 #include <QDBusConnectionInterface>
 #include <QDBusError>
-#include <QDBusPendingCall>
+#include <stdexcept>
 #include <utility>
 #include <variant>
 
 #include "base/Failure.h"
 #include "base/ProgramState.h"
 #include "base/Text.h"
+#include "desktop/bus/BusName.h"
 #include "qt/Strings.h"
 
 namespace brenwick {
@@ -17,7 +18,6 @@ namespace {
 const QString kService = QStringLiteral("org.brenwick.Brenwick1");
 const QString kPath = QStringLiteral("/org/brenwick/Brenwick1");
 const QString kError = kService + ".Error.";
-const QString kTester = QStringLiteral("brenwick-test");
 constexpr const char* kMessage = "Message";
 constexpr const char* kState = "State";
 constexpr const char* kConversation = "ConversationWanted";
@@ -57,7 +57,7 @@ void FeedMessenger::Attach(MessengerListener& listener) {
   if (!bus_.isConnected()) return Fail("there is no session bus");
   bus_.connect({}, "/org/freedesktop/DBus/Local", "org.freedesktop.DBus.Local", "Disconnected",
                this, SLOT(Disconnected()));
-  has_name_ = bus_.registerVirtualObject(kPath, this) && bus_.registerService(kService);
+  has_name_ = bus_.registerVirtualObject(kPath, this) && TakeBusName(bus_, kService);
   if (!has_name_) {
     bus_.unregisterObject(kPath);
     return Fail("another program has the name " + kService.toStdString());
@@ -68,10 +68,10 @@ void FeedMessenger::Attach(MessengerListener& listener) {
 void FeedMessenger::Detach() {
   listener_ = nullptr;
   if (std::exchange(has_name_, false)) {
-    bus_.unregisterService(kService);
+    ReleaseBusName(bus_, kService);
     bus_.unregisterObject(kPath);
   }
-  if (!std::exchange(tester_, {}).isEmpty()) QDBusConnection::disconnectFromBus(kTester);
+  tester_.reset();
 }
 
 std::int32_t FeedMessenger::MyStatus() {
@@ -108,12 +108,15 @@ void FeedMessenger::Disconnected() {
 // A call from a connection to itself would never see the bus.
 void FeedMessenger::Test(const std::string& sentence) {
   if (!has_name_) return;
-  const QDBusConnection tester = tester_.isEmpty()
-                                     ? QDBusConnection::connectToBus(ToQt(bus_address_), kTester)
-                                     : QDBusConnection(kTester);
-  tester_ = tester.baseService();
-  QDBusMessage call = QDBusMessage::createMethodCall(kService, kPath, kService, kMessage);
-  tester.asyncCall(call << kService << QString(kName) << ToQt(sentence));
+  try {
+    if (!tester_ || !tester_->IsOpen()) tester_ = std::make_unique<BusConnection>(bus_address_);
+    const std::string service = kService.toStdString();
+    const std::string path = kPath.toStdString();
+    tester_->Send(*CallWithTexts({service.c_str(), path.c_str(), service.c_str(), kMessage},
+                                 {service, kName, sentence}));
+  } catch (const std::runtime_error&) {
+    // The bus is going, which the other connection is about to tell.
+  }
 }
 
 QString FeedMessenger::introspect(const QString& /*path*/) const {
@@ -138,7 +141,7 @@ bool FeedMessenger::handleMessage(const QDBusMessage& call, const QDBusConnectio
     if (call.isReplyRequired()) bus_.send(WrongArguments(call));
     return true;
   }
-  const bool is_test = !tester_.isEmpty() && call.service() == tester_;
+  const bool is_test = tester_ && call.service() == ToQt(tester_->Name());
   const FeedRules::Result called = EventOf(call);
   const auto* event = std::get_if<FeedEvent>(&called);
   const auto refusal =

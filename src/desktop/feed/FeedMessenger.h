@@ -8,9 +8,11 @@
 #include <QString>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 
+#include "linux/BusConnection.h"
 #include "qt/EndOfProgram.h"
 #include "sources/FeedRules.h"
 #include "sources/MessengerSource.h"
@@ -61,7 +63,7 @@ class FeedMessenger : public QDBusVirtualObject, public MessengerSource {
   bool has_name_ = false;
   bool has_come_ = false;  // an event
   std::string failure_;
-  QString tester_;  // the connection that tries the feed, as the bus names it
+  std::unique_ptr<BusConnection> tester_;  // tries the feed
 };
 
 }  // namespace brenwick

@@ -3,6 +3,7 @@
 #include <QStringList>
 #include <utility>
 
+#include "desktop/bus/BusName.h"
 #include "desktop/purple/PurpleText.h"
 #include "sources/MailService.h"
 
@@ -81,7 +82,8 @@ void PurpleClient::Follow(const Met& met) {
 QString PurpleClient::OwnerNow() {
   QDBusMessage call = QDBusMessage::createMethodCall(kBus, kBusPath, kBus, "GetNameOwner");
   call << kPurpleService;
-  const QDBusMessage answer = connection_.call(call);
+  const QDBusMessage answer =
+      connection_.call(call, QDBus::Block, static_cast<int>(kBusPatience.count()));
   return answer.type() == QDBusMessage::ReplyMessage ? answer.arguments().value(0).toString()
                                                      : QString();
 }

@@ -37,7 +37,7 @@ class DesktopTray : public TrayIcon {
   void ShowIcon();
 
   EndOfProgram& end_;
-  TrayHost host_;
+  TrayHost host_{QDBusConnection::sessionBus()};
   QMenu menu_;
   std::unique_ptr<QSystemTrayIcon> icon_;  // while the program wants it and somebody shows it
   QString tip_;

@@ -1,45 +1,53 @@
 #include "desktop/tray/TrayHost.h"
 
 #include <QDBusConnection>
-#include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QDBusReply>
 #include <QDBusVariant>
+#include <utility>
+
+#include "desktop/bus/BusName.h"
 
 namespace brenwick {
 namespace {
 
 const QString kService = QStringLiteral("org.kde.StatusNotifierWatcher");
 const QString kPath = QStringLiteral("/StatusNotifierWatcher");
-constexpr int kPatience = 1000;  // milliseconds
 
-// There may be a service that keeps the list of the icons while nobody shows them.
-bool IsShownByService(const QDBusConnection& bus) {
-  const QDBusConnectionInterface* names = bus.interface();
-  if (names == nullptr || !names->isServiceRegistered(kService)) return false;
+// A service may keep the list of the icons while no notification area shows them.
+QDBusMessage QuestionForArea() {
   QDBusMessage call =
       QDBusMessage::createMethodCall(kService, kPath, "org.freedesktop.DBus.Properties", "Get");
-  call << kService << QStringLiteral("IsStatusNotifierHostRegistered");
-  const QDBusReply<QDBusVariant> reply = bus.call(call, QDBus::Block, kPatience);
+  call.setAutoStartService(false);
+  return call << kService << QStringLiteral("IsStatusNotifierHostRegistered");
+}
+
+bool SaysYes(const QDBusMessage& answer) {
+  const QDBusReply<QDBusVariant> reply = answer;
   return reply.isValid() && reply.value().variant().toBool();
 }
 
 }  // namespace
 
-TrayHost::TrayHost()
-    : watcher_(kService, QDBusConnection::sessionBus(), QDBusServiceWatcher::WatchForOwnerChange) {
+TrayHost::TrayHost(QDBusConnection bus)
+    : bus_(std::move(bus)), watcher_(kService, bus_, QDBusServiceWatcher::WatchForOwnerChange) {
   selection_.Changed = [this] { Update(); };
   connect(&watcher_, &QDBusServiceWatcher::serviceOwnerChanged, this, [this] { AskBus(); });
-  QDBusConnection bus = QDBusConnection::sessionBus();
   for (const char* signal : {"StatusNotifierHostRegistered", "StatusNotifierHostUnregistered"}) {
-    bus.connect(kService, kPath, kService, signal, this, SLOT(AskBus()));
+    bus_.connect(kService, kPath, kService, signal, this, SLOT(AskBus()));
   }
-  AskBus();
+  registered_ =
+      SaysYes(bus_.call(QuestionForArea(), QDBus::Block, static_cast<int>(kBusPatience.count())));
+  Update();
 }
 
+// Of several questions the last one counts.
 void TrayHost::AskBus() {
-  registered_ = IsShownByService(QDBusConnection::sessionBus());
-  Update();
+  answer_ = std::make_unique<QDBusPendingCallWatcher>(bus_.asyncCall(QuestionForArea()));
+  connect(answer_.get(), &QDBusPendingCallWatcher::finished, this, [this] {
+    registered_ = SaysYes(answer_->reply());
+    Update();
+  });
 }
 
 void TrayHost::Update() {

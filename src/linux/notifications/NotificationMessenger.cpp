@@ -13,9 +13,11 @@ namespace brenwick {
 namespace {
 
 constexpr int kAtATime = 10;  // messages of the bus
+// The time for which the start of the program waits for the bus.
+constexpr std::chrono::seconds kFirstMeeting{1};
 
-std::shared_ptr<BusConnection> Monitor(const std::string& address) {
-  auto monitor = std::make_shared<BusConnection>(address);
+std::unique_ptr<BusConnection> Monitor(const std::string& address) {
+  auto monitor = std::make_unique<BusConnection>(address);
   try {
     monitor->Call(*MonitorNotifications());
   } catch (const std::runtime_error& refusal) {
@@ -42,10 +44,11 @@ NotificationMessenger::~NotificationMessenger() { NotificationMessenger::Detach(
 void NotificationMessenger::Attach(MessengerListener& listener) {
   listener_ = &listener;
   failure_.clear();
-  try {
-    Watch();
-  } catch (const std::runtime_error& failure) {
-    failure_ = Repaired(failure.what());
+  Connect();
+  if (connecting_->Await(kFirstMeeting)) {
+    TakeResult();
+  } else {
+    watch_.Start(connecting_->Descriptor(), [this] { Met(); });
   }
   told_ = MyStatus();
   if (Changed) Changed();
@@ -54,15 +57,35 @@ void NotificationMessenger::Attach(MessengerListener& listener) {
 void NotificationMessenger::Detach() {
   listener_ = nullptr;
   watch_.Stop();
+  connecting_.reset();
   monitor_.reset();
   tester_.reset();
   rules_.SetOwn({}, {});
   applications_.Save();
 }
 
-void NotificationMessenger::Watch() {
-  monitor_ = Monitor(bus_address_);
-  watch_.Start(monitor_->Descriptor(), [this] { Ready(); });
+void NotificationMessenger::Connect() {
+  connecting_ =
+      std::make_unique<BusConnecting>([address = bus_address_] { return Monitor(address); });
+}
+
+void NotificationMessenger::TakeResult() {
+  try {
+    monitor_ = connecting_->Take();
+    failure_.clear();
+    watch_.Start(monitor_->Descriptor(), [this] { Ready(); });
+  } catch (const std::runtime_error& failure) {
+    if (failure_.empty()) failure_ = Repaired(failure.what());
+    watch_.Later(kPause, [this] { TryAgain(); });
+  }
+  connecting_.reset();
+}
+
+// The watch calls it once before there is a result, too.
+void NotificationMessenger::Met() {
+  if (!connecting_->Await({})) return;
+  TakeResult();
+  StateMayHaveChanged();
 }
 
 std::int32_t NotificationMessenger::MyStatus() {
@@ -134,14 +157,8 @@ void NotificationMessenger::Fail(const std::string& why) {
 }
 
 void NotificationMessenger::TryAgain() {
-  try {
-    Watch();
-  } catch (const std::runtime_error&) {
-    // It is still gone.
-    return watch_.Later(kPause, [this] { TryAgain(); });
-  }
-  failure_.clear();
-  StateMayHaveChanged();
+  Connect();
+  watch_.Start(connecting_->Descriptor(), [this] { Met(); });
 }
 
 void NotificationMessenger::Hear(const Notification& notification) {

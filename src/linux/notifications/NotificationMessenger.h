@@ -1,7 +1,7 @@
-// Whatever shows notifications, as a messenger: those of the applications that the user switched on
-// are read aloud.
+// Notifications of the desktop as a messenger: those of the applications that the user has switched
+// on become messages.
 //
-// A connection of its own to the session bus watches what applications ask the desktop to show.
+// A private connection to the session bus watches what applications ask the desktop to show.
 // Nothing is ever sent on it, and no notification is answered, marked or closed.
 #pragma once
 
@@ -12,6 +12,7 @@
 #include <string>
 #include <vector>
 
+#include "linux/BusConnecting.h"
 #include "linux/BusConnection.h"
 #include "linux/ReadinessWatch.h"
 #include "sources/MessengerSource.h"
@@ -37,6 +38,8 @@ class NotificationMessenger : public MessengerSource {
   std::vector<SeenApplication> Applications() const { return applications_.All(); }
   void SwitchApplication(const std::string& name, bool on);
 
+  // Waits a second at most for the bus. An answer that comes later is taken then; a bus that cannot
+  // be had, or goes, is looked for every kPause.
   void Attach(MessengerListener& listener) override;
   void Detach() override;
   // Signed in while an application is switched on and its notifications can be seen.
@@ -49,11 +52,13 @@ class NotificationMessenger : public MessengerSource {
   // Shows a notification, which comes back as the desktop gets it.
   void Test(const std::string& sentence) override;
 
-  // A bus may drop one connection and stay. How long until a new one is tried:
+  // A bus may drop one connection and stay; a new one is tried after this time.
   static constexpr std::chrono::minutes kPause{1};
 
  private:
-  void Watch();
+  void Connect();
+  void TakeResult();
+  void Met();
   void TryAgain();
   void Ready();
   void Hear(const Notification& notification);
@@ -65,6 +70,7 @@ class NotificationMessenger : public MessengerSource {
   SeenApplications applications_;
   NotificationRules rules_{applications_};
   MessengerListener* listener_ = nullptr;
+  std::unique_ptr<BusConnecting> connecting_;
   std::shared_ptr<BusConnection> monitor_;
   std::unique_ptr<BusConnection> tester_;
   std::string failure_;

@@ -236,6 +236,16 @@ TEST_F(FeedTest, TellsThatAnotherHasItsName) {
   EXPECT_EQ(listener.events, Events{});
 }
 
+TEST_F(FeedTest, HasNoNameFromABusThatHangs) {
+  QDBusConnection another = Connect("another");
+  bus.Hang();
+  feed->Attach(listener);
+  bus.GoOn();
+  EXPECT_EQ(feed->Describe().State, ConnectionState::Failed);
+  // Nor does it get the name when the bus goes on.
+  EXPECT_TRUE(QTest::qWaitFor([&] { return another.registerService(kFeed); }));
+}
+
 TEST_F(FeedTest, TellsThatThereIsNoBus) {
   connections.push_back("nowhere");
   feed = std::make_unique<FeedMessenger>(

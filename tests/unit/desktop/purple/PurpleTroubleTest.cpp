@@ -32,6 +32,15 @@ class PurpleTroubleTest : public PurpleFixture {
   }
 };
 
+TEST_F(PurpleTroubleTest, ABusThatHangsKeepsNobodyFromLeaving) {
+  bus.Hang();
+  Attach();
+  EXPECT_EQ(messenger->MyStatus(), MSTATE_OFFLINE);
+  messenger->Detach();
+  bus.GoOn();
+  EXPECT_EQ(events.Take(), "");
+}
+
 TEST_F(PurpleTroubleTest, AClientThatHangsWorksAgainOnlyWhenItAnswers) {
   BeImpatient();
   ASSERT_NO_FATAL_FAILURE(ComeAndAttach());

@@ -9,6 +9,7 @@
 #include <QTimer>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "base/Failure.h"
@@ -378,6 +379,48 @@ TEST_F(NotificationsTest, AreNotLookedForAfterDetach) {
   ASSERT_TRUE(QTest::qWaitFor([&] { return behind; }));
   EXPECT_FALSE(over);
   EXPECT_EQ(listener.events, Events{"own 1"});
+}
+
+TEST_F(NotificationsTest, AreHeardFromABusThatAnswersOnlyAfterTheStart) {
+  bus.Hang();
+  AttachWith("Chat");
+  EXPECT_EQ(messenger->MyStatus(), MSTATE_OFFLINE);
+  bus.GoOn();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !listener.events.empty(); }));
+  EXPECT_EQ(listener.events, Events{"own 2"});
+  EXPECT_EQ(messenger->Describe().State, ConnectionState::Attached);
+  Application("Chat").Show("Anna", "hello");
+  EXPECT_EQ(Settled(), (Events{"own 2", "Chat:Anna,Anna,,hello"}));
+}
+
+TEST_F(NotificationsTest, KeepNobodyWaitingWhileTheBusHangs) {
+  AttachWith("Chat");
+  // What is looked at as soon as the messenger has begun to try again.
+  std::size_t tried = 0;
+  ConnectionState state = ConnectionState::Off;
+  bool again = false;
+  watch.WhenOver = [&] {
+    if (std::exchange(again, true)) return;
+    QTimer::singleShot(0, [&] {
+      tried = watch.pauses.size();
+      state = messenger->Describe().State;
+      bus.GoOn();
+    });
+  };
+  bus.Hang();
+  watch.Cut();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return listener.events.size() == 2; }));
+  EXPECT_EQ(tried, 1U);
+  EXPECT_EQ(state, ConnectionState::Failed);
+  EXPECT_EQ(listener.events, (Events{"own 1", "own 2"}));
+}
+
+TEST_F(NotificationsTest, MayBeDetachedWhileTheBusHangs) {
+  bus.Hang();
+  AttachWith("Chat");
+  messenger.reset();
+  bus.GoOn();
+  EXPECT_EQ(listener.events, Events{});
 }
 
 TEST_F(NotificationsTest, TellThatThereIsNoBus) {
