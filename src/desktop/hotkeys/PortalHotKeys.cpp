@@ -77,7 +77,7 @@ void PortalHotKeys::Listen() {
   }
   connect(&watcher_, &QDBusServiceWatcher::serviceOwnerChanged, this,
           [this](const QString&, const QString&, const QString& owner) {
-            views_.Knock([&] { HearOwner(owner); });
+            views_.ForwardUserAction([&] { HearOwner(owner); });
           });
 }
 
@@ -128,7 +128,7 @@ void PortalHotKeys::Ask(const char* method, QVariantList arguments, QVariantMap 
     answer->deleteLater();
     if (!answer->isError() || path != request_.path) return;
     portal_gone_ = answer->error().type() == QDBusError::ServiceUnknown;
-    views_.Knock([this] { NoKeys(); });
+    views_.ForwardUserAction([this] { NoKeys(); });
   });
 }
 
@@ -138,7 +138,7 @@ void PortalHotKeys::Hear(const QDBusMessage& signal) {
   const auto of_session = [&] {
     return !session_.isEmpty() && values.value(0).value<QDBusObjectPath>().path() == session_;
   };
-  views_.Knock([&] {
+  views_.ForwardUserAction([&] {
     if (signal.member() == "Response" && path == request_.path) {
       Answered(values.value(0).toUInt(), qdbus_cast<QVariantMap>(values.value(1)));
     } else if (signal.member() == "Closed" && path == session_) {

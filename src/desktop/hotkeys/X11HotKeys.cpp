@@ -57,7 +57,7 @@ X11HotKeys::X11HotKeys(frmMain& form, Views& views)
   }
   layout_changed_.setSingleShot(true);
   QObject::connect(&layout_changed_, &QTimer::timeout, &layout_changed_,
-                   [this] { views_.Knock([this] { TakeAnew(); }); });
+                   [this] { views_.ForwardUserAction([this] { TakeAnew(); }); });
 }
 
 X11HotKeys::~X11HotKeys() {
@@ -147,7 +147,7 @@ bool X11HotKeys::KeyPress(const xcb_key_press_event_t& event) {
     key.held = true;
     if (repeated) return true;
     QMetaObject::invokeMethod(
-        &presses_, [this, &key] { views_.Knock([&key] { key.control.UserPress(); }); },
+        &presses_, [this, &key] { views_.ForwardUserAction([&key] { key.control.UserPress(); }); },
         Qt::QueuedConnection);
     return true;
   }

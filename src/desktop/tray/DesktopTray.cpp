@@ -44,8 +44,8 @@ void DesktopTray::Observe(frmMain& form, const ProgramState& state, Views& views
   state_ = &state;
   mute_ = &form.chkMute;
   FillMenu(menu_, form, views);
-  views.Keep(form.PopupMenuWanted.Observe([this, &form, &views] { FillMenu(menu_, form, views); }));
-  views.Keep(form.chkMute.Changed.Observe([this] { ShowIcon(); }));
+  views.Own(form.PopupMenuWanted.Observe([this, &form, &views] { FillMenu(menu_, form, views); }));
+  views.Own(form.chkMute.Changed.Observe([this] { ShowIcon(); }));
 }
 
 // An icon that was made while nobody showed it would stay unseen for ever.

@@ -44,7 +44,7 @@ QCheckBox* MakeView(CheckBox& box, Views& views, QWidget& parent) {
     view->setChecked(box.Ticked());
   });
   QObject::connect(view, &QCheckBox::clicked, view, [&box, &views, view] {
-    views.Knock([&box] { box.UserClick(); });
+    views.ForwardUserAction([&box] { box.UserClick(); });
     view->setChecked(box.Ticked());
   });
   return view;
@@ -57,7 +57,8 @@ QRadioButton* MakeView(OptionButton& option, Views& views, QWidget& parent) {
     view->setChecked(option.Chosen());
   });
   QObject::connect(view, &QRadioButton::clicked, view, [&option, &views, view] {
-    views.Knock([&option, view] { view->ByMouse() ? option.UserClick() : option.UserArrow(); });
+    views.ForwardUserAction(
+        [&option, view] { view->ByMouse() ? option.UserClick() : option.UserArrow(); });
     view->setChecked(option.Chosen());
   });
   return view;
@@ -69,8 +70,9 @@ QPushButton* MakeView(Button& button, Views& views, QWidget& parent) {
   view->setAutoDefault(true);
   view->setDefault(button.PressedBy() == Button::Key::Enter);
   views.Mirror(button, *view, [&button, view] { SetCaption(*view, ToQt(button.Caption())); });
-  QObject::connect(view, &QPushButton::clicked, view,
-                   [&button, &views] { views.Knock([&button] { button.UserClick(); }); });
+  QObject::connect(view, &QPushButton::clicked, view, [&button, &views] {
+    views.ForwardUserAction([&button] { button.UserClick(); });
+  });
   return view;
 }
 

@@ -10,7 +10,7 @@
 namespace brenwick {
 namespace {
 
-// What is typed goes to the program key by key, which completes it.
+// Hands typing to the program key by key, and the program completes it.
 class ComboView : public QComboBox {
  public:
   ComboView(ComboBox& combo, Views& views, QWidget& parent)
@@ -21,14 +21,14 @@ class ComboView : public QComboBox {
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
     views_.Mirror(combo_, *this, [this] { Show(); });
     connect(this, &QComboBox::activated, this, [this](int entry) {
-      views_.Knock([&] { combo_.UserSelect(entry); });
+      views_.ForwardUserAction([&] { combo_.UserSelect(entry); });
       Show();
     });
     connect(lineEdit(), &QLineEdit::textEdited, this, [this](const QString& text) { Paste(text); });
   }
 
  protected:
-  // The keyboard is this widget's, which passes keys on to its line of text.
+  // The keyboard focus belongs to this widget, which passes keys on to its line of text.
   void keyPressEvent(QKeyEvent* event) override {
     if (!TakeKey(*event)) QComboBox::keyPressEvent(event);
   }
@@ -37,7 +37,7 @@ class ComboView : public QComboBox {
     QComboBox::focusOutEvent(event);
     const auto reason = event->reason();
     if (reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason) return;
-    views_.Knock([this] { combo_.UserLeaves(); });
+    views_.ForwardUserAction([this] { combo_.UserLeaves(); });
   }
 
  private:
@@ -45,7 +45,7 @@ class ComboView : public QComboBox {
   bool TakeKey(const QKeyEvent& key) {
     const bool chord = (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) != 0;
     if (key.key() == Qt::Key_Delete && !chord) {
-      views_.Knock([this] { combo_.UserKeyDown(kKeyDelete); });
+      views_.ForwardUserAction([this] { combo_.UserKeyDown(kKeyDelete); });
       return true;
     }
     if (key.key() == Qt::Key_Backspace && !chord) {
@@ -64,15 +64,15 @@ class ComboView : public QComboBox {
     const auto characters_in = [](const QString& part) {
       return CharacterCount(part.toStdString());
     };
-    views_.Knock([&] {
+    views_.ForwardUserAction([&] {
       combo_.Select(characters_in(text.left(start)), characters_in(box.selectedText()));
       for (const char32_t character : characters) combo_.UserTypesCharacter(character);
     });
   }
 
-  // What came at once, from the clipboard or an input method.
+  // Takes a text that came at once, from the clipboard or an input method.
   void Paste(const QString& text) {
-    views_.Knock([&] {
+    views_.ForwardUserAction([&] {
       combo_.UserEmpties();
       for (const char32_t character : Characters(text.toStdString())) {
         combo_.UserTypesCharacter(character);

@@ -11,8 +11,8 @@
 
 namespace brenwick {
 
-// A list that is emptied stays empty here until events run: then it is shown as it has been filled,
-// at once, for a view that follows line by line needs far longer for some thousands.
+// When the list is cleared, the model stays empty until events run and then takes all lines at
+// once: a view that follows some thousands of lines one by one takes far longer.
 class ListModel : public QAbstractTableModel {
  public:
   ListModel(ListBox& list, QObject* parent);

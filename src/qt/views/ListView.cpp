@@ -35,14 +35,14 @@ class ListView : public QTreeView {
     ObserveLines();
     views_.Mirror(list_, *this, [this] { Show(); });
     connect(this, &QTreeView::doubleClicked, this,
-            [this] { views_.Knock([this] { list_.UserDoubleClick(); }); });
+            [this] { views_.ForwardUserAction([this] { list_.UserDoubleClick(); }); });
   }
 
  protected:
   void currentChanged(const QModelIndex& now, const QModelIndex& before) override {
     QTreeView::currentChanged(now, before);
     if (showing_ || now.row() == list_.ListIndex()) return;
-    views_.Knock([&] { list_.UserSelect(now.row()); });
+    views_.ForwardUserAction([&] { list_.UserSelect(now.row()); });
   }
 
   // Qt moves on to a neighbour of a line that goes; the program may want none.
@@ -77,7 +77,8 @@ class ListView : public QTreeView {
 
   void keyPressEvent(QKeyEvent* event) override {
     const std::u32string typed = event->text().toStdU32String();
-    if (!typed.empty()) views_.Knock([&] { list_.UserKey(static_cast<int>(typed[0])); });
+    if (!typed.empty())
+      views_.ForwardUserAction([&] { list_.UserKey(static_cast<int>(typed[0])); });
     // A space belongs to the program; everything else also moves in the list.
     if (event->key() != Qt::Key_Space) QTreeView::keyPressEvent(event);
   }

@@ -66,7 +66,7 @@ void MainWindowView::ObserveKeys() {
     connect(new QShortcut(key, this), &QShortcut::activated, this, [this, step] {
       const int entry = form_.lstMenu.ListIndex() + step;
       if (entry < 0 || entry >= form_.lstMenu.ListCount()) return;
-      views_.Knock([&] { form_.lstMenu.UserSelect(entry); });
+      views_.ForwardUserAction([&] { form_.lstMenu.UserSelect(entry); });
     });
   };
   observe(Qt::CTRL | Qt::Key_PageUp, -1);
@@ -82,7 +82,7 @@ void MainWindowView::keyPressEvent(QKeyEvent* event) {
     auto* button = dynamic_cast<Button*>(control);
     if (button == nullptr || button->PressedBy() != pressed) continue;
     if (button->Page() != pages_->currentIndex()) continue;
-    views_.Knock([button] { button->UserClick(); });
+    views_.ForwardUserAction([button] { button->UserClick(); });
   }
 }
 
@@ -93,7 +93,7 @@ QWidget* MainWindowView::MakeContent() {
   QListWidget* list = MakePageList(form_.lstMenu, views_, *content);
   const auto name = [this, list] { list->setAccessibleName(ToQt(form_.lblMenu.Caption())); };
   name();
-  views_.Keep(form_.lblMenu.Changed.Observe(name));
+  views_.Own(form_.lblMenu.Changed.Observe(name));
   columns->addWidget(list);
   for (int page = 0; page < kPageCount; ++page) pages_->addWidget(MakePage(page));
   columns->addWidget(pages_, 1);
@@ -113,13 +113,13 @@ QWidget* MainWindowView::MakePage(int page) {
   PageBuilder(*content, frame, views_).Build(controls);
   for (Control* control : controls) {
     if (dynamic_cast<CaptionedControl*>(control) == nullptr) continue;
-    views_.Keep(control->Changed.Observe([content] { AssignMnemonics(*content); }));
+    views_.Own(control->Changed.Observe([content] { AssignMnemonics(*content); }));
   }
   scroller->setWidget(content);
   scroller->setWidgetResizable(true);
   scroller->setFrameShape(QFrame::NoFrame);
   scroller->setFocusPolicy(Qt::NoFocus);
-  views_.Keep(frame.Changed.Observe([this, &frame, content, page] {
+  views_.Own(frame.Changed.Observe([this, &frame, content, page] {
     content->setEnabled(frame.Enabled());
     if (frame.Visible()) ShowPage(page);
   }));
@@ -127,16 +127,16 @@ QWidget* MainWindowView::MakePage(int page) {
 }
 
 void MainWindowView::ShowPage(int page) {
-  views_.Follow([&] { pages_->setCurrentIndex(page); });
+  views_.UpdateQuietly([&] { pages_->setCurrentIndex(page); });
 }
 
 void MainWindowView::ObserveWindow() {
   setWindowTitle(ToQt(form_.Caption()));
-  views_.Keep(form_.CaptionChanged.Observe([this] { setWindowTitle(ToQt(form_.Caption())); }));
-  views_.Keep(form_.VisibilityChanged.Observe([this] { ShowOrHide(); }));
-  views_.Keep(form_.StateChanged.Observe([this] { ShowOrHide(); }));
-  views_.Keep(form_.PlaceChanged.Observe([this] { Place(); }));
-  views_.Keep(form_.ForegroundWanted.Observe([this] {
+  views_.Own(form_.CaptionChanged.Observe([this] { setWindowTitle(ToQt(form_.Caption())); }));
+  views_.Own(form_.VisibilityChanged.Observe([this] { ShowOrHide(); }));
+  views_.Own(form_.StateChanged.Observe([this] { ShowOrHide(); }));
+  views_.Own(form_.PlaceChanged.Observe([this] { MoveToForm(); }));
+  views_.Own(form_.ForegroundWanted.Observe([this] {
     raise();
     activateWindow();
   }));
@@ -145,7 +145,7 @@ void MainWindowView::ObserveWindow() {
 void MainWindowView::ShowOrHide() {
   if (restoring_) return;
   const bool minimized = form_.State() == WindowState::Minimized;
-  views_.Follow([&] {
+  views_.UpdateQuietly([&] {
     if (form_.Visible() && !minimized) {
       asked_ = asked_ || !isVisible() || isMinimized();
       if (!isVisible()) PlaceAnew();
@@ -166,10 +166,10 @@ QPoint MainWindowView::PlaceOfForm() const {
   return {form_.Left() / kTwipsPerPixel, form_.Top() / kTwipsPerPixel};
 }
 
-void MainWindowView::Place() {
+void MainWindowView::MoveToForm() {
   if (pos() == PlaceOfForm()) return;
   asked_ = asked_ || isVisible();
-  views_.Follow([&] { move(PlaceOfForm()); });
+  views_.UpdateQuietly([&] { move(PlaceOfForm()); });
 }
 
 // The window manager puts a window that comes back where it likes, unless it is told the place.
@@ -184,14 +184,14 @@ void MainWindowView::PlaceAnew() {
 
 void MainWindowView::closeEvent(QCloseEvent* event) {
   event->ignore();
-  views_.Knock([this] { form_.UserCloses(); });
+  views_.ForwardUserAction([this] { form_.UserCloses(); });
 }
 
 void MainWindowView::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
   // What befalls a hidden window is not the user's doing.
   if (event->type() != QEvent::WindowStateChange || !isVisible()) return;
-  views_.Knock([this] {
+  views_.ForwardUserAction([this] {
     if (isMinimized()) {
       form_.UserMinimizes();
     } else {
@@ -211,10 +211,10 @@ void MainWindowView::RestoreFromTaskBar() {
 
 void MainWindowView::moveEvent(QMoveEvent* event) {
   QWidget::moveEvent(event);
-  if (views_.Following() || !isVisible() || isMinimized()) return;
+  if (views_.UpdatingQuietly() || !isVisible() || isMinimized()) return;
   // What the window system makes of a place that the program chose is not the user's doing.
   if (std::exchange(asked_, false)) return;
-  views_.Knock([this] { form_.UserMoves(x() * kTwipsPerPixel, y() * kTwipsPerPixel); });
+  views_.ForwardUserAction([this] { form_.UserMoves(x() * kTwipsPerPixel, y() * kTwipsPerPixel); });
 }
 
 }  // namespace brenwick

@@ -15,8 +15,8 @@ class MainWindowView : public QWidget {
  public:
   MainWindowView(frmMain& form, Views& views);
 
-  // Makes the pages. Else they are made when the window is shown for the first time: who leaves it
-  // in the notification area waits for none and gives no memory for them.
+  // Makes the pages, which are otherwise made when the window is shown for the first time: a window
+  // that stays in the notification area costs neither the time nor the memory.
   void Build();
 
   // True while there is a notification area that a hidden window can be called back from. Without
@@ -43,14 +43,14 @@ class MainWindowView : public QWidget {
   void ShowPage(int page);
   void RestoreFromTaskBar();
   QPoint PlaceOfForm() const;
-  void Place();
+  void MoveToForm();
   void PlaceAnew();
 
   frmMain& form_;
   Views& views_;
   QStackedWidget* pages_;
   bool built_ = false;
-  bool asked_ = false;  // for a place; the window system has not answered where it put the window
+  bool asked_ = false;      // the window system was asked for a place and has not answered
   bool restoring_ = false;  // the window is on the screen already, and stays there
 };
 

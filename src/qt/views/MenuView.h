@@ -1,4 +1,4 @@
-// The tray icon's menu.
+// The view of the tray icon's menu.
 #pragma once
 
 #include <QMenu>
@@ -8,7 +8,8 @@
 
 namespace brenwick {
 
-// Puts the form's present items below mPopupSys into the menu, in place of what it held.
+// Shows the form's present items below mPopupSys in the menu. Actions of items that the menu shows
+// already stay, so that only what has changed costs time. The form and the views outlive the menu.
 void FillMenu(QMenu& menu, frmMain& form, Views& views);
 
 }  // namespace brenwick

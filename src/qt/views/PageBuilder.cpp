@@ -25,17 +25,17 @@ QGridLayout* MakeGrid() {
 
 bool IsArrayElement(const Control& control) { return control.Index() >= 0; }
 
-// What shares a row with other buttons.
+// True for a button that shares a row with other buttons.
 bool IsOrdinaryButton(const Control* control) {
   return dynamic_cast<const Button*>(control) != nullptr && !IsArrayElement(*control);
 }
 
-// The widget bears the words of a control that has a caption, now and later.
+// Calls `bear` with the caption of a control, now and at each change.
 template <typename Captioned, typename Bear>
 void Follow(Captioned& control, Views& views, Bear bear) {
   const auto follow = [&control, bear] { bear(ToQt(control.Caption()).trimmed()); };
   follow();
-  views.Keep(control.Changed.Observe(follow));
+  views.Own(control.Changed.Observe(follow));
 }
 
 }  // namespace

@@ -62,7 +62,7 @@ QLabel* MakePageHeading(Frame& page, Views& views, QWidget& parent) {
   auto* heading = new PageHeading(page, parent);
   const auto show = [&page, heading] { heading->setText(ToQt(page.Caption()).trimmed()); };
   show();
-  views.Keep(page.Changed.Observe(show));
+  views.Own(page.Changed.Observe(show));
   return heading;
 }
 

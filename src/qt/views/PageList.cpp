@@ -29,7 +29,7 @@ class PageList : public QListWidget {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
     views_.Mirror(list_, *this, [this] { Show(); });
     connect(this, &QListWidget::currentRowChanged, this, [this](int row) {
-      if (!showing_ && row >= 0) views_.Knock([&] { list_.UserSelect(row); });
+      if (!showing_ && row >= 0) views_.ForwardUserAction([&] { list_.UserSelect(row); });
     });
   }
 

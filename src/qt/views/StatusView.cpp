@@ -23,7 +23,7 @@ StatusView::StatusView(frmStatus& form, Views& views) : form_(form) {
   message->setAlignment(Qt::AlignCenter);
   message->setMinimumWidth(kLeastWidth);
   rows->addWidget(message);
-  views.Keep(form_.VisibilityChanged.Observe([this] { ShowOrHide(); }));
+  views.Own(form_.VisibilityChanged.Observe([this] { ShowOrHide(); }));
 }
 
 void StatusView::ShowOrHide() {
@@ -36,7 +36,7 @@ void StatusView::ShowOrHide() {
   }
   setWindowFlag(Qt::WindowStaysOnTopHint, form_.Topmost());
   setWindowFlag(Qt::WindowCloseButtonHint, form_.CloseBox());
-  // It tells and takes nothing: the keyboard stays where the user types.
+  // The window takes no input, so the keyboard stays where the user types.
   setAttribute(Qt::WA_ShowWithoutActivating);
   adjustSize();
   const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();

@@ -14,7 +14,7 @@ class TextView : public QLineEdit {
       : QLineEdit(&parent), box_(box), views_(views) {
     views_.Mirror(box_, *this, [this] { Show(); });
     connect(this, &QLineEdit::textEdited, this, [this](const QString& text) {
-      views_.Knock([&] { box_.UserTypes(text.toStdString()); });
+      views_.ForwardUserAction([&] { box_.UserTypes(text.toStdString()); });
     });
   }
 
@@ -32,11 +32,11 @@ class TextView : public QLineEdit {
 
   void focusOutEvent(QFocusEvent* event) override {
     QLineEdit::focusOutEvent(event);
-    // The window's own menu, or another program in front, is no leaving.
+    // A menu of the window, or another program in front, does not count as leaving the box.
     if (event->reason() == Qt::PopupFocusReason || event->reason() == Qt::ActiveWindowFocusReason) {
       return;
     }
-    views_.Knock([this] { box_.UserLeaves(); });
+    views_.ForwardUserAction([this] { box_.UserLeaves(); });
   }
 
  private:
@@ -54,7 +54,7 @@ class TextView : public QLineEdit {
     setSelection(start, PlaceInQt(box_.Text(), box_.SelStart() + box_.SelLength()) - start);
   }
 
-  // What cannot be written into does not look as if it could.
+  // A locked box looks like one that takes no text.
   void Colour() {
     QPalette colours;
     if (box_.Locked()) colours.setBrush(QPalette::Base, QApplication::palette().window());

@@ -8,9 +8,9 @@ TimerDriver::TimerDriver(frmMain& form, Views& views) {
     if (timer == nullptr) continue;
     Driven& driven = driven_.emplace_back(*timer);
     driven.clock.setTimerType(Qt::CoarseTimer);
-    views.Keep(timer->Changed.Observe([this, &driven] { Follow(driven); }));
+    views.Own(timer->Changed.Observe([this, &driven] { Follow(driven); }));
     QObject::connect(&driven.clock, &QTimer::timeout, &driven.clock, [&views, timer] {
-      views.Knock([timer] {
+      views.ForwardUserAction([timer] {
         if (timer->Tick) timer->Tick();
       });
     });

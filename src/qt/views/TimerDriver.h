@@ -13,7 +13,7 @@ class TimerDriver {
  public:
   TimerDriver(frmMain& form, Views& views);
 
-  // Timers tick from here on.
+  // Lets the timers tick from now on.
   void Arm();
 
  private:

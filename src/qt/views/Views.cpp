@@ -15,7 +15,7 @@ QString NameOf(const Control& control) {
 void Views::Mirror(Control& control, QWidget& widget, std::function<void()> mirror) {
   widget.setObjectName(NameOf(control));
   const auto update = [this, &control, &widget, mirror = std::move(mirror)] {
-    Follow([&] {
+    UpdateQuietly([&] {
       widget.setEnabled(control.Enabled());
       // A widget that stands on a hidden page is not shown by this.
       if (widget.isHidden() == control.Visible()) widget.setVisible(control.Visible());
@@ -24,8 +24,8 @@ void Views::Mirror(Control& control, QWidget& widget, std::function<void()> mirr
     });
   };
   update();
-  Keep(control.Changed.Observe(update));
-  Keep(control.FocusWanted.Observe([this, &widget] { Follow([&] { widget.setFocus(); }); }));
+  Own(control.Changed.Observe(update));
+  Own(control.FocusWanted.Observe([this, &widget] { UpdateQuietly([&] { widget.setFocus(); }); }));
 }
 
 }  // namespace brenwick

@@ -1,4 +1,4 @@
-// What the views of all controls have in common.
+// The part that the views of all controls share.
 #pragma once
 
 #include <QWidget>
@@ -15,34 +15,35 @@ class Views {
  public:
   explicit Views(EndOfProgram& end) : end_(end) {}
 
-  // Makes the widget a view of the control: it bears its name, is enabled, shown and focused as the
-  // control is, and `mirror` brings it up to date now and at each change.
+  // Makes the widget a view of the control: the widget bears the control's name, is enabled, shown
+  // and focused as the control is, and `mirror` brings it up to date now and at each change.
   void Mirror(Control& control, QWidget& widget, std::function<void()> mirror);
 
-  // Carries out what the user did.
+  // Carries out what the user did, unless it is only an echo of UpdateQuietly.
   template <typename Action>
-  void Knock(Action action) {
-    if (!Following()) end_.Guard(std::move(action));
+  void ForwardUserAction(Action action) {
+    if (!UpdatingQuietly()) end_.Guard(std::move(action));
   }
 
-  // Brings a widget up to date. What Qt tells of meanwhile is the program's doing and not the
-  // user's: a box that the program takes the focus from, for example, is not left by anyone.
+  // Brings a widget up to date. The signals that Qt sends meanwhile are the program's doing and not
+  // the user's: a box that loses the focus to the program, for example, was not left by the user.
   template <typename Action>
-  void Follow(const Action& action) {
-    ++following_;
+  void UpdateQuietly(const Action& action) {
+    ++updating_;
     action();
-    --following_;
+    --updating_;
   }
-  bool Following() const { return following_ > 0; }
+  bool UpdatingQuietly() const { return updating_ > 0; }
 
-  // Nothing is mirrored any more.
+  // Keeps an observation for as long as the views are up to date.
+  void Own(Subscription subscription) { subscriptions_.push_back(std::move(subscription)); }
+
+  // Mirrors nothing any more.
   void Forget() { subscriptions_.clear(); }
-
-  void Keep(Subscription subscription) { subscriptions_.push_back(std::move(subscription)); }
 
  private:
   EndOfProgram& end_;
-  int following_ = 0;
+  int updating_ = 0;
   std::vector<Subscription> subscriptions_;
 };
 

@@ -49,7 +49,7 @@ struct Audience::Windows {
     main.HasTray = [] { return true; };
     frmMain& form = program.Form();
     FillMenu(menu, form, views);
-    views.Keep(form.PopupMenuWanted.Observe([this, &form] { FillMenu(menu, form, views); }));
+    views.Own(form.PopupMenuWanted.Observe([this, &form] { FillMenu(menu, form, views); }));
   }
 
   // Most scripts never open the window, and are to be seen in it all the same.

@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTest>
@@ -13,6 +14,7 @@
 #include <string>
 
 #include "base/Failure.h"
+#include "qt/views/MenuView.h"
 #include "unit/qt/views/WindowFixture.h"
 
 namespace brenwick {
@@ -162,6 +164,43 @@ TEST_F(ViewsTest, EveryCaptionOfAPageHasALetterOfItsOwn) {
     letters.insert(letter);
   }
   EXPECT_EQ(letters.size(), 9);
+}
+
+TEST_F(ViewsTest, TheTrayMenuFollowsItsItemsAndKeepsItsActions) {
+  QMenu menu;
+  const auto buddies = [&] { return menu.findChild<QMenu*>("mnuBuddies")->actions(); };
+  form.mnuBuddiesOnLine[0].SetCaption("Anna & Ben");
+  FillMenu(menu, form, views);
+  const QList<QAction*> before = menu.actions();
+  ASSERT_EQ(buddies().size(), 1);
+  QAction* const anna = buddies()[0];
+  EXPECT_EQ(anna->text(), "Anna && Ben");
+
+  form.mnuBuddiesOnLine[0].SetChecked(true);
+  form.mnuBuddiesOnLine.Load(1).SetCaption("Carl");
+  form.mnuBuddiesOnLine[1].SetEnabled(false);
+  FillMenu(menu, form, views);
+  EXPECT_EQ(menu.actions(), before);
+  ASSERT_EQ(buddies().size(), 2);
+  EXPECT_EQ(buddies()[0], anna);
+  EXPECT_TRUE(anna->isChecked());
+  EXPECT_EQ(buddies()[1]->text(), "Carl");
+  EXPECT_FALSE(buddies()[1]->isEnabled());
+
+  form.mnuBuddiesOnLine[0].SetVisible(false);
+  FillMenu(menu, form, views);
+  ASSERT_EQ(buddies().size(), 1);
+  EXPECT_EQ(buddies()[0]->text(), "Carl");
+}
+
+TEST_F(ViewsTest, AnItemOfTheTrayMenuIsClickedOnce) {
+  QMenu menu;
+  FillMenu(menu, form, views);
+  FillMenu(menu, form, views);
+  int clicks = 0;
+  form.mnuMute.Click = [&] { ++clicks; };
+  menu.findChild<QAction*>("mnuMute")->trigger();
+  EXPECT_EQ(clicks, 1);
 }
 
 TEST_F(ViewsTest, ClosingAsksTheProgram) {
