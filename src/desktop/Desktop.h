@@ -36,7 +36,7 @@ namespace brenwick {
 
 class Desktop {
  public:
-  // commandLine: what stood behind the program's name; first: no other Brenwick runs.
+  // commandLine: the arguments behind the program's name. first: no other Brenwick runs.
   Desktop(Instance& instance, const std::string& commandLine, bool first);
 
   // Runs the program to its end.
@@ -52,7 +52,7 @@ class Desktop {
   PosixFolders folders_;
   IniStore ini_;
   AutostartStore store_;
-  // It drops what the voice has posted and nobody has heard of yet.
+  // Receives what the voice posts, and drops what is still posted when it ends.
   QObject speech_news_;
   std::unique_ptr<SpVoice> voice_;
   SocketWatch watch_;

@@ -1,4 +1,4 @@
-// What the page of connections shows on a desktop.
+// The messengers and engines of the desktop program, for the page of connections.
 #pragma once
 
 #include <functional>
@@ -15,17 +15,17 @@ namespace brenwick {
 
 class DesktopConnections : public Connections {
  public:
-  // The key of the store in which the choices are kept that no control of another page keeps.
+  // The key of the store that keeps the choices of this page.
   static constexpr const char* kKey = "Software\\Brenwick\\Connections";
 
-  // What speaks, where anything does.
+  // The engines that speak; none in a second start of the program.
   struct SpeechEngines {
     std::function<std::vector<Connection>()> Describe = [] { return std::vector<Connection>(); };
     std::function<void(std::size_t, const std::string&)> Test = [](std::size_t,
                                                                    const std::string&) {};
   };
 
-  // All of these outlive it. The sources say by it when one of them is another.
+  // All arguments outlive this object, which observes the sources' Changed.
   DesktopConnections(const SourceHub& sources, NotificationMessenger& notifications,
                      PurpleMessenger& purple, SpeechEngines engines, RegistryStore& store);
 

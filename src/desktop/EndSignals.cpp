@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::array kSignals = {SIGTERM, SIGINT, SIGHUP};
 
-// A signal may come in the middle of anything; all that its handler may do is to write here.
+// A signal may come in the middle of anything; its handler may only write to this pipe.
 std::array<int, 2> pipe_ends = {-1, -1};
 
 extern "C" void WriteSignal(int /*signal*/) {

@@ -1,4 +1,4 @@
-// What a session or a terminal sends to end the program.
+// The signals by which a session or a terminal ends the program.
 #pragma once
 
 #include <QSocketNotifier>
@@ -7,8 +7,8 @@
 
 namespace brenwick {
 
-// While it lives, SIGTERM, SIGINT and SIGHUP end nothing by themselves but call Asked from the loop
-// of events, so that the program can save what it has to. There is one at a time.
+// While an object lives, SIGTERM, SIGINT and SIGHUP do not end the process but call Asked from the
+// event loop, so that the program can save its settings. There is one object at a time.
 class EndSignals {
  public:
   EndSignals();

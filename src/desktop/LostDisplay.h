@@ -1,4 +1,4 @@
-// What is saved when the display goes away under the program.
+// Saves the settings when the display server goes away.
 #pragma once
 
 #include <functional>
@@ -6,9 +6,8 @@
 namespace brenwick {
 
 // Qt ends the process on the spot when the display server is gone, wherever the program is at that
-// moment, and returns to nobody. While this lives, `save` is called on the way out, and the process
-// ends after it without another step. An ordinary end of the process passes by it. There is one at
-// a time.
+// moment. While an object lives, `save` is called then, and the process ends right after it. It is
+// not called when the process ends normally. There is one object at a time.
 class LostDisplay {
  public:
   explicit LostDisplay(std::function<void()> save);

@@ -1,4 +1,4 @@
-// Another program that works for this one.
+// A program that runs as a child of this one.
 #pragma once
 
 #include <sys/types.h>
@@ -11,9 +11,9 @@ namespace brenwick {
 
 class ChildProcess {
  public:
-  // Starts the program with the descriptor as its standard input. It shares the standard output
-  // and the error output, and gets no other descriptor: it would keep a sound device from being
-  // let go. Raises kFileNotFound with the reason where that fails.
+  // Starts the program with the descriptor as its standard input. The child shares the standard
+  // output and the error output, and inherits no other descriptor, since that would keep a sound
+  // device open. Raises kFileNotFound with the reason where that fails.
   ChildProcess(const std::string& program, int standard_input);
   ChildProcess(const ChildProcess&) = delete;
   ChildProcess& operator=(const ChildProcess&) = delete;
@@ -28,7 +28,7 @@ class ChildProcess {
   pid_t id_;
   std::mutex mutex_;
   bool ended_ = false;
-  // Waits for its end, so that a process that dies is no zombie until somebody asks for it.
+  // Awaits the end of the child, so that a child that dies does not stay a zombie.
   std::thread reaper_;
 };
 

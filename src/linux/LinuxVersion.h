@@ -1,4 +1,4 @@
-// How a Linux system is described.
+// Describes the Linux system that the program runs on.
 #pragma once
 
 #include <string>
@@ -12,7 +12,7 @@ namespace brenwick {
 std::string DescribeDistribution(std::string_view osRelease);
 
 // The two lines of System::OSVersion for the machine that the program runs on: the distribution,
-// and "Build: " with the kernel's release. Neither can fail: what is not known is left out.
+// and "Build: " with the kernel's release. Neither can fail: an unknown part is left out.
 std::pair<std::string, std::string> LinuxVersion();
 
 }  // namespace brenwick

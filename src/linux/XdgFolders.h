@@ -1,4 +1,4 @@
-// Where the desktop keeps the user's documents and settings.
+// The folders in which the desktop keeps the user's documents and settings.
 #pragma once
 
 #include <optional>
@@ -13,7 +13,7 @@ std::string HomeFolder();
 // $XDG_CONFIG_HOME, or ~/.config where that is missing or no absolute path.
 std::string XdgConfigHome();
 
-// $XDG_STATE_HOME, or ~/.local/state: for what a program remembers and nobody edits.
+// $XDG_STATE_HOME, or ~/.local/state: for what a program remembers and no user edits.
 std::string XdgStateHome();
 
 // $XDG_DOCUMENTS_DIR, or what user-dirs.dirs says of it, or ~/Documents. It may not exist.

@@ -1,8 +1,8 @@
-// The end of the program on its way through Qt.
+// Carries the end of the program through Qt.
 //
-// A handler of the program may end it by throwing, and Qt must not be crossed by exceptions. So
-// every call from Qt into the program goes through here: what a handler throws is kept, no handler
-// runs any more, and where the program waits for Qt the exception goes on its way.
+// A handler of the program may end it by throwing, and no exception may cross Qt. So every call
+// from Qt into the program goes through Guard: it keeps what a handler throws, and runs no handler
+// from then on. Where the program has waited for Qt, GoOn rethrows the exception.
 #pragma once
 
 #include <exception>
@@ -27,16 +27,16 @@ class EndOfProgram {
 
   bool Ended() const { return ended_ != nullptr; }
 
-  // From now on the program goes on without a display, to save what it has to.
+  // From now on the program runs without a display, only to save its settings.
   void LoseDisplay() { has_display_ = false; }
   bool HasDisplay() const { return has_display_; }
 
-  // Throws what ended the program. Without an end it does nothing.
+  // Rethrows what ended the program; does nothing while the program has not ended.
   void GoOn() const {
     if (ended_) std::rethrow_exception(ended_);
   }
 
-  // Leaves the loops of Qt that are running.
+  // Called at the end of the program, to leave the loops of Qt that are running.
   std::function<void()> WhenEnded;
 
  private:

@@ -1,4 +1,4 @@
-// The loop of a Qt application.
+// The event loop of a Qt application.
 #pragma once
 
 #include "platform/EventLoop.h"
@@ -10,7 +10,7 @@ class QtEventLoop : public EventLoop {
  public:
   explicit QtEventLoop(const EndOfProgram& end) : end_(end) {}
 
-  // Goes on its way with what ended the program inside.
+  // Rethrows the exception that ended the program inside.
   void DoEvents() override;
   void Sleep(std::chrono::milliseconds time) override;
 

@@ -1,4 +1,4 @@
-// What the program does to the screen beyond its own windows.
+// The screen beyond the program's own windows, by Qt.
 #pragma once
 
 #include <string>

@@ -11,7 +11,7 @@ namespace brenwick {
 
 inline QString ToQt(const std::string& text) { return QString::fromStdString(text); }
 
-// Where the character with this number stands in the text as Qt counts: some take two places.
+// The position of a character as Qt counts, which gives some characters two positions.
 inline int PlaceInQt(const std::string& text, std::size_t character) {
   return static_cast<int>(ToQt(std::string(FirstCharacters(text, character))).size());
 }

@@ -19,8 +19,8 @@ class TcpSocket : public SocketDriver {
   TcpSocket& operator=(const TcpSocket&) = delete;
   ~TcpSocket() override;
 
-  // Gives up the connection there was. Nothing here waits; a connection that the other side ends,
-  // in whatever way, is closed, and everything else that goes wrong is an error.
+  // Gives up the former connection. No operation waits. A connection that the other side ends, in
+  // whatever way, is closed; everything else that goes wrong is an error.
   void Connect(const std::string& host, int port) override;
   void SendData(const std::string& data) override;
   std::string GetData() override;

@@ -22,19 +22,22 @@ constexpr Entity kEntities[] = {{"amp", U'&'},  {"lt", U'<'},    {"gt", U'>'},
                                 {"quot", U'"'}, {"apos", U'\''}, {"nbsp", kNoBreakSpace}};
 
 // What stands in the place of a tag.
-enum class Place { Nothing, LineBreak, Description };
+enum class Substitute { Nothing, LineBreak, Description };
 
 struct Tag {
   std::string_view name;
-  Place place;
+  Substitute substitute;
 };
 constexpr Tag kTags[] = {
-    {"a", Place::Nothing},     {"b", Place::Nothing},     {"br", Place::LineBreak},
-    {"code", Place::Nothing},  {"div", Place::LineBreak}, {"em", Place::Nothing},
-    {"font", Place::Nothing},  {"i", Place::Nothing},     {"img", Place::Description},
-    {"li", Place::LineBreak},  {"p", Place::LineBreak},   {"s", Place::Nothing},
-    {"small", Place::Nothing}, {"span", Place::Nothing},  {"strong", Place::Nothing},
-    {"tt", Place::Nothing},    {"u", Place::Nothing},     {"ul", Place::LineBreak},
+    {"a", Substitute::Nothing},       {"b", Substitute::Nothing},
+    {"br", Substitute::LineBreak},    {"code", Substitute::Nothing},
+    {"div", Substitute::LineBreak},   {"em", Substitute::Nothing},
+    {"font", Substitute::Nothing},    {"i", Substitute::Nothing},
+    {"img", Substitute::Description}, {"li", Substitute::LineBreak},
+    {"p", Substitute::LineBreak},     {"s", Substitute::Nothing},
+    {"small", Substitute::Nothing},   {"span", Substitute::Nothing},
+    {"strong", Substitute::Nothing},  {"tt", Substitute::Nothing},
+    {"u", Substitute::Nothing},       {"ul", Substitute::LineBreak},
 };
 
 // Line ends are among them.
@@ -124,9 +127,10 @@ class Words {
     const std::string_view inside = rest_.substr(1, end - 1);
     const Tag* tag = FindTag(inside);
     if (tag == nullptr) return false;
-    if (tag->place == Place::LineBreak && !words_.empty() && words_.back() != '\n') words_ += '\n';
+    const bool breaks = tag->substitute == Substitute::LineBreak;
+    if (breaks && !words_.empty() && words_.back() != '\n') words_ += '\n';
     rest_.remove_prefix(end + 1);
-    if (tag->place == Place::Description) words_ += Words(Description(inside)).Take();
+    if (tag->substitute == Substitute::Description) words_ += Words(Description(inside)).Take();
     return true;
   }
 

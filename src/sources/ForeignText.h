@@ -1,4 +1,4 @@
-// What other programs send, as plain text.
+// Makes plain text of what other programs send.
 #pragma once
 
 #include <cstddef>
@@ -7,12 +7,12 @@
 
 namespace brenwick {
 
-// Cut behind the last character that fits whole into so many bytes.
+// The beginning of the text, cut behind the last character that fits whole into so many bytes.
 std::string_view FirstBytes(std::string_view text, std::size_t bytes);
 
 // True for a text with line ends or other characters that cannot be seen.
 bool HasControls(std::string_view text);
-// With spaces in their place, and none at the ends.
+// The text with spaces in the place of those characters, and without spaces at the ends.
 std::string OneLine(std::string_view text);
 
 // The words of a notification's body. Tags that notifications have are gone (line breaks stay line

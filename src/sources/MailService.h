@@ -15,13 +15,14 @@ bool IsMailServiceName(const std::string& name);
 // The contact as an ordinary one: whoever is called like the mail service goes by the sign-in name.
 MessengerContact OrdinaryContact(std::string signinName, std::string friendlyName);
 
-// As above; and whoever is even signed in as the mail service goes by that in quotation marks.
+// The same; a contact whose sign-in name is that of the mail service, too, goes by it in quotation
+// marks.
 MessengerContact QuotedContact(std::string signinName, std::string friendlyName);
 
-// What the mail service writes when mail has come from this sender. The name cannot break the
-// notice, nor make another kind of it.
+// The notice that the mail service writes when mail has come from this sender. No name can break
+// the notice or make it one of another kind.
 std::string NewMailNotice(const std::string& from);
-// And when so many mails have not been read; the program counts no further than 32767.
+// The notice that so many mails have not been read; the program counts no further than 32767.
 std::string InboxNotice(unsigned count);
 
 }  // namespace brenwick

@@ -87,13 +87,13 @@ std::optional<StateNews> PurpleStates::News(Entry& entry, bool found) {
   for (const auto& [account, there] : entry.accounts) states.push_back(Effective(there.presence));
   const std::int32_t state = BestState(states);
   if (state == entry.told) return std::nullopt;
-  // Who is new in the list and not there has not gone.
+  // A contact who is new in the list and offline has not gone offline.
   const bool new_and_gone = entry.told == MSTATE_UNKNOWN && state == MSTATE_OFFLINE;
   entry.told = state;
   return StateNews{entry.contact, state, found || new_and_gone};
 }
 
-// Whoever appears keeps the burst going; whoever has appeared is no part of it any more.
+// A contact who appears keeps the burst going; one who has appeared before is no part of it.
 bool PurpleStates::InBurst(int account, const std::string& id, Moment now) {
   const auto found = bursts_.find(account);
   if (found == bursts_.end()) return false;

@@ -1,4 +1,4 @@
-// What is known of the contacts' states in a client with several accounts, and which of it is news.
+// Keeps the contacts' states in a client with several accounts, and finds which changes are news.
 #pragma once
 
 #include <chrono>
@@ -18,13 +18,13 @@ struct StateNews {
   bool found = false;  // how things stand, not a change
 };
 
-// Of a contact in one account.
+// The presence of a contact in one account.
 struct Presence {
   std::int32_t state = MSTATE_OFFLINE;
   bool idle = false;
 };
 
-// How long after a sign-on a contact that is seen for the first time was there before.
+// The time after a sign-on in which a contact that appears counts as having been there before.
 struct SignOnBurst {
   std::chrono::milliseconds quiet{2000};   // it is over when nobody has appeared for so long
   std::chrono::milliseconds whole{10000};  // and after so long in any case
@@ -39,8 +39,8 @@ class PurpleStates {
 
   // The user has signed on with this account: the client is about to learn who is there.
   void SignOn(int account, Moment now);
-  // What these tell is nothing where the contact's state is no other than before. Somebody who is
-  // online and idle is idle; whoever is away stays so.
+  // Each of these answers nothing where the contact's state stays what it was. A contact who is
+  // online and idle is idle; one who is away stays away.
   std::optional<StateNews> Find(int account, const MessengerContact& contact, Presence presence);
   std::optional<StateNews> Appear(int account, const MessengerContact& contact, Presence presence,
                                   Moment now);
@@ -48,7 +48,7 @@ class PurpleStates {
                                   Moment now);
   std::optional<StateNews> ChangeIdle(int account, const MessengerContact& contact, bool idle,
                                       Moment now);
-  // Nothing is known any more of what this account told.
+  // Forgets all that this account told. The contacts' states may change by that.
   std::vector<StateNews> SignOff(int account);
 
  private:
@@ -77,8 +77,8 @@ class PurpleStates {
   std::map<int, Burst> bursts_;           // by account
 };
 
-// The state of one who is in several at once: that in which he is reached best, offline without
-// any.
+// The state of a contact who has several at once: the one in which the contact is reached best;
+// offline without any.
 std::int32_t BestState(const std::vector<std::int32_t>& states);
 
 // The messenger's state for a status of libpurple, whose primitive is given; nothing for those that

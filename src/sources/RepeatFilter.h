@@ -1,4 +1,4 @@
-// What was last said of each contact, for messages that are shown again.
+// Finds the part of a text that has not been said yet.
 #pragma once
 
 #include <cstddef>
@@ -7,16 +7,17 @@
 
 namespace brenwick {
 
-// Applications replace a notification that is still shown by the same one, or by one that has a
-// further message under the former ones, or above them. Only what is new is worth hearing.
+// Applications replace a notification that is still shown by the same text, or by one that has a
+// further message below or above the former ones. Only the new part is worth hearing. The filter
+// remembers the last texts of the contacts that it heard last.
 class RepeatFilter {
  public:
   static constexpr std::size_t kMost = 32;  // contacts
-  // Of each, for several notifications of one contact may be shown at the same time.
+  // Of each contact: several notifications of one contact may be shown at the same time.
   static constexpr std::size_t kMostTexts = 8;
 
-  // The part of the contact's text that has not been said: all of it where it takes the place of
-  // no other, or of quite another text; nothing where it is the same again.
+  // The part of the contact's text that has not been said: all of it where the text replaces no
+  // other or quite another one, and nothing where it is the same again.
   std::string NewPart(const std::string& contact, const std::string& text, bool replaces);
 
  private:

@@ -10,7 +10,7 @@
 
 namespace brenwick {
 
-// Names are the same whatever their case. Remembered in the store, in a key of its own.
+// Keeps them in the store, under a key of their own. Names are compared without regard to case.
 class SeenApplications {
  public:
   static constexpr const char* kKey = "Software\\Brenwick\\Notifications";
@@ -20,9 +20,10 @@ class SeenApplications {
   // The store outlives this.
   explicit SeenApplications(RegistryStore& store);
 
-  // True when it was not known.
+  // Notes that the application has shown a notification. True when it was not known before.
   bool See(const std::string& name);
-  // Stores all of them at once.
+  // Stores the choice, and with it all that was not stored yet. A choice that cannot be stored
+  // holds until the end of the program.
   void Switch(const std::string& name, bool on);
   bool IsOn(const std::string& name) const;
 
@@ -31,8 +32,8 @@ class SeenApplications {
   // The names of those that are on, in their order.
   std::vector<std::string> On() const;
 
-  // A flood of names is not worth a write each, so those that are off are stored when one is
-  // switched, and here.
+  // Stores what was not stored yet. A flood of new names is not worth a write each, so applications
+  // that are off are stored only here and when another one is switched.
   void Save();
 
  private:

@@ -10,7 +10,7 @@ namespace {
 
 using L = MessengerListener;
 
-// Takes a flag back on the way out, by whichever way: a handler may end the program.
+// Clears a flag at the end of a block, also where a handler ends the program.
 struct Lowered {
   bool& flag;
   ~Lowered() { flag = false; }
@@ -18,7 +18,7 @@ struct Lowered {
 
 }  // namespace
 
-// What one source raises. It is copied, because it may have to wait.
+// Takes the events of one source. They are copied, since they may have to wait.
 class SourceHub::Relay : public MessengerListener {
  public:
   Relay(SourceHub& all, MessengerSource& source) : all_(all), source_(source) {}
@@ -113,7 +113,7 @@ void SourceHub::InstantMessage(const std::string& contact) {
   }
 }
 
-// What the user is depends on all sources.
+// The user's state follows from the states at all sources.
 void SourceHub::OwnStateChanged() {
   const std::int32_t state = MyStatus();
   if (std::exchange(told_, state) == state) return;

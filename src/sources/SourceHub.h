@@ -19,7 +19,7 @@ namespace brenwick {
 
 class SourceHub : public MessengerClient {
  public:
-  // The sources outlive this. Where it matters the earlier one wins.
+  // The sources outlive this object. Where two of them know the same, the earlier one wins.
   explicit SourceHub(std::vector<MessengerSource*> sources);
   ~SourceHub() override;
 

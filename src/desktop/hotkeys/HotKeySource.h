@@ -1,4 +1,4 @@
-// Where the keys of the hotkey controls come from.
+// Gives the hotkey controls their keys.
 #pragma once
 
 #include <QString>
@@ -10,7 +10,7 @@
 namespace brenwick {
 
 // Gives each enabled hotkey control its key, whichever program has the focus, and tells the control
-// what it met.
+// of an obstacle. Belongs to the program's thread.
 class HotKeySource {
  public:
   enum class Kind { X11, Portal, None };
@@ -20,11 +20,13 @@ class HotKeySource {
   HotKeySource& operator=(const HotKeySource&) = delete;
   virtual ~HotKeySource() = default;
 
-  // Keys are asked for, and reach the program, from here on.
+  // Asks for the keys; from now on they reach the program. Called once, when the program has
+  // started. It throws nothing and does not wait for the desktop's answer: a key that is not given
+  // is an obstacle of its control.
   virtual void Arm() = 0;
 
-  // Which kind fits: Qt's name of the platform, and WAYLAND_DISPLAY of the environment. Under
-  // Wayland a window may stand on X11, but the keys of the desktop are not there.
+  // The kind that fits Qt's name of the platform and WAYLAND_DISPLAY of the environment. Under
+  // Wayland a window may use X11, but X11 does not get the keys of the desktop.
   static Kind Fitting(const QString& platform, const QString& waylandDisplay);
   // The one that fits the desktop on which the program runs.
   static std::unique_ptr<HotKeySource> OfThisDesktop(frmMain& form, Views& views);

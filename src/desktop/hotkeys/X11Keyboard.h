@@ -1,4 +1,4 @@
-// Where the keys are on the keyboard of an X11 display.
+// Finds keys on the keyboard of an X11 display.
 #pragma once
 
 #include <xcb/xcb.h>

@@ -8,7 +8,7 @@
 namespace brenwick {
 namespace {
 
-// Of one who has let a call go unanswered; many messages may be waiting behind it.
+// The patience with a client that let the last call go unanswered: many messages may be waiting.
 constexpr std::chrono::milliseconds kLittlePatience{50};
 
 bool IsSilence(const QDBusMessage& answer) {

@@ -15,9 +15,9 @@ inline const QString kPurpleService = QStringLiteral("im.pidgin.purple.PurpleSer
 inline const QString kPurplePath = QStringLiteral("/im/pidgin/purple/PurpleObject");
 inline const QString kPurpleInterface = QStringLiteral("im.pidgin.purple.PurpleInterface");
 
-// Each call waits for its answer. Where none comes, or another than the one that belongs to it, the
-// answer is 0, empty, or false: what a handle belonged to may be gone before the client is asked
-// about it, and that is no error.
+// Each call waits for its answer as long as the patience lasts. Where no answer comes, or one of
+// another shape, the result is 0 or empty: the object of a handle may be gone before the client is
+// asked about it, and that is no error. Belongs to the client's thread.
 class PurpleBus {
  public:
   PurpleBus(QDBusConnection bus, std::chrono::milliseconds patience)
@@ -34,7 +34,7 @@ class PurpleBus {
 
   // Whether the client let the last call go unanswered.
   bool Silent() const { return silent_; }
-  // Whether it let any go since this was last asked.
+  // Whether the client let any call go unanswered since the last call of this.
   bool TakeSilence();
   // From any thread: all further calls fail at once.
   void GiveUp() { given_up_ = true; }

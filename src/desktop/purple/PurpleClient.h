@@ -23,7 +23,8 @@
 
 namespace brenwick {
 
-// Is told what a client does, on the program's thread.
+// Hears what a client does. Each event is called on the program's thread, one at a time, and may
+// end the program by throwing ProgramEnd.
 class PurpleListener {
  public:
   virtual ~PurpleListener() = default;
@@ -31,7 +32,7 @@ class PurpleListener {
   // there: a client is on the bus, even if it does not answer for a while.
   virtual void ConnectionIs(const Connection& connection, bool there) = 0;
   virtual void OwnStateIs(std::int32_t state, const std::string& name) = 0;
-  // With this contact a conversation can be opened, as long as the account is signed on.
+  // A conversation with this contact can be opened as long as the account is signed on.
   virtual void CanReach(const std::string& contact, int account) = 0;
   virtual void SignedOff(int account) = 0;
   virtual void Raise(const std::function<void(MessengerListener&)>& event) = 0;
@@ -43,20 +44,20 @@ struct PurpleOptions {
   std::chrono::milliseconds before_retry{2000};  // after the client was silent
 };
 
-// Lives on a thread of its own, where it asks the client one thing after the other: so the events
-// keep their order, and a client that hangs is waited for by nobody else.
+// Lives on a thread of its own, where it asks the client one thing after the other: so events keep
+// their order, and only this thread waits for a client that hangs.
 class PurpleClient : public QObject {
   Q_OBJECT
  public:
-  // Brings to the listener what it is told, in the same order.
+  // Takes an event to the listener; events keep their order. Called on the client's thread.
   using Post = std::function<void(std::function<void(PurpleListener&)>)>;
   PurpleClient(QDBusConnection bus, const PurpleOptions& options, Post post);
 
-  // From any thread.
+  // These two may be called on any thread.
   void GiveUp() { bus_.GiveUp(); }
   void SetGroupChats(bool on) { group_chats_ = on; }
 
-  // The rest on the client's own thread alone.
+  // All others are called on the client's own thread.
 
   // Follows the client, or waits for one. The user's own state and name are told to `met` as soon
   // as they are known, and from then on what changes.

@@ -1,4 +1,4 @@
-// What arrives at a client that is built on libpurple, and which of it is for the user's ears.
+// Decides which of the things that arrive at a client of libpurple the user hears.
 #pragma once
 
 #include <QString>
@@ -21,8 +21,9 @@ struct Arrival {
   std::string text;
 };
 
-// Each takes the values of the signal that is called like it. Nothing is what the user shall not
-// hear: own words, what the client or a machine says, and what was said before the user signed on.
+// Each operation takes the values of the signal of the same name. It answers nothing for what the
+// user shall not hear: the user's own words, words of the client or of a machine, and words from
+// before the sign-on.
 class PurpleInbox {
  public:
   PurpleInbox(PurpleBus& bus, PurplePeople& people) : bus_(bus), people_(people) {}
@@ -42,7 +43,7 @@ class PurpleInbox {
     std::int64_t time = 0;
   };
 
-  // Seconds since 1970 at which it was sent; 0 where the client does not tell.
+  // The time of sending, in seconds since 1970; 0 where the client does not tell.
   std::int64_t TimeOf(int account, const QString& sender, const QString& message);
   bool IsOld(int account, const QString& sender, const QString& message);
   const Said& SaidIn(int handle);

@@ -1,5 +1,4 @@
-// Pidgin and Finch as the program's messenger: what is built on libpurple speaks on the session
-// bus.
+// Pidgin and Finch as a messenger: clients that are built on libpurple speak on the session bus.
 #pragma once
 
 #include <QDBusConnection>
@@ -18,16 +17,17 @@
 
 namespace brenwick {
 
-// Attaches when the client comes and as often as it comes back. Of what the client tells, nothing
-// is announced that was so before: contacts that are there at the sign-on, and those that the
-// user's own sign-off takes away, are found.
+// Attaches when the client comes, and again as often as it comes back. States that are no news are
+// raised as found: those of contacts who are there at the user's sign-on, and of those whom the
+// user's own sign-off takes away.
 class PurpleMessenger : public MessengerSource, private PurpleListener {
  public:
   PurpleMessenger(EndOfProgram& end, QDBusConnection bus, const PurpleOptions& options = {});
   ~PurpleMessenger() override;
 
-  // Waits a moment for a client that runs, so that MyStatus and MyName tell of it at once.
+  // Waits a second at most for a client that runs, so that MyStatus and MyName know it at once.
   void Attach(MessengerListener& listener) override;
+  // Waits for the question that the client is being asked: options.patience at most.
   void Detach() override;
   std::int32_t MyStatus() override { return own_state_; }
   std::string MyName() override { return own_name_; }
@@ -38,11 +38,11 @@ class PurpleMessenger : public MessengerSource, private PurpleListener {
   bool Knows(const std::string& contact) override { return accounts_.count(contact) != 0; }
   void Test(const std::string& sentence) override;
 
-  // Whether what this application, whose name is in lower case, has to tell comes from here.
+  // Whether this messenger raises what the application has to say. Its name is in lower case.
   bool IsHeard(const std::string& application) const;
 
-  // Whether what is said in group chats is raised too; it is not at first. The sender is then no
-  // contact but a place in the chat: its sign-in name is ROOM/NICK.
+  // Whether messages of group chats are raised, too; at first they are not. The sender of one is no
+  // contact but a participant of the chat: its sign-in name is ROOM/NICK.
   void SetGroupChats(bool on);
 
  private:

@@ -1,4 +1,4 @@
-// Who is meant by what a client that is built on libpurple names.
+// Finds the person behind a handle or an id of libpurple.
 #pragma once
 
 #include <QString>
@@ -12,9 +12,9 @@
 
 namespace brenwick {
 
-// Somebody in the list of one of the user's accounts.
+// A contact in the list of one of the user's accounts.
 struct PurpleBuddy {
-  int account = 0;  // 0: there is no such one
+  int account = 0;  // 0: there is no such contact
   MessengerContact contact;
 };
 
@@ -25,13 +25,13 @@ class PurplePeople {
   PurpleBuddy Buddy(int buddy);
   // Nothing where the client does not tell.
   std::optional<Presence> PresenceOfBuddy(int buddy);
-  // Of a status, which is one of a contact or of the user.
+  // The state that a status stands for; the status is a contact's or the user's.
   std::optional<std::int32_t> StateOfStatus(int status);
 
   // The sender of a message or an invitation, whose id may name the device, or a place in a group
   // chat.
   MessengerContact Sender(int account, const QString& id);
-  // Who is called so in this group chat. The sign-in name is no contact's.
+  // The participant of a group chat who has this nick. The sign-in name is that of no contact.
   MessengerContact InChat(int conversation, const QString& nick);
   bool IsOwnNick(int conversation, const QString& nick);
 

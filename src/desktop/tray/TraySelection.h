@@ -9,14 +9,14 @@
 
 namespace brenwick {
 
-// Without an X server nobody ever owns it.
+// Without an X server there is never an owner.
 class TraySelection : public QAbstractNativeEventFilter {
  public:
   TraySelection();
   ~TraySelection() override;
 
   bool Owned() const { return owned_; }
-  // Called when it has got another owner, or none.
+  // Called when the owner has changed.
   std::function<void()> Changed;
 
   bool nativeEventFilter(const QByteArray& kind, void* message, qintptr* result) override;

@@ -1,4 +1,4 @@
-// What an X11 display answers, freed when it is no longer needed.
+// An answer of an X11 display, freed with its owner.
 #pragma once
 
 #include <cstdlib>

@@ -1,4 +1,4 @@
-// The calls that Brenwick itself makes about notifications.
+// The bus calls that Brenwick makes about notifications.
 #pragma once
 
 #include <string>
@@ -7,11 +7,11 @@
 
 namespace brenwick {
 
-// From its answer on, the bus shows the connection that sends it every call of Notify, and takes
-// nothing from it any more.
+// Makes the connection that sends it a monitor: once the bus has answered, it passes every call of
+// Notify to this connection, and takes no further messages from it.
 BusMessage MonitorNotifications();
 
-// Shows the text as Brenwick's own.
+// Shows the text as a notification of Brenwick.
 BusMessage ShowNotification(const std::string& summary, const std::string& text);
 
 }  // namespace brenwick
