@@ -7,7 +7,7 @@ import unittest
 
 from accessible import Controls
 from program import Program, stored, write_store
-from screen import Screen
+from screen import LEFT, Screen
 from servers import LIMIT, PrivateDesktop, await_that
 from tray import NotificationArea
 
@@ -133,8 +133,18 @@ class DesktopTest(unittest.TestCase):
         await_that(lambda: self.controls.find("list item", page).has("selected"),
                    f"the page {page}")
 
-    def click(self, control, button="1", times=1):
-        self.screen.click(*control.middle, button, times)
+    def click(self, control, button=LEFT, times=1):
+        self.screen.click(*self.resting_place(control), button, times)
+
+    def resting_place(self, control):
+        """The middle of the control once it stays where it is: a page that has just been opened is
+        still being laid out."""
+        places = [None]
+
+        def rests():
+            places.append(control.middle)
+            return places[-1] if places[-1] == places[-2] else None
+        return await_that(rests, f"a place of {control}", lambda: repr(places[1:]))
 
     def await_text(self, control, text):
         await_that(lambda: control.text == text, f"the text {text!r}", lambda: repr(control.text))

@@ -17,7 +17,7 @@ class TypeAhead(case.DesktopTest):
         self.field = next(child for child in self.combo.children if child.role == "text")
         self.voices = [child.name for child in self.combo.children[0].children]
         self.before = self.field.text
-        self.screen.click(*self.field.middle)
+        self.click(self.field)
         await_that(lambda: self.field.has("focused"), "the keyboard in the voice box")
         self.screen.keys("ctrl+a")
         await_that(lambda: self.field.selection == (0, len(self.before)), "all selected")

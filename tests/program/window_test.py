@@ -74,8 +74,9 @@ class StoredPlace(case.DesktopTest):
 
     def test_is_taken_at_the_start(self):
         self.start()
-        place = self.screen.place(self.await_window())
-        self.assertEqual((place.x, place.y), (100, 200))
+        window = self.await_window()
+        await_that(lambda: self.screen.place(window)[:2] == (100, 200), "the window at its place",
+                   lambda: repr(self.screen.place(window)))
         self.assertEqual(stored(self.desktop, "Left"), "dword:1500")
 
 
