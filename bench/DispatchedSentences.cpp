@@ -9,8 +9,11 @@
 #include <future>
 
 #include "Stage.h"
-#include "espeak/EspeakVoice.h"
+#include "espeak/EspeakEngine.h"
+#include "linux/sound/SoundDevice.h"
 #include "linux/speechd/SpeechdBackend.h"
+#include "voice/EngineBackend.h"
+#include "voice/QueuedVoice.h"
 
 namespace brenwick {
 namespace {
@@ -51,10 +54,15 @@ void AskForVoices(const std::string& file) {
 void EventToEnd(benchmark::State& state) {
   const std::string file = std::filesystem::temp_directory_path() / "brenwick-bench-voices";
   AskForVoices(file);
-  EspeakVoice::Others others;
-  others.push_back(std::make_unique<SpeechdBackend>(SpeechdOptions{
+  auto engine = std::make_unique<EspeakEngine>();
+  auto output = std::make_unique<SoundDevice>(engine->SampleRate());
+  QueuedVoice::Backends backends;
+  backends.push_back(std::make_unique<EngineBackend>(
+      std::move(engine), std::move(output),
+      EngineBackendOptions{.name = kEspeakName, .locale = "en_US.UTF-8"}));
+  backends.push_back(std::make_unique<SpeechdBackend>(SpeechdOptions{
       .address = SpeechdAddressOfSession(), .locale = "en_US.UTF-8", .memory = file}));
-  EspeakVoice voice({.locale = "en_US.UTF-8"}, std::move(others));
+  QueuedVoice voice(std::move(backends));
   Stage stage(voice);
   const std::size_t last = voice.GetVoices().size() - 1;
   stage.Form().cmbVoiceFemale.SetListIndex(static_cast<int>(last));

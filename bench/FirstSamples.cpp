@@ -10,8 +10,9 @@
 
 #include "Stage.h"
 #include "espeak/EspeakEngine.h"
-#include "espeak/EspeakVoice.h"
 #include "linux/engine/EngineProcess.h"
+#include "voice/EngineBackend.h"
+#include "voice/QueuedVoice.h"
 
 namespace brenwick {
 namespace {
@@ -92,9 +93,11 @@ std::unique_ptr<SpeechEngine> MakeEngine(bool process) {
 }
 
 void EventToFirstSamples(benchmark::State& state) {
-  EspeakVoice voice({.locale = "en_GB.UTF-8",
-                     .engine = [&] { return MakeEngine(state.range(0) == 1); },
-                     .output = [](int) { return std::make_unique<WatchedOutput>(); }});
+  QueuedVoice::Backends backends;
+  backends.push_back(std::make_unique<EngineBackend>(
+      MakeEngine(state.range(0) == 1), std::make_unique<WatchedOutput>(),
+      EngineBackendOptions{.name = kEspeakName, .locale = "en_GB.UTF-8"}));
+  QueuedVoice voice(std::move(backends));
   Stage stage(voice);
   stage.Form().cmbVoiceFemale.SetListIndex(1);
   stage.Form().chkDebug.SetTicked(true);

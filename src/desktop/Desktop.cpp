@@ -5,15 +5,15 @@
 #include <QFileInfo>
 #include <cstdlib>
 
+#include "app/FirstChoices.h"
 #include "desktop/LostDisplay.h"
-#include "espeak/EspeakVoice.h"
 #include "linux/BusConnection.h"
-#include "linux/FirstVoices.h"
 #include "linux/XdgFolders.h"
 #include "linux/engine/EngineProcess.h"
+#include "linux/sound/SoundDevice.h"
 #include "linux/speechd/SpeechdBackend.h"
 #include "qt/TellUser.h"
-#include "voice/AbsentVoice.h"
+#include "voice/EngineBackend.h"
 
 namespace brenwick {
 namespace {
@@ -48,38 +48,44 @@ std::string EngineProgram() {
 
 void Warn(const std::string& message) { qWarning("%s", message.c_str()); }
 
-// changed: called on any thread when one of those who speak is in another state.
-EspeakVoice::Others MakeOtherSpeakers(const std::function<void()>& changed) {
-  EspeakVoice::Others others;
-  others.push_back(std::make_unique<SpeechdBackend>(
+// changed: called on any thread when a backend is in another state.
+std::unique_ptr<EngineBackend> MakeEngineBackend(const std::function<void()>& changed) {
+  auto engine = std::make_unique<EngineProcess>(EngineProgram(), Warn);
+  auto output = std::make_unique<SoundDevice>(engine->SampleRate());
+  return std::make_unique<EngineBackend>(
+      std::move(engine), std::move(output),
+      EngineBackendOptions{.name = "eSpeak NG",
+                           .locale = Locale(),
+                           .no_sound = [] { Warn(EngineBackend::kNoSound); },
+                           .changed = changed});
+}
+
+std::unique_ptr<SpeechdBackend> MakeSpeechdBackend(const std::function<void()>& changed) {
+  return std::make_unique<SpeechdBackend>(
       SpeechdOptions{.address = SpeechdAddressOfSession(),
                      .locale = Locale(),
                      .memory = XdgStateHome() + "/brenwick/speech-dispatcher-voices",
                      .tell = Warn,
-                     .changed = changed}));
-  return others;
+                     .changed = changed});
 }
 
-// A second start ends before it speaks; the engine would be loaded for nothing.
-std::unique_ptr<SpVoice> MakeVoice(bool first, RegistryStore& store,
+// A second start ends before it speaks; the engine would be started for nothing.
+QueuedVoice::Backends MakeBackends(bool first, RegistryStore& store,
                                    const std::function<void()>& changed) {
-  if (!first) return std::make_unique<AbsentVoice>();
-  const EspeakOptions options{
-      .locale = Locale(),
-      .no_sound = [] { Warn(EspeakBackend::kNoSound); },
-      .changed = changed,
-      .engine = [] { return std::make_unique<EngineProcess>(EngineProgram(), Warn); }};
-  auto voice = std::make_unique<EspeakVoice>(options, MakeOtherSpeakers(changed));
-  StoreFirstVoices(store, voice->Preferred());
-  return voice;
+  QueuedVoice::Backends backends;
+  if (!first) return backends;
+  auto engine = MakeEngineBackend(changed);
+  const VoicePair preferred = engine->Preferred();
+  StoreFirstChoices(store, preferred.male, preferred.female);
+  backends.push_back(std::move(engine));
+  backends.push_back(MakeSpeechdBackend(changed));
+  return backends;
 }
 
-DesktopConnections::SpeechEngines EnginesOf(SpVoice& voice) {
-  auto* queued = dynamic_cast<QueuedVoice*>(&voice);
-  if (queued == nullptr) return {};
-  return {[queued] { return queued->Engines(); },
-          [queued](std::size_t index, const std::string& sentence) {
-            queued->TestEngine(index, sentence);
+DesktopConnections::SpeechEngines EnginesOf(QueuedVoice& voice) {
+  return {[&voice] { return voice.Engines(); },
+          [&voice](std::size_t index, const std::string& sentence) {
+            voice.TestEngine(index, sentence);
           }};
 }
 
@@ -90,18 +96,18 @@ Desktop::Desktop(Instance& instance, const std::string& commandLine, bool first)
       ini_(DefaultStoreFile(), clock_, TellUser),
       store_(ini_, XdgConfigHome() + "/autostart/brenwick.desktop",
              QCoreApplication::applicationFilePath().toStdString()),
-      voice_(MakeVoice(first, store_, [this] { SpeechIsAnother(); })),
+      voice_(MakeBackends(first, store_, [this] { SpeechIsAnother(); })),
       watch_(end_),
       purple_(end_, QDBusConnection::sessionBus()),
       notifications_(SessionBusAddress(), store_, watch_),
       feed_(end_, QDBusConnection::sessionBus(), SessionBusAddress()),
       messenger_({&purple_, &notifications_, &feed_}),
-      connections_(messenger_, notifications_, purple_, EnginesOf(*voice_), store_),
+      connections_(messenger_, notifications_, purple_, EnginesOf(voice_), store_),
       screen_(end_),
       tray_(end_),
       loop_(end_),
       system_(commandLine, first),
-      program_(messenger_, *voice_, connections_, store_, screen_, tray_, loop_, clock_, folders_,
+      program_(messenger_, voice_, connections_, store_, screen_, tray_, loop_, clock_, folders_,
                system_),
       views_(end_),
       window_(program_.Form(), views_),
@@ -139,7 +145,7 @@ void Desktop::Run() {
   }
 }
 
-// On a thread of those who speak.
+// On any thread.
 void Desktop::SpeechIsAnother() {
   QMetaObject::invokeMethod(
       &speech_news_,
@@ -169,7 +175,7 @@ void Desktop::Do(Verb verb, int repeat) {
       tray_.MouseMessage(kLeftButtonUp);
       break;
     case Verb::Stop:
-      voice_->Speak("", SVSFPurgeBeforeSpeak);
+      voice_.Speak("", SVSFPurgeBeforeSpeak);
       break;
     case Verb::Repeat:
       form.ocxSpeakMsg1.at(static_cast<std::size_t>(repeat - 1)).HotkeyPressed();

@@ -31,6 +31,7 @@
 #include "qt/views/TimerDriver.h"
 #include "qt/views/Views.h"
 #include "sources/SourceHub.h"
+#include "voice/QueuedVoice.h"
 
 namespace brenwick {
 
@@ -54,7 +55,7 @@ class Desktop {
   AutostartStore store_;
   // Receives what the voice posts, and drops what is still posted when it ends.
   QObject speech_news_;
-  std::unique_ptr<SpVoice> voice_;
+  QueuedVoice voice_;
   SocketWatch watch_;
   PurpleMessenger purple_;
   NotificationMessenger notifications_;

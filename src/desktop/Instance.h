@@ -7,7 +7,7 @@
 #include <functional>
 #include <memory>
 
-#include "desktop/DesktopOptions.h"
+#include "app/CommandLine.h"
 
 namespace brenwick {
 

@@ -2,9 +2,9 @@
 #include <QMessageBox>
 #include <iostream>
 
+#include "app/CommandLine.h"
 #include "base/ProgramState.h"
 #include "desktop/Desktop.h"
-#include "desktop/DesktopOptions.h"
 
 namespace brenwick {
 namespace {
@@ -13,7 +13,7 @@ enum ExitStatus { kDone = 0, kFailed = 1, kWrong = 2 };
 
 constexpr const char* kSilent = "brenwick: the Brenwick that is running does not answer\n";
 
-int AskTheOther(const DesktopOptions& options) {
+int AskTheOther(const CommandLineOptions& options) {
   switch (Instance::Ask(options.verb, options.repeat)) {
     case Instance::Answer::Done:
       return kDone;
@@ -27,7 +27,7 @@ int AskTheOther(const DesktopOptions& options) {
   return kFailed;
 }
 
-int RunDesktop(const DesktopOptions& options) {
+int RunDesktop(const CommandLineOptions& options) {
   Instance instance;
   const bool first = instance.Claim();
   const auto shown = first ? Instance::Answer::Done : Instance::Ask(Verb::Show, 1);
@@ -44,7 +44,7 @@ int RunDesktop(const DesktopOptions& options) {
 }
 
 // A user who starts the program from a menu sees no terminal.
-int RunDesktopOrTell(const DesktopOptions& options) {
+int RunDesktopOrTell(const CommandLineOptions& options) {
   try {
     return RunDesktop(options);
   } catch (const std::exception& failure) {
@@ -55,9 +55,9 @@ int RunDesktopOrTell(const DesktopOptions& options) {
 }
 
 int Main(int& count, char** values) {
-  const DesktopOptions options = ParseDesktopOptions({values + 1, values + count});
+  const CommandLineOptions options = ParseCommandLine({values + 1, values + count});
   if (options.help) {
-    std::cout << kDesktopHelp;
+    std::cout << kCommandLineHelp;
     return kDone;
   }
   if (options.version) {

@@ -7,6 +7,7 @@
 #include <cmath>
 
 #include "base/Failure.h"
+#include "espeak/EspeakLanguages.h"
 
 namespace brenwick {
 namespace {
@@ -57,8 +58,8 @@ EspeakEngine::EspeakEngine() : sample_rate_(StartedLibrary()) {
 
 EspeakEngine::~EspeakEngine() { engine_in_use = false; }
 
-std::vector<EspeakVoiceEntry> EspeakEngine::Voices(const std::string& locale) {
-  return ArrangedVoices(InstalledLanguages(), locale);
+std::vector<EngineVoice> EspeakEngine::Voices(const std::string& locale) {
+  return EngineVoicesFor(locale, kEspeakName, InstalledLanguages());
 }
 
 void EspeakEngine::Use(const std::string& voice, int rate, int volume) {
@@ -77,7 +78,7 @@ void EspeakEngine::Use(const std::string& voice, int rate, int volume) {
 void EspeakEngine::Say(const std::string& piece, const Listener& listener) {
   listener_ = &listener;
   if (stretching_speed_ < 1) slow_.emplace(sample_rate_, stretching_speed_);
-  // Never espeakSSML and never espeakPHONEMES: see EspeakText.h.
+  // Never espeakSSML and never espeakPHONEMES: see SpeakableText.h.
   constexpr unsigned kFlags = espeakCHARS_UTF8 | espeakENDPAUSE;
   const espeak_ERROR result =
       espeak_Synth(piece.c_str(), piece.size() + 1, 0, POS_CHARACTER, 0, kFlags, nullptr, this);

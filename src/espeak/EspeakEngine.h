@@ -12,6 +12,9 @@
 
 namespace brenwick {
 
+// What people call the engine.
+inline constexpr const char* kEspeakName = "eSpeak NG";
+
 class EspeakEngine : public SpeechEngine {
  public:
   // Raises kFileNotFound where the engine's data are missing, and kInvalidCall while there is
@@ -20,7 +23,7 @@ class EspeakEngine : public SpeechEngine {
   ~EspeakEngine() override;
 
   int SampleRate() const override { return sample_rate_; }
-  std::vector<EspeakVoiceEntry> Voices(const std::string& locale) override;
+  std::vector<EngineVoice> Voices(const std::string& locale) override;
   void Use(const std::string& voice, int rate, int volume) override;
   void Say(const std::string& piece, const Listener& listener) override;
 

@@ -13,7 +13,6 @@
 #include "base/Text.h"
 #include "files/AtomicFile.h"
 #include "files/IniFormat.h"
-#include "linux/XdgFolders.h"
 
 namespace brenwick {
 namespace {
@@ -50,8 +49,6 @@ RegistryValue RepairedValue(const RegistryValue& value) {
 }
 
 }  // namespace
-
-std::string DefaultStoreFile() { return XdgConfigHome() + "/brenwick/store.ini"; }
 
 // The links on the way are followed once, so that backup and lock lie beside the file itself.
 IniStore::IniStore(const std::string& file, Clock& clock, Tell tell, FileCalls& calls)

@@ -14,9 +14,6 @@
 
 namespace brenwick {
 
-// brenwick/store.ini among the user's settings.
-std::string DefaultStoreFile();
-
 // Each change is on the disk when its call returns; the version before it is in the file's name +
 // ".bak". A change that changes nothing leaves the file alone. Keys, names and texts are repaired
 // to valid UTF-8 on their way in.

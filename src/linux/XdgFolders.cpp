@@ -59,6 +59,8 @@ std::string HomeFolder() {
 
 std::string XdgConfigHome() { return FolderOrIn("XDG_CONFIG_HOME", "/.config"); }
 
+std::string DefaultStoreFile() { return XdgConfigHome() + "/brenwick/store.ini"; }
+
 std::string XdgStateHome() { return FolderOrIn("XDG_STATE_HOME", "/.local/state"); }
 
 std::string XdgDocumentsFolder() {

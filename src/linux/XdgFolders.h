@@ -13,6 +13,9 @@ std::string HomeFolder();
 // $XDG_CONFIG_HOME, or ~/.config where that is missing or no absolute path.
 std::string XdgConfigHome();
 
+// The file of the settings store: brenwick/store.ini among the user's settings.
+std::string DefaultStoreFile();
+
 // $XDG_STATE_HOME, or ~/.local/state: for what a program remembers and no user edits.
 std::string XdgStateHome();
 

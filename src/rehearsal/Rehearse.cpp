@@ -12,13 +12,14 @@
 #include <stdexcept>
 #include <system_error>
 
-#include "espeak/EspeakVoice.h"
 #include "files/IniStore.h"
 #include "rehearsal/Interruption.h"
 #include "rehearsal/PlainText.h"
 #include "rehearsal/ReadableTranscript.h"
+#include "rehearsal/RealVoice.h"
 #include "rehearsal/RehearsalFolders.h"
 #include "rehearsal/ScratchFolder.h"
+#include "voice/EngineBackend.h"
 
 namespace brenwick {
 namespace {
@@ -44,15 +45,14 @@ std::string ProgramFolder(const RehearsalOptions& options) {
   return folder;
 }
 
-std::unique_ptr<EspeakVoice> MakeEngine(const RehearsalOptions& options, std::ostream& errors) {
+std::unique_ptr<QueuedVoice> MakeEngine(const RehearsalOptions& options, std::ostream& errors) {
   if (!options.real_voice) return nullptr;
-  auto engine =
-      std::make_unique<EspeakVoice>(EspeakOptions{Locale(), options.wav, options.realtime});
-  if (!engine->HasSound()) errors << EspeakBackend::kNoSound << '\n';
+  auto engine = MakeRealVoice({Locale(), options.wav, options.realtime});
+  if (!engine->HasSound()) errors << EngineBackend::kNoSound << '\n';
   return engine;
 }
 
-void WaitUntilSilent(EspeakVoice* engine) {
+void WaitUntilSilent(QueuedVoice* engine) {
   constexpr std::chrono::milliseconds kSlice{100};
   constexpr int kSlices = 6000;
   if (engine == nullptr) return;

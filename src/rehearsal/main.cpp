@@ -1,8 +1,8 @@
 #include <iostream>
 
-#include "espeak/EspeakVoice.h"
 #include "rehearsal/Interruption.h"
 #include "rehearsal/PlainText.h"
+#include "rehearsal/RealVoice.h"
 #include "rehearsal/Rehearse.h"
 
 namespace brenwick {
@@ -23,7 +23,7 @@ ExitStatus Main(const std::vector<std::string>& arguments) {
     return kDone;
   }
   if (options.sound_device) {
-    return EspeakVoice(EspeakOptions{Locale()}).HasSound() ? kDone : kMissing;
+    return MakeRealVoice({Locale()})->HasSound() ? kDone : kMissing;
   }
   NoteInterruptions();
   return Rehearse(options, std::cout, std::cerr);

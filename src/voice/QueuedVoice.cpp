@@ -8,38 +8,37 @@
 namespace brenwick {
 namespace {
 
-std::vector<SpeechBackend*> Pointers(const std::vector<std::unique_ptr<SpeechBackend>>& speakers) {
+std::vector<SpeechBackend*> Pointers(const QueuedVoice::Backends& backends) {
   std::vector<SpeechBackend*> pointers;
-  pointers.reserve(speakers.size());
-  for (const auto& speaker : speakers) pointers.push_back(speaker.get());
+  pointers.reserve(backends.size());
+  for (const auto& backend : backends) pointers.push_back(backend.get());
   return pointers;
 }
 
 }  // namespace
 
-QueuedVoice::QueuedVoice(std::vector<std::unique_ptr<SpeechBackend>> speakers)
-    : speakers_(std::move(speakers)), queue_(Pointers(speakers_)) {
+QueuedVoice::QueuedVoice(Backends backends)
+    : backends_(std::move(backends)), queue_(Pointers(backends_)) {
   ListVoices();
 }
 
 void QueuedVoice::ListVoices() {
-  SpeechBackend* const first = speakers_.front().get();
-  for (const auto& speaker : speakers_) {
-    const std::vector<std::string>& voices = speaker->Voices();
+  for (const auto& backend : backends_) {
+    const std::vector<std::string>& voices = backend->Voices();
     descriptions_.insert(descriptions_.end(), voices.begin(), voices.end());
     for (std::size_t voice = 0; voice < voices.size(); ++voice) {
-      Place place{speaker.get(), voice, nullptr, 0};
-      if (speaker.get() != first) {
-        place.stand_in = first;
-        place.stand_in_voice = first->VoiceFor(LanguageTag(speaker->Language(voice)));
+      ListedVoice listed{backend.get(), voice, nullptr, 0};
+      if (backend != backends_.front()) {
+        listed.stand_in = backends_.front().get();
+        listed.stand_in_voice = listed.stand_in->VoiceFor(LanguageTag(backend->Language(voice)));
       }
-      places_.push_back(place);
+      voices_.push_back(listed);
     }
   }
 }
 
 void QueuedVoice::SetVoice(std::size_t index) {
-  if (index >= places_.size()) throw Failure(kInvalidCall);
+  if (index >= voices_.size()) throw Failure(kInvalidCall);
   voice_ = index;
 }
 
@@ -54,34 +53,39 @@ void QueuedVoice::SetVolume(int volume) {
 }
 
 void QueuedVoice::Speak(const std::string& text, int flags) {
-  for (const auto& speaker : speakers_) speaker->ExpectSpeech();
+  for (const auto& backend : backends_) backend->ExpectSpeech();
   if ((flags & SVSFPurgeBeforeSpeak) != 0) queue_.Purge();
-  if (text.empty() || places_.empty()) return;
-  const Place& place = places_[voice_];
-  Sentence sentence{text,     (flags & SVSFIsXML) != 0, place.speaker,
-                    prosody_, place.stand_in,           prosody_};
-  sentence.prosody.voice = place.voice;
-  sentence.stand_in_prosody.voice = place.stand_in_voice;
+  if (text.empty() || voices_.empty()) return;
+  const ListedVoice& listed = voices_[voice_];
+  Sentence sentence{text,     (flags & SVSFIsXML) != 0, listed.backend,
+                    prosody_, listed.stand_in,          prosody_};
+  sentence.prosody.voice = listed.voice;
+  sentence.stand_in_prosody.voice = listed.stand_in_voice;
   queue_.Add(std::move(sentence));
+}
+
+bool QueuedVoice::HasSound() {
+  queue_.WaitUntilPrepared();
+  return !backends_.empty() && backends_.front()->State().State == ConnectionState::Attached;
 }
 
 std::vector<Connection> QueuedVoice::Engines() const {
   std::vector<Connection> engines;
-  for (const auto& speaker : speakers_) engines.push_back(speaker->State());
+  for (const auto& backend : backends_) engines.push_back(backend->State());
   return engines;
 }
 
 void QueuedVoice::TestEngine(std::size_t index, const std::string& sentence) {
-  SpeechBackend& speaker = *speakers_.at(index);
+  SpeechBackend& backend = *backends_.at(index);
   Prosody prosody = prosody_;
   prosody.voice.reset();
   prosody.try_anyway = true;
-  if (!places_.empty() && places_[voice_].speaker == &speaker) {
-    prosody.voice = places_[voice_].voice;
-  } else if (!speaker.Voices().empty()) {
+  if (!voices_.empty() && voices_[voice_].backend == &backend) {
+    prosody.voice = voices_[voice_].voice;
+  } else if (!backend.Voices().empty()) {
     prosody.voice = 0;
   }
-  queue_.Add({.text = sentence, .speaker = &speaker, .prosody = prosody});
+  queue_.Add({.text = sentence, .speaker = &backend, .prosody = prosody});
 }
 
 }  // namespace brenwick

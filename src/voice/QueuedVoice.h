@@ -1,4 +1,5 @@
-// A voice that has its sentences said by speakers, one behind the other, on a thread of its own.
+// The voice of the program: it has sentences said by its backends, one after the other, on a thread
+// of its own.
 #pragma once
 
 #include <chrono>
@@ -14,9 +15,12 @@ namespace brenwick {
 
 class QueuedVoice : public SpVoice {
  public:
-  // The list of voices is that of the first speaker, then that of the second, and so on. What
-  // another speaker fails to say, the first one says in the nearest language it has.
-  explicit QueuedVoice(std::vector<std::unique_ptr<SpeechBackend>> speakers);
+  using Backends = std::vector<std::unique_ptr<SpeechBackend>>;
+
+  // The list of voices is that of the first backend, then that of the second, and so on. What
+  // another backend fails to say, the first one says in the nearest language it has. Without any
+  // backend the voice has an empty list and passes over every sentence.
+  explicit QueuedVoice(Backends backends);
 
   const std::vector<std::string>& GetVoices() override { return descriptions_; }
   void SetVoice(std::size_t index) override;
@@ -35,20 +39,19 @@ class QueuedVoice : public SpVoice {
     return queue_.WaitUntilSilent(timeout);
   }
 
-  // What speaks, and how each of them is.
+  // Waits until the backends are prepared, and tells whether the first one can be heard.
+  bool HasSound();
+
+  // The backends, and how each of them is.
   std::vector<Connection> Engines() const;
-  // Speaks the sentence with this one alone, behind what is being said: where it fails, nobody
+  // Speaks the sentence with this backend alone, behind what is being said: where it fails, none
   // stands in.
   void TestEngine(std::size_t index, const std::string& sentence);
 
- protected:
-  SpeechBackend& First() { return *speakers_.front(); }
-  SpeechQueue& Queue() { return queue_; }
-
  private:
-  // A place in the list.
-  struct Place {
-    SpeechBackend* speaker;
+  // A voice of the list: which backend's it is, and which voice of the first backend stands in.
+  struct ListedVoice {
+    SpeechBackend* backend;
     std::size_t voice;
     SpeechBackend* stand_in;
     std::size_t stand_in_voice;
@@ -56,12 +59,12 @@ class QueuedVoice : public SpVoice {
 
   void ListVoices();
 
-  const std::vector<std::unique_ptr<SpeechBackend>> speakers_;
+  const Backends backends_;
   std::vector<std::string> descriptions_;
-  std::vector<Place> places_;
+  std::vector<ListedVoice> voices_;
   std::size_t voice_ = 0;
   Prosody prosody_;
-  // The last, so that its thread has ended when the speakers go.
+  // The last member, so that its thread has ended when the backends go.
   SpeechQueue queue_;
 };
 

@@ -1,4 +1,4 @@
-// What makes speech of text, as the queue of EspeakVoice uses it: on one thread, piece by piece.
+// Makes speech of text, piece by piece.
 #pragma once
 
 #include <cstdint>
@@ -7,14 +7,16 @@
 #include <string>
 #include <vector>
 
-#include "espeak/EspeakVoices.h"
+#include "voice/EngineVoices.h"
 
 namespace brenwick {
 
+// An EngineBackend owns the engine. SampleRate and Voices are called on the thread that makes the
+// backend, all others on the thread that speaks, never two at once.
 class SpeechEngine {
  public:
   // Receives the samples as they are made, mono; false ends the speech. An empty block asks whether
-  // to go on.
+  // to go on. It is called on the thread that speaks, within Say, and does not throw.
   using Listener = std::function<bool(std::span<const std::int16_t>)>;
 
   SpeechEngine() = default;
@@ -22,19 +24,22 @@ class SpeechEngine {
   SpeechEngine& operator=(const SpeechEngine&) = delete;
   virtual ~SpeechEngine() = default;
 
-  // Samples a second.
+  // Samples a second, the same for as long as the engine lives. Does not throw.
   virtual int SampleRate() const = 0;
-  // In the order of ArrangedVoices.
-  virtual std::vector<EspeakVoiceEntry> Voices(const std::string& locale) = 0;
 
-  // What the coming texts are spoken with: an identifier from Voices(), −10..10, 0..100.
+  // In the order of EngineVoicesFor. Raises a Failure where the engine does not list them.
+  virtual std::vector<EngineVoice> Voices(const std::string& locale) = 0;
+
+  // What the coming texts are spoken with: an identifier from Voices(), −10..10, 0..100. Does not
+  // throw; a voice that the engine does not know leaves the former one.
   virtual void Use(const std::string& voice, int rate, int volume) = 0;
 
   // Speaks a text, which NextPiece has made, and returns when the listener has had all of it or
-  // has returned false. Between two texts there is the pause between two sentences.
+  // has returned false. Between two texts there is the pause between two sentences. What the
+  // engine cannot speak is left out; only a lack of memory throws.
   virtual void Say(const std::string& piece, const Listener& listener) = 0;
 
-  // Nothing was said for a while.
+  // Called when nothing was said for a while. Does not throw.
   virtual void Rest() {}
 };
 

@@ -24,6 +24,7 @@ class WavFile final : public SoundOutput {
   // False from the first write that fails, such as on a full disk, and at 4 GB, where the
   // format's own numbers end.
   bool Ready() override { return !failed_; }
+  bool MayComeBack() const override { return false; }
   std::size_t Write(std::span<const std::int16_t> samples) override;
   void Cut() override;
   std::chrono::milliseconds Finish() override;

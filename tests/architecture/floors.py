@@ -89,9 +89,8 @@ HALVES = {"-posix.cpp": "POSIX", "-win32.cpp": "Windows"}
 KNOWN = {
     *((room, "forms") for room in ("contacts", "language", "logging", "messenger", "speech", "web")),
     ("forms", "platform"),
-    ("espeak", "linux/sound"), ("voice", "espeak"), ("files", "linux"), ("linux", "espeak"),
     ("files", "POSIX"), ("voice", "POSIX"),
-    ("rehearsal", "POSIX"), ("rehearsal", "espeak"),
+    ("rehearsal", "POSIX"), *(("rehearsal", room) for room in ("espeak", "voice", "linux/sound")),
 }
 
 MOST_LINES = 400

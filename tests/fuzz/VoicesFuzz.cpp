@@ -27,7 +27,7 @@ bool IsAmong(const Listings& listings, const SpeechdVoiceEntry& entry) {
 }
 
 void CheckShown(const Listings& listings) {
-  const auto shown = ArrangedVoices(listings, "de_AT.UTF-8");
+  const auto shown = SpeechdVoicesFor(listings, "de_AT.UTF-8");
   std::set<std::string> descriptions;
   for (const SpeechdVoiceEntry& entry : shown) {
     Expect(IsLine(entry.description) && !entry.description.empty(), "a voice is shown on a line");
@@ -35,7 +35,7 @@ void CheckShown(const Listings& listings) {
     Expect(!entry.name.empty() && IsAmong(listings, entry), "a voice is one that the server has");
   }
   Listings backwards(listings.rbegin(), listings.rend());
-  Expect(ArrangedVoices(backwards, "de_AT.UTF-8") == shown, "the server's order does not matter");
+  Expect(SpeechdVoicesFor(backwards, "de_AT.UTF-8") == shown, "the server's order does not matter");
 }
 
 void CheckCondensed(const Listings& listings) {

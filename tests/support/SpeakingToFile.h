@@ -3,24 +3,27 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <memory>
 #include <string>
+#include <utility>
 
-#include "espeak/EspeakVoice.h"
+#include "espeak/EspeakEngine.h"
+#include "support/EngineVoiceParts.h"
 #include "support/Sound.h"
 #include "support/TemporaryFolder.h"
+#include "voice/QueuedVoice.h"
+#include "voice/WavFile.h"
 
 namespace brenwick {
 
 // The folder is a base class so that it is there before the voice and goes after it.
-class SpeakingToFile : private TemporaryFolder, public EspeakVoice {
+class SpeakingToFile : private TemporaryFolder, public QueuedVoice {
  public:
-  explicit SpeakingToFile(const std::string& locale = "en_GB.UTF-8", bool as_heard = false)
-      : EspeakVoice({locale, Inside("speech.wav"), as_heard}) {}
-  using MakeEngine = std::function<std::unique_ptr<SpeechEngine>()>;
-  explicit SpeakingToFile(MakeEngine engine)
-      : EspeakVoice({.locale = "en_GB.UTF-8",
-                     .wav_file = Inside("speech.wav"),
-                     .engine = std::move(engine)}) {}
+  explicit SpeakingToFile(WavFile::Pace pace = WavFile::Pace::kAtOnce)
+      : SpeakingToFile(std::make_unique<EspeakEngine>(), pace) {}
+  explicit SpeakingToFile(std::unique_ptr<SpeechEngine> engine,
+                          WavFile::Pace pace = WavFile::Pace::kAtOnce)
+      : QueuedVoice(IntoFile(std::move(engine), Inside("speech.wav"), pace)) {}
 
   std::filesystem::path Folder() const { return Path(); }
 
@@ -35,6 +38,12 @@ class SpeakingToFile : private TemporaryFolder, public EspeakVoice {
   }
 
  private:
+  static Backends IntoFile(std::unique_ptr<SpeechEngine> engine, const std::filesystem::path& file,
+                           WavFile::Pace pace) {
+    auto output = std::make_unique<WavFile>(file, engine->SampleRate(), pace);
+    return WithEngine(std::move(engine), std::move(output));
+  }
+
   std::filesystem::path File() const { return Inside("speech.wav"); }
   void AwaitSilence();
   std::size_t SamplesSoFar();

@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
-#include "espeak/EspeakVoice.h"
 #include "linux/speechd/SpeechdBackend.h"
+#include "support/EngineVoiceParts.h"
 #include "support/PrivateSpeechd.h"
 
 namespace brenwick {
@@ -21,8 +21,8 @@ class NotingEngine : public SpeechEngine {
   explicit NotingEngine(std::string file) : file_(std::move(file)) {}
 
   int SampleRate() const override { return 22'050; }
-  std::vector<EspeakVoiceEntry> Voices(const std::string&) override {
-    return {{"English", "gmw/en", false}, {"German", "gmw/de", false}};
+  std::vector<EngineVoice> Voices(const std::string&) override {
+    return {{"English", "gmw/en", "en"}, {"German", "gmw/de", "de"}};
   }
   void Use(const std::string& voice, int, int) override { voice_ = voice; }
   void Say(const std::string& piece, const Listener& listener) override {
@@ -42,7 +42,7 @@ class SilentOutput : public SoundOutput {
   std::chrono::milliseconds Finish() override { return {}; }
 };
 
-class SpeechdVoice : public EspeakVoice {
+class SpeechdVoice : public QueuedVoice {
  public:
   // It asks a server that has failed again at once.
   explicit SpeechdVoice(const PrivateSpeechd& server,
@@ -81,17 +81,14 @@ class SpeechdVoice : public EspeakVoice {
 
   SpeechdVoice(const PrivateSpeechd& server, const SpeechdAddress& address,
                const SpeechdPatience& patience, const std::shared_ptr<Notes>& notes)
-      : EspeakVoice({.locale = "en_US.UTF-8",
-                     .engine = [file = server.Inside(
-                                    "said")] { return std::make_unique<NotingEngine>(file); },
-                     .output = [](int) { return std::make_unique<SilentOutput>(); }},
-                    Others(server, address, patience, notes)),
+      : QueuedVoice(WithEngine(std::make_unique<NotingEngine>(server.Inside("said")),
+                               std::make_unique<SilentOutput>(), "en_US.UTF-8",
+                               Others(server, address, patience, notes))),
         notes_(notes) {}
 
-  static EspeakVoice::Others Others(const PrivateSpeechd& server, const SpeechdAddress& address,
-                                    const SpeechdPatience& patience,
-                                    const std::shared_ptr<Notes>& notes) {
-    EspeakVoice::Others others;
+  static Backends Others(const PrivateSpeechd& server, const SpeechdAddress& address,
+                         const SpeechdPatience& patience, const std::shared_ptr<Notes>& notes) {
+    Backends others;
     others.push_back(std::make_unique<SpeechdBackend>(
         SpeechdOptions{.address = address,
                        .locale = "en_US.UTF-8",

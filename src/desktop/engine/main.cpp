@@ -15,10 +15,11 @@
 namespace brenwick {
 namespace {
 
-std::string Listed(const std::vector<EspeakVoiceEntry>& voices) {
+std::string Listed(const std::vector<EngineVoice>& voices) {
   std::string lines;
-  for (const EspeakVoiceEntry& voice : voices) {
-    lines += voice.identifier + '\t' + voice.description + '\t' + (voice.female ? 'f' : 'm') + '\n';
+  for (const EngineVoice& voice : voices) {
+    lines += voice.identifier + '\t' + voice.language + '\t' + voice.description + '\t' +
+             (voice.female ? 'f' : 'm') + '\n';
   }
   return lines;
 }

@@ -13,7 +13,8 @@ enum class EngineWord : char {
   // From the engine's process when it has started: the samples a second, or why it cannot speak.
   Ready = 'R',
   Failed = 'F',
-  // A question and its answer: the voices for a locale, each "identifier \t description \t f or m".
+  // A question and its answer: the voices for a locale, each
+  // "identifier \t language \t description \t f or m".
   Voices = 'V',
   // "voice \n rate \n volume" for the texts to come; no answer.
   Use = 'U',

@@ -92,19 +92,20 @@ EngineProcess::Outcome EngineProcess::StartAgain(const Listener& listener) {
   return socket_->Take().word == EngineWord::Ready ? Outcome::Done : Outcome::Failed;
 }
 
-std::vector<EspeakVoiceEntry> EngineProcess::Voices(const std::string& locale) {
+std::vector<EngineVoice> EngineProcess::Voices(const std::string& locale) {
   socket_->Send(EngineWord::Voices, locale);
   if (Await(steady_clock::now() + kTimeToStart, AlwaysListening) != Outcome::Done) {
     CannotSpeak("The speech engine " + program_ + " does not list its voices");
   }
-  std::vector<EspeakVoiceEntry> voices;
+  std::vector<EngineVoice> voices;
   std::istringstream lines(socket_->Take().content);
   std::string identifier;
+  std::string language;
   std::string description;
   std::string kind;
-  while (std::getline(lines, identifier, '\t') && std::getline(lines, description, '\t') &&
-         std::getline(lines, kind)) {
-    voices.push_back({description, identifier, kind == "f"});
+  while (std::getline(lines, identifier, '\t') && std::getline(lines, language, '\t') &&
+         std::getline(lines, description, '\t') && std::getline(lines, kind)) {
+    voices.push_back({description, identifier, language, kind == "f"});
   }
   return voices;
 }

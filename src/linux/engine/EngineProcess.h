@@ -33,7 +33,7 @@ class EngineProcess : public SpeechEngine {
   ~EngineProcess() override;
 
   int SampleRate() const override { return sample_rate_; }
-  std::vector<EspeakVoiceEntry> Voices(const std::string& locale) override;
+  std::vector<EngineVoice> Voices(const std::string& locale) override;
   void Use(const std::string& voice, int rate, int volume) override;
   // Returns as soon as the listener wants no more, however busy the process is.
   void Say(const std::string& piece, const Listener& listener) override;

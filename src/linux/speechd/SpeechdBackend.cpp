@@ -83,7 +83,7 @@ SpeechdBackend::SpeechdBackend(SpeechdOptions options)
     detail_ = "It is not installed";
     return;
   }
-  voices_ = ArrangedVoices(memory_.Voices(), options_.locale);
+  voices_ = SpeechdVoicesFor(memory_.Voices(), options_.locale);
   for (const SpeechdVoiceEntry& voice : voices_) descriptions_.push_back(voice.description);
   memory_.Refresh();
 }

@@ -144,8 +144,8 @@ std::vector<SpeechdListing> CondensedVoices(std::vector<SpeechdListing> listings
   return condensed;
 }
 
-std::vector<SpeechdVoiceEntry> ArrangedVoices(std::vector<SpeechdListing> listings,
-                                              const std::string& locale) {
+std::vector<SpeechdVoiceEntry> SpeechdVoicesFor(std::vector<SpeechdListing> listings,
+                                                const std::string& locale) {
   std::vector<Candidate> candidates = Candidates(std::move(listings));
   const Names names = LanguageNames(candidates);
   const std::string wanted = LanguageTag(locale);

@@ -45,7 +45,7 @@ std::vector<SpeechdListing> CondensedVoices(std::vector<SpeechdListing> listings
 
 // The languages are in the order of the locale, as that of eSpeak NG's voices has them; no
 // description occurs twice.
-std::vector<SpeechdVoiceEntry> ArrangedVoices(std::vector<SpeechdListing> listings,
-                                              const std::string& locale);
+std::vector<SpeechdVoiceEntry> SpeechdVoicesFor(std::vector<SpeechdListing> listings,
+                                                const std::string& locale);
 
 }  // namespace brenwick

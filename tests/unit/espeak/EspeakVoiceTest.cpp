@@ -9,6 +9,7 @@
 #include <thread>
 
 #include "base/Failure.h"
+#include "rehearsal/RealVoice.h"
 #include "support/Sound.h"
 #include "support/SpeakingToFile.h"
 
@@ -139,7 +140,7 @@ TEST(EspeakVoice, SpeaksAllSentencesOfALongQueue) {
 }
 
 TEST(EspeakVoice, CutsOffWhatItSaysAndDropsTheQueueAtAPurge) {
-  SpeakingToFile voice("en_GB", true);
+  SpeakingToFile voice(WavFile::Pace::kAsHeard);
   for (int i = 0; i < 5; ++i) voice.Speak(LongText(), SVSFlagsAsync);
   AwaitSound(voice);
   voice.Speak("", kPurge);
@@ -171,8 +172,8 @@ TEST(EspeakVoice, IsSilentWhenItIsCreatedAndAfterAPurgeOfNothing) {
 TEST(EspeakVoice, EndsInTheMiddleOfASpeech) {
   const TemporaryFolder folder;
   {
-    EspeakVoice voice({"en_GB", folder.Inside("speech.wav"), true});
-    for (int i = 0; i < 5; ++i) voice.Speak(LongText(), SVSFlagsAsync);
+    const auto voice = MakeRealVoice({"en_GB", folder.Inside("speech.wav"), true});
+    for (int i = 0; i < 5; ++i) voice->Speak(LongText(), SVSFlagsAsync);
   }
   EXPECT_LT(Seconds(ReadWav(folder.Inside("speech.wav"))), 60);
 }
@@ -185,7 +186,7 @@ TEST(EspeakVoice, RefusesToBeTheSecondOneAtATime) {
 
 void ExpectRefusal(const std::filesystem::path& path, const std::string& reason) {
   try {
-    const EspeakVoice voice({"en_GB", path});
+    const auto voice = MakeRealVoice({"en_GB", path});
     ADD_FAILURE() << path << " was written";
   } catch (const Failure& failure) {
     EXPECT_EQ(failure.Number(), kPathFileAccess);
@@ -253,23 +254,23 @@ TEST(EspeakVoice, PlaysThroughTheDefaultSoundDevice) {
   const HomeWithSoundDevice home("type file; slave.pcm null; format raw; file \"" +
                                  played.string() + "\"");
   {
-    EspeakVoice voice({"en_GB"});
-    EXPECT_TRUE(voice.HasSound());
-    voice.Speak("Hello.", SVSFlagsAsync);
-    EXPECT_TRUE(voice.WaitUntilSilent(std::chrono::seconds(60)));
-    voice.Speak(kSentence, SVSFlagsAsync);
-    EXPECT_TRUE(voice.WaitUntilSilent(std::chrono::seconds(60)));
+    const auto voice = MakeRealVoice({"en_GB"});
+    EXPECT_TRUE(voice->HasSound());
+    voice->Speak("Hello.", SVSFlagsAsync);
+    EXPECT_TRUE(voice->WaitUntilSilent(std::chrono::seconds(60)));
+    voice->Speak(kSentence, SVSFlagsAsync);
+    EXPECT_TRUE(voice->WaitUntilSilent(std::chrono::seconds(60)));
   }
   EXPECT_GT(std::filesystem::file_size(played), 2 * 22'050 * 2.5);
 }
 
 TEST(EspeakVoice, GoesOnWithoutASoundDevice) {
   const HomeWithSoundDevice home("type hw; card 31");
-  EspeakVoice voice({"en_GB"});
-  EXPECT_FALSE(voice.HasSound());
-  EXPECT_NO_THROW(voice.Speak(kSentence, SVSFlagsAsync));
-  EXPECT_TRUE(voice.WaitUntilSilent(std::chrono::seconds(60)));
-  EXPECT_FALSE(voice.HasSound());
+  const auto voice = MakeRealVoice({"en_GB"});
+  EXPECT_FALSE(voice->HasSound());
+  EXPECT_NO_THROW(voice->Speak(kSentence, SVSFlagsAsync));
+  EXPECT_TRUE(voice->WaitUntilSilent(std::chrono::seconds(60)));
+  EXPECT_FALSE(voice->HasSound());
 }
 
 }  // namespace

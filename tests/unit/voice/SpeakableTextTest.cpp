@@ -23,12 +23,12 @@ std::vector<std::string> Pieces(const std::string& text) {
   return pieces;
 }
 
-TEST(EspeakText, KeepsAPlainTextAsItIs) {
+TEST(SpeakableText, KeepsAPlainTextAsItIs) {
   EXPECT_EQ(Plain("Grüße & <b>, &amp; [[x]] 😀"), "Grüße & <b>, &amp; [[x]] 😀");
   EXPECT_EQ(Plain(""), "");
 }
 
-TEST(EspeakText, LeavesOutControlCharactersAndNoncharacters) {
+TEST(SpeakableText, LeavesOutControlCharactersAndNoncharacters) {
   EXPECT_EQ(Plain("a\x01"
                   "b\x1F"
                   "c\x7F"
@@ -39,36 +39,36 @@ TEST(EspeakText, LeavesOutControlCharactersAndNoncharacters) {
   EXPECT_EQ(Plain("a\u00A0b\uFFFDc\uFDF0d"), "a\u00A0b\uFFFDc\uFDF0d");
 }
 
-TEST(EspeakText, MakesOneSpaceOfTabsSpacesAndLineEnds) {
+TEST(SpeakableText, MakesOneSpaceOfTabsSpacesAndLineEnds) {
   EXPECT_EQ(Plain("a\tb  \t c"), "a b c");
   EXPECT_EQ(Pieces("a\r\n\r\n b"), std::vector<std::string>{"a b"});
 }
 
-TEST(EspeakText, KeepsHyphensThatJoinAndMinusSigns) {
+TEST(SpeakableText, KeepsHyphensThatJoinAndMinusSigns) {
   for (const char* text : {"well-known", "a - b", "-5", "at -5", "555-1234", "Grün-weiß"}) {
     EXPECT_EQ(Plain(text), text);
   }
 }
 
-TEST(EspeakText, MakesASpaceOfAHyphenThatJoinsNothing) {
+TEST(SpeakableText, MakesASpaceOfAHyphenThatJoinsNothing) {
   EXPECT_EQ(Plain(",-a '-h \"-\u01A7 :-) (-5)"), ", a ' h \" \u01A7 : ) ( 5)");
   EXPECT_EQ(Plain("1-\u094B 1-a --"), "1 \u094B 1 a - ");
 }
 
-TEST(EspeakText, RepairsInvalidUtf8) {
+TEST(SpeakableText, RepairsInvalidUtf8) {
   EXPECT_EQ(Plain("a\xFF"
                   "b"),
             "a\uFFFDb");
   EXPECT_EQ(Plain("\xC0\xBC"), "\uFFFD\uFFFD");
 }
 
-TEST(EspeakText, TurnsWellFormedEntitiesIntoTheirCharacters) {
+TEST(SpeakableText, TurnsWellFormedEntitiesIntoTheirCharacters) {
   EXPECT_EQ(WithEntities("&amp;&lt;&gt;&quot;&apos;"), "&<>\"'");
   EXPECT_EQ(WithEntities("&#65;&#x42;&#x1f600;&#0000067;&#xE9;"), "AB😀Cé");
   EXPECT_EQ(WithEntities("a&#9;b&#10;c&#13;d"), "a b\nc d");
 }
 
-TEST(EspeakText, SaysEverythingElseAsItStands) {
+TEST(SpeakableText, SaysEverythingElseAsItStands) {
   for (const char* text : {"&",
                            "&;",
                            "&amp",
@@ -96,7 +96,7 @@ TEST(EspeakText, SaysEverythingElseAsItStands) {
   }
 }
 
-TEST(EspeakText, LooksForEntitiesOnlyOnce) {
+TEST(SpeakableText, LooksForEntitiesOnlyOnce) {
   EXPECT_EQ(WithEntities("&amp;lt;"), "&lt;");
   EXPECT_EQ(WithEntities("&#38;#60;"), "&#60;");
   EXPECT_EQ(WithEntities("&amp;amp;amp;"), "&amp;amp;");
@@ -104,14 +104,14 @@ TEST(EspeakText, LooksForEntitiesOnlyOnce) {
   EXPECT_EQ(WithEntities("&am\x01p;"), "&amp;");
 }
 
-TEST(EspeakText, LeavesAThousandCharactersInOnePiece) {
+TEST(SpeakableText, LeavesAThousandCharactersInOnePiece) {
   const std::string text = std::string(498, 'a') + ". " + std::string(500, 'b');
   EXPECT_EQ(Pieces(text), std::vector<std::string>{text});
   EXPECT_EQ(Pieces(""), std::vector<std::string>{});
   EXPECT_EQ(Pieces(" "), std::vector<std::string>{});
 }
 
-TEST(EspeakText, SplitsALongerTextAtTheLastEndOfASentence) {
+TEST(SpeakableText, SplitsALongerTextAtTheLastEndOfASentence) {
   const std::string long_word(600, 'x');
   for (const char* end : {".", "!", "?", "…", "।", "۔", "؟"}) {
     const std::string first = "One. Two" + std::string(end);
@@ -126,13 +126,13 @@ TEST(EspeakText, SplitsALongerTextAtTheLastEndOfASentence) {
   EXPECT_EQ(Pieces("one\ntwo " + long_word + long_word)[0], "one ");
 }
 
-TEST(EspeakText, SplitsAtASpaceWhereNoSentenceEnds) {
+TEST(SpeakableText, SplitsAtASpaceWhereNoSentenceEnds) {
   const std::string word(400, 'x');
   EXPECT_EQ(Pieces(word + " " + word + " " + word),
             (std::vector<std::string>{word + " " + word + " ", word}));
 }
 
-TEST(EspeakText, SplitsAWordWithoutASpaceAfterAThousandCharacters) {
+TEST(SpeakableText, SplitsAWordWithoutASpaceAfterAThousandCharacters) {
   std::string text;
   for (int i = 0; i < 2500; ++i) text += "é";
   const std::vector<std::string> pieces = Pieces(text);

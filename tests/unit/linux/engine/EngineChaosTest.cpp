@@ -5,8 +5,9 @@
 #include <csignal>
 #include <random>
 
-#include "espeak/EspeakVoice.h"
+#include "support/EngineVoiceParts.h"
 #include "unit/linux/engine/RecordingEngine.h"
+#include "voice/QueuedVoice.h"
 
 namespace brenwick {
 namespace {
@@ -93,9 +94,8 @@ TEST(EngineChaos, SaysEachSentenceOnceWhateverHappensToItsProcess) {
   RecordingEngine::Record record;
   HarmedEngine::Harm harm;
   {
-    EspeakVoice voice({.locale = "en_GB.UTF-8",
-                       .engine = [&] { return std::make_unique<HarmedEngine>(record, harm); },
-                       .output = [&](int) { return std::make_unique<Ear::Output>(ear); }});
+    QueuedVoice voice(WithEngine(std::make_unique<HarmedEngine>(record, harm),
+                                 std::make_unique<Ear::Output>(ear)));
     voice.SetRate(kFast);
     for (int i = 0; i < kSentences; ++i) voice.Speak(Sentence(i), SVSFlagsAsync);
     ASSERT_TRUE(voice.WaitUntilSilent(kLongEnough));

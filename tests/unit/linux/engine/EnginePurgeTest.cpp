@@ -7,8 +7,9 @@
 #include <random>
 #include <thread>
 
-#include "espeak/EspeakVoice.h"
+#include "support/EngineVoiceParts.h"
 #include "unit/linux/engine/RecordingEngine.h"
+#include "voice/QueuedVoice.h"
 
 namespace brenwick {
 namespace {
@@ -26,15 +27,13 @@ class EnginePurge : public testing::Test {
     return text;
   }();
 
-  std::unique_ptr<EspeakVoice> Make(std::chrono::milliseconds patience) {
-    return std::make_unique<EspeakVoice>(EspeakOptions{
-        .locale = "en_GB.UTF-8",
-        .engine = [this, patience] { return std::make_unique<WatchedEngine>(*this, patience); },
-        .output = [this](int) { return std::make_unique<Ear::Output>(ear_); }});
+  std::unique_ptr<QueuedVoice> Make(std::chrono::milliseconds patience) {
+    return std::make_unique<QueuedVoice>(WithEngine(
+        std::make_unique<WatchedEngine>(*this, patience), std::make_unique<Ear::Output>(ear_)));
   }
 
   // Speaks the endless text and returns the process that does, in the middle of it.
-  pid_t SpeakEndlessly(EspeakVoice& voice) {
+  pid_t SpeakEndlessly(QueuedVoice& voice) {
     const std::size_t before = ear_.Size();
     voice.Speak(endless_, SVSFlagsAsync);
     ear_.AwaitMoreThan(before);

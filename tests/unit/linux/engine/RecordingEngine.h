@@ -53,7 +53,7 @@ class RecordingEngine : public SpeechEngine {
             patience) {}
 
   int SampleRate() const override { return process_.SampleRate(); }
-  std::vector<EspeakVoiceEntry> Voices(const std::string& locale) override {
+  std::vector<EngineVoice> Voices(const std::string& locale) override {
     return process_.Voices(locale);
   }
   void Use(const std::string& voice, int rate, int volume) override {

@@ -27,7 +27,7 @@ Listings EspeakNg() {
 }
 
 std::vector<SpeechdVoiceEntry> Shown(const Listings& listings, const std::string& locale) {
-  return ArrangedVoices(CondensedVoices(listings), locale);
+  return SpeechdVoicesFor(CondensedVoices(listings), locale);
 }
 
 std::vector<std::string> Descriptions(const Listings& listings, const std::string& locale) {

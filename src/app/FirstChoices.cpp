@@ -1,4 +1,4 @@
-#include "linux/FirstVoices.h"
+#include "app/FirstChoices.h"
 
 #include "settings/SettingsKeys.h"
 
@@ -12,11 +12,12 @@ void StoreVoice(RegistryStore& store, const char* name, const std::string& voice
 }  // namespace
 
 // What cannot be stored is told when the program stores its settings.
-void StoreFirstVoices(RegistryStore& store, const VoicePair& voices) {
+void StoreFirstChoices(RegistryStore& store, const std::string& male_voice,
+                       const std::string& female_voice) {
   if (store.KeyExists(kBrenwickKey)) return;
   Batch batch(store);
-  StoreVoice(store, "Male Voice", voices.male);
-  StoreVoice(store, "Female Voice", voices.female);
+  StoreVoice(store, "Male Voice", male_voice);
+  StoreVoice(store, "Female Voice", female_voice);
 }
 
 }  // namespace brenwick

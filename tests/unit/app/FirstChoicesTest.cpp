@@ -1,5 +1,5 @@
-// What a user hears who has chosen no voices yet.
-#include "linux/FirstVoices.h"
+// What a new user begins with.
+#include "app/FirstChoices.h"
 
 #include <gtest/gtest.h>
 
@@ -9,31 +9,29 @@
 namespace brenwick {
 namespace {
 
-const VoicePair kPair = {"he", "she"};
-
 std::string Stored(MapStore& store, const char* name) {
   const auto value = store.ReadValue(kVoicesKey, name);
   return value ? value->text : "(none)";
 }
 
-TEST(FirstVoices, AreStoredWhereNothingIs) {
+TEST(FirstChoices, AreStoredWhereNothingIs) {
   MapStore store;
-  StoreFirstVoices(store, kPair);
+  StoreFirstChoices(store, "he", "she");
   EXPECT_EQ(Stored(store, "Male Voice"), "he");
   EXPECT_EQ(Stored(store, "Female Voice"), "she");
 }
 
-TEST(FirstVoices, LeaveAStoreThatHoldsAnythingAlone) {
+TEST(FirstChoices, LeaveAStoreThatHoldsAnythingAlone) {
   MapStore store;
   store.WriteValue(kBrenwickKey, "Left", {.type = ValueKind::Text, .text = "5"});
-  StoreFirstVoices(store, kPair);
+  StoreFirstChoices(store, "he", "she");
   EXPECT_EQ(Stored(store, "Male Voice"), "(none)");
   EXPECT_EQ(Stored(store, "Female Voice"), "(none)");
 }
 
-TEST(FirstVoices, AreNotStoredWhereTheEngineHasNone) {
+TEST(FirstChoices, AreNotStoredWhereTheEngineHasNone) {
   MapStore store;
-  StoreFirstVoices(store, {"", "she"});
+  StoreFirstChoices(store, "", "she");
   EXPECT_EQ(Stored(store, "Male Voice"), "(none)");
   EXPECT_EQ(Stored(store, "Female Voice"), "she");
 }

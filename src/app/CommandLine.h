@@ -10,7 +10,7 @@ namespace brenwick {
 // What a running Brenwick is asked to do.
 enum class Verb { None, Show, Stop, Repeat, Mute, Quit };
 
-struct DesktopOptions {
+struct CommandLineOptions {
   bool help = false;
   bool version = false;
   bool debug = false;
@@ -24,8 +24,8 @@ class WrongOption : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-DesktopOptions ParseDesktopOptions(const std::vector<std::string>& arguments);
+CommandLineOptions ParseCommandLine(const std::vector<std::string>& arguments);
 
-extern const char* const kDesktopHelp;
+extern const char* const kCommandLineHelp;
 
 }  // namespace brenwick

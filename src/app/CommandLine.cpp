@@ -1,4 +1,4 @@
-#include "desktop/DesktopOptions.h"
+#include "app/CommandLine.h"
 
 #include <map>
 
@@ -20,7 +20,7 @@ int SentenceNumber(const std::string& text) {
 
 }  // namespace
 
-const char* const kDesktopHelp =
+const char* const kCommandLineHelp =
     R"(usage: brenwick [--debug] [--show | --stop | --repeat [N] | --mute | --quit]
 
 Brenwick sits in the tray and reads aloud what happens in your instant messenger.
@@ -39,8 +39,8 @@ These verbs reach the Brenwick that runs, so that the desktop's own keyboard sho
 The exit status is 0 when it was done, 1 when no Brenwick runs, 2 when the command line is wrong.
 )";
 
-DesktopOptions ParseDesktopOptions(const std::vector<std::string>& arguments) {
-  DesktopOptions options;
+CommandLineOptions ParseCommandLine(const std::vector<std::string>& arguments) {
+  CommandLineOptions options;
   for (std::size_t i = 0; i < arguments.size(); ++i) {
     const std::string& argument = arguments[i];
     const auto verb = kVerbs.find(argument);
