@@ -16,12 +16,21 @@ int CellsIn(const std::string& line) {
   return std::max(1, ended ? ends : ends + 1);
 }
 
+int ColumnsOf(const std::vector<std::string>& lines) {
+  int columns = 1;
+  for (const std::string& line : lines) columns = std::max(columns, CellsIn(line));
+  return columns;
+}
+
+// Where more lines than this differ, a view takes them faster all at once.
+constexpr std::size_t kMostSingleLines = 100;
+
 }  // namespace
 
 ListModel::ListModel(ListBox& list, QObject* parent) : QAbstractTableModel(parent), list_(list) {
   filling_.setSingleShot(true);
   connect(&filling_, &QTimer::timeout, this, [this] { Fill(); });
-  Fill();
+  Reset();
   subscriptions_.push_back(list.LineAdded.Observe([this](int position) { Add(position); }));
   subscriptions_.push_back(list.LineChanged.Observe([this](int position) { Change(position); }));
   subscriptions_.push_back(list.LineRemoved.Observe([this](int position) { Remove(position); }));
@@ -66,20 +75,57 @@ void ListModel::Remove(int position) {
   endRemoveRows();
 }
 
-void ListModel::Clear() {
-  beginResetModel();
-  lines_.clear();
-  columns_ = 1;
-  endResetModel();
-  filling_.start();
-}
+void ListModel::Clear() { filling_.start(); }
 
 void ListModel::Fill() {
+  const std::vector<std::string>& now = list_.Items();
+  const auto same = std::mismatch(lines_.begin(), lines_.end(), now.begin(), now.end()).first;
+  const auto first = static_cast<std::size_t>(same - lines_.begin());
+  const auto shorter = std::min(lines_.size(), now.size());
+  std::size_t last = 0;  // counted from the end
+  while (last < shorter - first && lines_[lines_.size() - 1 - last] == now[now.size() - 1 - last]) {
+    ++last;
+  }
+  const std::size_t gone = lines_.size() - first - last;
+  const std::size_t come = now.size() - first - last;
+  if (ColumnsOf(now) != columns_ || std::max(gone, come) > kMostSingleLines) {
+    Reset();
+  } else {
+    Replace(first, gone, come);
+  }
+  if (Filled) Filled();
+}
+
+void ListModel::Reset() {
   beginResetModel();
   lines_ = list_.Items();
-  columns_ = 1;
-  for (const std::string& line : lines_) columns_ = std::max(columns_, CellsIn(line));
+  columns_ = ColumnsOf(lines_);
   endResetModel();
+}
+
+// Puts so many of the list's lines in the place of so many of the model's.
+void ListModel::Replace(std::size_t first, std::size_t gone, std::size_t come) {
+  const std::vector<std::string>& now = list_.Items();
+  const std::size_t both = std::min(gone, come);
+  for (std::size_t line = first; line < first + both; ++line) {
+    if (lines_[line] == now[line]) continue;
+    lines_[line] = now[line];
+    const auto row = static_cast<int>(line);
+    emit dataChanged(index(row, 0), index(row, columns_ - 1));
+  }
+  const auto place = static_cast<std::ptrdiff_t>(first + both);
+  const auto row = static_cast<int>(place);
+  if (gone > both) {
+    const auto end = static_cast<std::ptrdiff_t>(first + gone);
+    beginRemoveRows({}, row, static_cast<int>(end) - 1);
+    lines_.erase(lines_.begin() + place, lines_.begin() + end);
+    endRemoveRows();
+  } else if (come > both) {
+    const auto end = static_cast<std::ptrdiff_t>(first + come);
+    beginInsertRows({}, row, static_cast<int>(end) - 1);
+    lines_.insert(lines_.begin() + place, now.begin() + place, now.begin() + end);
+    endInsertRows();
+  }
 }
 
 void ListModel::MakeColumns(int wanted) {

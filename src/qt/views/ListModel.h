@@ -3,6 +3,8 @@
 
 #include <QAbstractTableModel>
 #include <QTimer>
+#include <cstddef>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -11,8 +13,9 @@
 
 namespace brenwick {
 
-// When the list is cleared, the model stays empty until events run and then takes all lines at
-// once: a view that follows some thousands of lines one by one takes far longer.
+// When the list is cleared, the model keeps its lines until events run, and then takes over what
+// has changed: a list that is built anew seldom differs in more than a line, and a view that
+// follows some thousands of lines one by one takes far too long.
 class ListModel : public QAbstractTableModel {
  public:
   ListModel(ListBox& list, QObject* parent);
@@ -21,12 +24,17 @@ class ListModel : public QAbstractTableModel {
   int columnCount(const QModelIndex& parent = {}) const override;
   QVariant data(const QModelIndex& index, int role) const override;
 
+  // Called when the lines of a list that was cleared have been taken over.
+  std::function<void()> Filled;
+
  private:
   void Add(int position);
   void Change(int position);
   void Remove(int position);
   void Clear();
   void Fill();
+  void Reset();
+  void Replace(std::size_t first, std::size_t gone, std::size_t come);
   void MakeColumns(int wanted);
 
   const ListBox& list_;

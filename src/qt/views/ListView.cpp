@@ -21,7 +21,9 @@ class ListView : public QTreeView {
  public:
   ListView(ListBox& list, Views& views, QWidget& parent)
       : QTreeView(&parent), list_(list), views_(views) {
-    setModel(new ListModel(list, this));
+    auto* lines = new ListModel(list, this);
+    lines->Filled = [this] { TakeNewLines(); };
+    setModel(lines);
     setRootIsDecorated(false);
     setUniformRowHeights(true);
     setHeaderHidden(true);

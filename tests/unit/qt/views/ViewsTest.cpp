@@ -9,9 +9,12 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSignalSpy>
+#include <QStringList>
 #include <QTest>
 #include <QTreeView>
 #include <string>
+#include <vector>
 
 #include "base/Failure.h"
 #include "qt/views/MenuView.h"
@@ -122,6 +125,75 @@ TEST_F(ViewsTest, AListShowsItsCellsAndFollowsTheSelection) {
   form.lstGender.KeyPress = [&](int character) { typed += static_cast<char>(character); };
   QTest::keyClick(&view, Qt::Key_Space);
   EXPECT_EQ(typed, " ");
+}
+
+class FilledAnew : public ViewsTest {
+ protected:
+  FilledAnew() { Fill({"Anna\tno\t(anna@x)\t", "Ben\tno\t(ben@x)\t", "Cora\tno\t(cora@x)\t"}); }
+
+  void Fill(const std::vector<std::string>& lines) {
+    form.lstIgnore.Clear();
+    for (const std::string& line : lines) form.lstIgnore.AddItem(line);
+    QCoreApplication::processEvents();
+  }
+  QString Names() const {
+    QStringList names;
+    for (int row = 0; row < model.rowCount(); ++row) {
+      names += model.index(row, 0).data().toString() + ' ' + model.index(row, 1).data().toString();
+    }
+    return names.join(", ");
+  }
+
+  QTreeView& view = Find<QTreeView>("lstIgnore");
+  QAbstractItemModel& model = *view.model();
+};
+
+TEST_F(FilledAnew, AListTouchesOnlyTheLinesThatDiffer) {
+  const QSignalSpy resets(&model, &QAbstractItemModel::modelReset);
+  const QSignalSpy changes(&model, &QAbstractItemModel::dataChanged);
+  const QSignalSpy comings(&model, &QAbstractItemModel::rowsInserted);
+  const QSignalSpy goings(&model, &QAbstractItemModel::rowsRemoved);
+  const auto touched = [&] { return changes.size() + comings.size() + goings.size(); };
+  Fill({"Anna\tno\t(anna@x)\t", "Ben\tno\t(ben@x)\t", "Cora\tno\t(cora@x)\t"});
+  EXPECT_EQ(touched(), 0);
+  Fill({"Anna\tno\t(anna@x)\t", "Ben\tyes\t(ben@x)\t", "Cora\tno\t(cora@x)\t"});
+  EXPECT_EQ(Names(), "Anna no, Ben yes, Cora no");
+  EXPECT_EQ(changes.size(), 1);
+  EXPECT_EQ(touched(), 1);
+  Fill({"Anna\tno\t(anna@x)\t", "Bea\tno\t(bea@x)\t", "Ben\tyes\t(ben@x)\t",
+        "Cora\tno\t(cora@x)\t"});
+  EXPECT_EQ(Names(), "Anna no, Bea no, Ben yes, Cora no");
+  EXPECT_EQ(comings.size(), 1);
+  EXPECT_EQ(touched(), 2);
+  Fill({"Anna\tno\t(anna@x)\t", "Cora\tno\t(cora@x)\t"});
+  EXPECT_EQ(Names(), "Anna no, Cora no");
+  EXPECT_EQ(goings.size(), 1);
+  EXPECT_EQ(touched(), 3);
+  EXPECT_EQ(resets.size(), 0);
+}
+
+TEST_F(FilledAnew, AListTakesManyNewLinesAtOnce) {
+  std::vector<std::string> lines;
+  for (int i = 100; i < 500; ++i) lines.push_back("Contact " + std::to_string(i) + "\tno\tx\t");
+  const QSignalSpy resets(&model, &QAbstractItemModel::modelReset);
+  Fill(lines);
+  EXPECT_EQ(model.rowCount(), 400);
+  EXPECT_EQ(resets.size(), 1);
+  Fill({});
+  EXPECT_EQ(model.rowCount(), 0);
+}
+
+TEST_F(FilledAnew, AListShowsTheSelectionThatItGetsMeanwhile) {
+  form.lstIgnore.Clear();
+  for (const char* line : {"A\tx\ty\t", "B\tx\ty\t", "C\tx\ty\t", "D\tx\ty\t", "E\tx\ty\t"}) {
+    form.lstIgnore.AddItem(line);
+  }
+  form.lstIgnore.SetListIndex(4);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(view.currentIndex().row(), 4);
+  Fill({"A\tx\ty\t"});
+  EXPECT_EQ(view.currentIndex().row(), -1);
+  EXPECT_EQ(form.lstIgnore.ListIndex(), -1);
 }
 
 TEST_F(ViewsTest, NoNeighbourIsChosenForALineThatGoes) {
