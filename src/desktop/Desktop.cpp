@@ -26,7 +26,7 @@ std::string Locale() {
   return {};
 }
 
-// Of the installed program, or of the build that it still stands in.
+// The folder of the installed program's data, or of the build that the program was started from.
 std::string ProgramFolder() {
   const QString installed = QCoreApplication::applicationDirPath() + "/../share/brenwick";
   return QFileInfo(installed + "/Languages").isDir()
@@ -39,7 +39,7 @@ FolderPaths Paths() {
           QCoreApplication::applicationFilePath().toStdString()};
 }
 
-// Beside the program in a build, in a folder of its own where it is installed.
+// The engine's program lies beside this one in a build, and in a folder of its own when installed.
 std::string EngineProgram() {
   const QString folder = QCoreApplication::applicationDirPath();
   const QString installed = QDir::cleanPath(folder + "/../libexec/brenwick/brenwick-voice");
@@ -141,7 +141,7 @@ void Desktop::Run() {
     // The end of a login may end Qt's loop without asking any window.
     program_.Close();
   } catch (const ProgramEnd&) {
-    // Everything is saved and let go.
+    // The program has saved its settings and let everything go.
   }
 }
 
@@ -164,7 +164,7 @@ void Desktop::SaveWithoutDisplay() {
   try {
     program_.Close();
   } catch (const std::exception&) {
-    // That is how the program ends.
+    // Close ends the program by throwing.
   }
 }
 

@@ -17,7 +17,7 @@ class DesktopSystem : public System {
 
   std::string CommandLine() override { return command_line_; }
   bool PreviousInstance() override { return !first_; }
-  // Those who write languages set BRENWICK_DEVELOPMENT in the environment.
+  // Developers and translators set BRENWICK_DEVELOPMENT in the environment.
   bool DevelopmentEnvironment() override {
     return qEnvironmentVariableIsSet("BRENWICK_DEVELOPMENT");
   }

@@ -18,7 +18,7 @@ std::array<int, 2> pipe_ends = {-1, -1};
 
 extern "C" void WriteSignal(int /*signal*/) {
   const int kept = errno;
-  // A pipe that is full holds signals enough.
+  // A full pipe already tells of a signal.
   [[maybe_unused]] const auto written = write(pipe_ends[1], "!", 1);
   errno = kept;
 }

@@ -29,7 +29,8 @@ constexpr Method kMethods[] = {
     {Verb::Mute, "Mute", ""}, {Verb::Quit, "Quit", ""},
 };
 
-// By this a desktop allows the window to come to the front; whoever starts a program is given one.
+// A desktop gives this token to a program that it starts, and by it allows the window to come to
+// the front.
 constexpr const char* kTokenVariable = "XDG_ACTIVATION_TOKEN";
 const QString kTokenKey = QStringLiteral("activation-token");
 
@@ -38,7 +39,7 @@ QVariantMap PlatformData() {
   return token.isEmpty() ? QVariantMap{} : QVariantMap{{kTokenKey, token}};
 }
 
-// Qt looks for it there when the window asks for the keyboard.
+// Qt reads the token from the environment when the window asks for the keyboard.
 void TakeToken(const QDBusMessage& activate) {
   const auto data = qdbus_cast<QVariantMap>(activate.arguments().value(0));
   const QString token = data.value(kTokenKey).toString();
@@ -84,8 +85,8 @@ bool Instance::Claim() {
 }
 
 Instance::Answer Instance::Ask(Verb verb, int repeat) {
-  // The connection's thread works on until the end of the process. What is made before it, such as
-  // the register of types, outlives it.
+  // The connection's thread runs until the end of the process. The register of types has to outlive
+  // it, so it is made before the connection.
   qRegisterMetaType<QDBusVariant>();
   const QDBusConnection bus = QDBusConnection::sessionBus();
   if (!bus.isConnected()) return Answer::NobodyThere;
@@ -111,7 +112,7 @@ QString Instance::introspect(const QString& /*path*/) const {
          "<arg name=\"platform_data\" type=\"a{sv}\" direction=\"in\"/></method></interface>\n";
 }
 
-// The answer goes out first: what is asked for may be the program's end.
+// The answer goes out first: the verb may end the program.
 bool Instance::handleMessage(const QDBusMessage& message, const QDBusConnection& connection) {
   if (IsActivate(message)) {
     TakeToken(message);

@@ -14,7 +14,7 @@ void SaveAtExit() {
   if (!save_at_exit) return;
   const auto save = std::exchange(save_at_exit, nullptr);
   save();
-  // What stands on the display must not be taken apart any more.
+  // No destructor may run: widgets would use the display that has gone.
   std::_Exit(kDisplayLost);
 }
 

@@ -41,8 +41,8 @@ std::string EntryContent(const std::string& program) {
 
 }  // namespace
 
-// The desktop starts what the entry names, unless the user has switched it off with the desktop's
-// own means: taken the file away, or had a line put into it.
+// True where the desktop starts the program that the entry names: the user may have switched the
+// entry off by the desktop's own means, which delete the file or put a line into it.
 bool AutostartStore::EntryCounts() const {
   std::ifstream file(entry_, std::ios::binary);
   if (!file) return false;
@@ -62,7 +62,7 @@ std::optional<RegistryValue> AutostartStore::ReadValue(const std::string& key,
 
 bool AutostartStore::WriteValue(const std::string& key, const std::string& name,
                                 const RegistryValue& value) {
-  // An entry that does what it should stays as the user may have changed it.
+  // An entry that already does what it should is left alone: the user may have edited it.
   const bool entry = IsStartEntry(key, name);
   if (entry && ReadValue(key, name) != value && !WriteEntry()) return false;
   return store_.WriteValue(key, name, value);

@@ -10,9 +10,9 @@
 
 namespace brenwick {
 
-// A bus that hangs may keep whoever connects to it waiting for ever, so the work is done on a
-// thread of its own. An object that is destroyed leaves the thread to itself: what it still makes
-// is closed there.
+// A bus that hangs may keep a caller waiting for ever, so a thread of its own connects. The
+// destructor does not wait for that thread: a connection that is made later is closed by the
+// thread.
 class BusConnecting {
  public:
   // Makes the connection. Called once, on the other thread, possibly after this object's end.
@@ -24,7 +24,7 @@ class BusConnecting {
 
   // Readable once there is a result.
   int Descriptor() const;
-  // True once there is a result; waits for it as long as the limit says.
+  // True once there is a result; waits for it until the limit is reached.
   bool Await(std::chrono::milliseconds limit) const;
   // The result, once. Raises what `connect` raised.
   std::unique_ptr<BusConnection> Take() { return result_.get(); }

@@ -16,7 +16,7 @@ struct UnrefMessage {
 };
 using BusMessage = std::unique_ptr<DBusMessage, UnrefMessage>;
 
-// Where the user's session bus listens; empty where there is none. No bus is started for it.
+// The address of the user's session bus; empty where there is none. This starts no bus.
 std::string SessionBusAddress();
 
 // A method and the object that has it.
@@ -44,10 +44,10 @@ class BusConnection {
   BusConnection& operator=(const BusConnection&) = delete;
   ~BusConnection();
 
-  // What the bus calls this connection, such as ":1.7".
+  // The name that the bus has given to this connection, such as ":1.7".
   const std::string& Name() const { return name_; }
   bool IsOpen() const;
-  // Readable when something has come.
+  // Readable when something has arrived.
   int Descriptor() const;
 
   // Waits for the answer, kPatience at most. Raises a std::runtime_error that holds the answer
@@ -56,10 +56,9 @@ class BusConnection {
   // Does not wait for an answer. False: the bus is gone.
   bool Send(DBusMessage& message);
 
-  // Takes in what has come, without waiting.
+  // Reads what has arrived, without waiting.
   void Read();
-  // The next message that was taken in; nothing when there is none. Nobody else handles it, and
-  // nothing is answered to it.
+  // The next message that was read; nothing when there is none. Nothing else handles or answers it.
   BusMessage Next();
 
  private:

@@ -43,7 +43,7 @@ ChildProcess::~ChildProcess() {
   reaper_.join();
 }
 
-// Until it has been reaped under the lock, its id cannot become that of another process.
+// The child is reaped under the lock: until then no other process can get its id.
 void ChildProcess::AwaitEnd() {
   siginfo_t end;
   while (waitid(P_PID, static_cast<id_t>(id_), &end, WEXITED | WNOWAIT) != 0 && errno == EINTR) {

@@ -36,7 +36,7 @@ std::string ValueOf(std::string_view osRelease, std::string_view name) {
   return {};
 }
 
-// As the system's own tools do: what the administrator wrote wins over what the maker shipped.
+// The administrator's file wins over the distribution's, as it does for the system's own tools.
 std::string OsRelease() {
   for (const char* path : {"/etc/os-release", "/usr/lib/os-release"}) {
     std::ifstream file(path, std::ios::binary);

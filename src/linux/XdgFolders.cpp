@@ -20,7 +20,7 @@ std::optional<std::string> FolderInEnvironment(const char* name) {
   return value;
 }
 
-// The text of a shell's word in double quotes, which the line starts with.
+// The text of the shell word in double quotes that the line starts with.
 std::optional<std::string> Unquoted(std::string_view line) {
   if (!line.starts_with('"')) return {};
   std::string text;

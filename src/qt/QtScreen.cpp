@@ -77,8 +77,8 @@ void QtScreen::Open(const std::string& address) {
   QDesktopServices::openUrl(QUrl(ToQt(address), QUrl::TolerantMode));
 }
 
-// The lists are drawn in the desktop's font, whatever the form's says. A list that is built anew
-// asks for the same texts again, and each takes Qt a while.
+// The lists are drawn in the desktop's font, whatever font the form names. A list that is built
+// anew asks for the same texts again, and Qt takes a while for each.
 float QtScreen::TextWidth(const std::string& text, const Font& /*font*/) {
   static const QFontMetricsF metrics{QApplication::font()};
   if (widths_.size() >= kMostWidths) widths_.clear();

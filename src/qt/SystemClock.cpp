@@ -6,7 +6,7 @@
 namespace brenwick {
 namespace {
 
-// The user's own time of day needs no zone any more: it counts as UTC here, which never leaps.
+// A local time needs no zone any more: it is treated as UTC, which has no daylight-saving time.
 QDateTime ToQt(LocalTime time) {
   return QDateTime::fromMSecsSinceEpoch(time.time_since_epoch().count(), Qt::UTC);
 }
@@ -23,7 +23,7 @@ std::string SystemClock::DateText(LocalTime time) {
   return QLocale::system().toString(ToQt(time).date(), QLocale::ShortFormat).toStdString();
 }
 
-// With the seconds, which the short format has not, and without the zone of the long one.
+// With the seconds that the short format lacks, and without the zone that the long format has.
 std::string SystemClock::TimeText(LocalTime time) {
   const QLocale locale = QLocale::system();
   const QString format = locale.timeFormat(QLocale::LongFormat).remove('t').trimmed();

@@ -32,7 +32,7 @@ MessengerContact QuotedContact(std::string signinName, std::string friendlyName)
   return contact;
 }
 
-// A notice that holds the word of an inbox's notice, wherever, is read as one of those.
+// A notice that holds the word of an inbox's notice anywhere is read as an inbox's notice.
 std::string NewMailNotice(const std::string& from) {
   std::string name = OneLine(from);
   if (UpperCase(name).find(kInbox) != std::string::npos) {

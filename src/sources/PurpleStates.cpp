@@ -6,7 +6,7 @@
 namespace brenwick {
 namespace {
 
-// The one in which somebody is reached best comes first.
+// The state in which a contact is reached best comes first.
 constexpr std::int32_t kOrder[] = {MSTATE_ONLINE, MSTATE_IDLE,         MSTATE_BUSY,
                                    MSTATE_AWAY,   MSTATE_OUT_TO_LUNCH, MSTATE_INVISIBLE,
                                    MSTATE_OFFLINE};

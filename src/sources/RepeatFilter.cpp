@@ -30,7 +30,7 @@ std::string RepeatFilter::NewPart(const std::string& contact, const std::string&
   return part;
 }
 
-// What was said of the contact, which is now the one heard last.
+// The texts that were said of the contact, who counts from now on as the one heard last.
 std::deque<std::string>& RepeatFilter::Of(const std::string& contact) {
   const auto known = std::find_if(said_.begin(), said_.end(),
                                   [&contact](const Said& each) { return each.contact == contact; });

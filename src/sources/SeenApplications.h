@@ -14,10 +14,10 @@ namespace brenwick {
 class SeenApplications {
  public:
   static constexpr const char* kKey = "Software\\Brenwick\\Notifications";
-  // Of those that are off, the ones seen last are kept; those that are on stay.
+  // Of the applications that are off, so many are kept, the ones seen last; those that are on stay.
   static constexpr std::size_t kMostOff = 60;
 
-  // The store outlives this.
+  // The store outlives this object.
   explicit SeenApplications(RegistryStore& store);
 
   // Notes that the application has shown a notification. True when it was not known before.
@@ -37,7 +37,7 @@ class SeenApplications {
   void Save();
 
  private:
-  // Its place among those seen; their number where it is unknown.
+  // The application's place in seen_; the size of seen_ where it is unknown.
   std::size_t Find(const std::string& name) const;
   void ForgetOldest();
 

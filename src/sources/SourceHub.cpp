@@ -54,7 +54,8 @@ class SourceHub::Relay : public MessengerListener {
   }
 
  private:
-  // A source that opens no conversations with its senders may have any number of them.
+  // Only contacts with whom the source can open conversations are remembered: other senders may be
+  // any number.
   void HeardOf(const MessengerContact& contact) {
     if (source_.Knows(contact.SigninName)) all_.heard_at_[contact.SigninName] = &source_;
   }

@@ -80,7 +80,7 @@ std::int32_t FeedMessenger::MyStatus() {
 
 bool FeedMessenger::Knows(const std::string& contact) { return has_name_ && rules_.Knows(contact); }
 
-// Only the script knows where it talks with this contact.
+// Only the script knows where the conversation with this contact takes place.
 void FeedMessenger::InstantMessage(const std::string& contact) {
   if (!has_name_) throw Failure(kInvalidCall, "The session bus has gone", kTitle);
   bus_.send(QDBusMessage::createSignal(kPath, kService, kConversation) << ToQt(contact));
@@ -105,7 +105,7 @@ void FeedMessenger::Disconnected() {
   });
 }
 
-// A call from a connection to itself would never see the bus.
+// The call comes from another connection: Qt delivers a call to its own connection without the bus.
 void FeedMessenger::Test(const std::string& sentence) {
   if (!has_name_) return;
   try {
@@ -173,7 +173,7 @@ void FeedMessenger::Come() {
 void FeedMessenger::Raise(const FeedEvent& event) {
   if (listener_ == nullptr) return;
   Come();
-  // The handler may have ended the listening.
+  // The handler may have detached.
   if (listener_ == nullptr) return;
   if (event.state) {
     listener_->OnUserStateChanged(event.contact, *event.state);

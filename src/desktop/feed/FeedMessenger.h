@@ -1,5 +1,5 @@
-// The feed: what scripts raise over D-Bus, as a messenger. There is no other way in which they can
-// make the program talk.
+// The feed: a messenger whose events come from scripts, over D-Bus. It is the only way in which a
+// script can make the program talk.
 #pragma once
 
 #include <QDBusConnection>
@@ -25,7 +25,7 @@ class FeedMessenger : public QDBusVirtualObject, public MessengerSource {
  public:
   static constexpr const char* kName = "D-Bus";
 
-  // busAddress: where the same bus listens, for a second connection that tries the feed.
+  // busAddress: the address of the same bus, for a second connection that tries the feed.
   FeedMessenger(EndOfProgram& end, QDBusConnection bus, std::string busAddress,
                 std::function<FeedRules::Time()> now = std::chrono::steady_clock::now);
   ~FeedMessenger() override;
@@ -35,11 +35,11 @@ class FeedMessenger : public QDBusVirtualObject, public MessengerSource {
   // Signed in from the first event on.
   std::int32_t MyStatus() override;
   std::string MyName() override { return {}; }
-  // Asks the scripts for it, by the signal ConversationWanted.
+  // Asks the scripts to open the conversation, by the signal ConversationWanted.
   void InstantMessage(const std::string& contact) override;
 
   Connection Describe() const override;
-  // Those that scripts have told of.
+  // True for contacts of whom a script has raised an event.
   bool Knows(const std::string& contact) override;
   void Test(const std::string& sentence) override;
 

@@ -26,7 +26,8 @@ QString Trigger(const HotKey& key) {
   return trigger + (key.vkey == kScrollLock ? QString("Scroll_Lock") : QChar(key.vkey).toLower());
 }
 
-// By this the desktop allows the window to come to the front; Qt looks for it there.
+// By this token the desktop allows the window to come to the front; Qt reads it from the
+// environment.
 void TakeToken(const QVariantMap& options) {
   const QString token = options.value("activation_token").toString();
   if (!token.isEmpty()) qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
@@ -62,8 +63,8 @@ void PortalHotKeys::Arm() {
   OpenSession();
 }
 
-// A path of a request or a session is known before the portal can speak of it, but it is simpler to
-// hear all and to look.
+// Listens to every request and session and compares paths later, which is simpler than listening to
+// each path as it becomes known.
 void PortalHotKeys::Listen() {
   const struct {
     QString interface;
@@ -81,8 +82,8 @@ void PortalHotKeys::Listen() {
           });
 }
 
-// A portal that comes back has forgotten the session. The first one to come is the one that the
-// program has just called.
+// A portal that comes back has forgotten the session. The first one that comes was started by the
+// program's own call, which needs no second session.
 void PortalHotKeys::HearOwner(const QString& owner) {
   if (owner.isEmpty()) {
     portal_gone_ = true;

@@ -36,7 +36,7 @@ class PortalHotKeys : public QObject, public HotKeySource {
     QString description;
     std::string command;
   };
-  // What the portal answers to later, by a signal of its own.
+  // A question that the portal answers later, by a signal.
   struct Request {
     QString path;
     std::function<void(const QVariantMap&)> Granted;

@@ -15,8 +15,8 @@ constexpr int kTypeOfEvent = 0x7f;  // without the mark of an event that another
 constexpr int kModifiers = 0xff;    // without the mouse buttons and the layout
 constexpr int kNone = -1;
 
-// Of the events of the keyboard extension: another keyboard, another layout. Qt asks for them, and
-// then the display sends it no MappingNotify.
+// Events of the keyboard extension: another keyboard, another layout. Since Qt asks for them, the
+// display sends no MappingNotify.
 constexpr int kNewKeyboard = 0;
 constexpr int kNewMap = 1;
 
@@ -83,8 +83,8 @@ void X11HotKeys::Follow(Key& key) {
   }
 }
 
-// A grab holds for one state of the locks; so there is one for each. A key that works with Num Lock
-// and not without it is worse than none.
+// A grab holds for one state of the locks, so there is one for each state. A key that works only
+// with Num Lock is worse than none.
 void X11HotKeys::Take(Key& key) {
   const KeyCombination combination = keyboard_.Find(key.control.Key());
   if (combination.code != key.combination.code) key.held = false;
@@ -111,7 +111,7 @@ void X11HotKeys::LetGo(Key& key) {
   key.grabbed.clear();
 }
 
-// All are let go before the first is taken: two keys may have changed places.
+// Lets go of all keys before it takes the first: two keys may have changed places.
 void X11HotKeys::TakeAnew() {
   keyboard_ = X11Keyboard(display_);
   for (Key& key : keys_) LetGo(key);
@@ -132,8 +132,8 @@ bool X11HotKeys::nativeEventFilter(const QByteArray& /*type*/, void* message, qi
   return false;
 }
 
-// The program is told when Qt is done with the display's events: what a key does may show a message
-// and wait for it.
+// Tells the program when Qt has finished with the display's events: the handler of a key may show a
+// message box and wait for the user.
 bool X11HotKeys::KeyPress(const xcb_key_press_event_t& event) {
   const int modifiers = event.state & kModifiers & ~keyboard_.Locks();
   for (Key& key : keys_) {

@@ -61,8 +61,8 @@ PurpleClient::PurpleClient(QDBusConnection bus, const PurpleOptions& options, Po
   connect(&retry_, &QTimer::timeout, this, &PurpleClient::LookAgain);
 }
 
-// Signals are heard from anybody and judged by their sender: so none is missed, and none is heard
-// before the client is known.
+// Signals of every sender are received, and those of others than the client are dropped: so no
+// signal is missed while the client is still being looked for.
 void PurpleClient::Follow(const Met& met) {
   connection_.connect(kBus, kBusPath, kBus, "NameOwnerChanged", {kPurpleService}, "sss", this,
                       SLOT(OwnerChanged(QString, QString, QString)));
@@ -111,7 +111,8 @@ void PurpleClient::Lose() {
   inbox_.Forget();
 }
 
-// Not everything may have been told before. What has happened meanwhile is found, not announced.
+// The client may have been silent meanwhile; states that have changed since are found, not
+// announced.
 void PurpleClient::LookAgain() {
   LookAtAccounts();
   TellOwn();
@@ -190,7 +191,7 @@ void PurpleClient::AccountSignedOn(const QVariantList& values) {
 
 void PurpleClient::AccountSignedOff(const QVariantList& values) { SignOff(values[0].toInt()); }
 
-// Nobody tells that the contacts are gone.
+// The client sends no signal for the contacts that go with the account.
 void PurpleClient::SignOff(int account) {
   if (accounts_.erase(account) == 0) return;
   post_([account](PurpleListener& listener) { listener.SignedOff(account); });
@@ -219,7 +220,7 @@ void PurpleClient::BuddySignedOff(const QVariantList& values) {
   TellState(states_.Appear(buddy.account, buddy.contact, Presence{}, Now()));
 }
 
-// What is told here is the state of the moment; the client may already be in another.
+// The signal's state is the one that counts; the client may already be in another.
 void PurpleClient::BuddyStatusChanged(const QVariantList& values) {
   const PurpleBuddy buddy = Meet(values[0].toInt());
   const auto state = people_.StateOfStatus(values[2].toInt());

@@ -23,12 +23,12 @@ constexpr unsigned kNotSaid = kSent | kSystem | kAutoReply | kError | kNotify;
 
 // The clocks of the client and of the program are read in whole seconds.
 constexpr std::int64_t kRounding = 1;
-// So many seconds after the sign-on all that was kept for the user has arrived.
+// The seconds after the sign-on in which messages that were kept for the user arrive.
 constexpr std::int64_t kDelivery = 60;
 
 }  // namespace
 
-// What tells of the sign-on may be heard late.
+// The signal of the sign-on may arrive late, so the client is asked for the time.
 void PurpleInbox::SignOn(int account) {
   const std::int64_t now = QDateTime::currentSecsSinceEpoch();
   const int presence = bus_.Number("PurpleAccountGetPresence", {account});
@@ -50,7 +50,7 @@ std::optional<Arrival> PurpleInbox::ReceivedImMsg(const QVariantList& values) {
   return Arrival{account, people_.Sender(account, sender), PlainMessage(message)};
 }
 
-// A room tells who enters it what was said before.
+// A room repeats earlier messages for a user who enters it.
 std::optional<Arrival> PurpleInbox::ReceivedChatMsg(const QVariantList& values) {
   const QString nick = values[1].toString();
   const int conversation = values[3].toInt();
@@ -82,7 +82,8 @@ std::optional<Arrival> PurpleInbox::ChatInvited(const QVariantList& values) {
                  NameOf(room)};
 }
 
-// What was kept for the user arrives as if it were new; only the conversation knows better.
+// A message that was kept for the user arrives as if it were new; only the conversation's history
+// tells when it was sent.
 bool PurpleInbox::IsOld(int account, const QString& sender, const QString& message) {
   const auto signed_on = signed_on_.find(account);
   if (signed_on == signed_on_.end()) return false;
@@ -95,7 +96,7 @@ bool PurpleInbox::IsOld(int account, const QString& sender, const QString& messa
   return sent != 0 && sent + kRounding < signed_on->second;
 }
 
-// The conversation's newest messages come first. Any number may have arrived behind this one.
+// The history begins with the newest message. Any number may have arrived after this one.
 std::int64_t PurpleInbox::TimeOf(int account, const QString& sender, const QString& message) {
   const int conversation = bus_.Number("PurpleFindConversationWithAccount", {kIm, sender, account});
   if (conversation == 0) return 0;
@@ -110,7 +111,8 @@ std::int64_t PurpleInbox::TimeOf(int account, const QString& sender, const QStri
   return 0;
 }
 
-// Each is asked for once: with many that were kept, all of them are looked through for each.
+// Asks for each message of the history once: the history is searched for every message that
+// arrives.
 const PurpleInbox::Said& PurpleInbox::SaidIn(int handle) {
   const auto known = said_.find(handle);
   if (known != said_.end()) return known->second;

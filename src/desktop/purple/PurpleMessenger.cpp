@@ -88,7 +88,7 @@ void PurpleMessenger::Test(const std::string& sentence) {
   QMetaObject::invokeMethod(client_, [client = client_, sentence] { client->Test(sentence); });
 }
 
-// Only one of the two can have the name on the bus, and which one it is may not be known yet.
+// Only one of the two clients has the name on the bus, and it may not be known yet which one.
 bool PurpleMessenger::IsHeard(const std::string& application) const {
   return there_ && (application == "pidgin" || application == "finch");
 }
@@ -104,8 +104,8 @@ void PurpleMessenger::Keep(News news) {
   if (!soon_.isActive()) soon_.start();
 }
 
-// Of a flood only some are told at a time, so that the window has its turn. The program may let Qt
-// run, or detach, while it is told: the others do not wait for that.
+// Of a flood only some events are raised at a time, so that the window has its turn. A handler may
+// let Qt run, or detach; the events behind it do not wait for its end.
 void PurpleMessenger::Tell() {
   for (int told = 0; told < kAtATime && !news_.empty(); ++told) {
     const News news = std::move(news_.front());

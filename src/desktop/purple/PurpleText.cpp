@@ -19,14 +19,14 @@ bool Stands(const char* const* begin, const char* const* end, const QString& nam
   return std::find(begin, end, name) != end;
 }
 
-// What stands on lines of its own, and what is not there to be read.
+// Elements that stand on lines of their own, and elements that are not shown.
 constexpr const char* kBlocks[] = {"blockquote", "body", "dd", "div", "dl",    "dt", "h1",
                                    "h2",         "h3",   "h4", "h5",  "h6",    "hr", "html",
                                    "li",         "ol",   "p",  "pre", "table", "tr", "ul"};
 constexpr const char* kHidden[] = {"head", "script", "style", "title"};
 
-// The text with its entities, and of all tags the line breaks alone. Qt's own reader opens the
-// files that a tag names, and takes seconds over thousands of nested ones: it is shown none.
+// Removes all tags but line breaks, and keeps entities. Qt's own reader would open the files that a
+// tag names, and take seconds over thousands of nested tags.
 class TagRemover {
  public:
   explicit TagRemover(const QString& html) : html_(html) {}
@@ -80,7 +80,7 @@ class TagRemover {
     return html_.mid(place, end - place).toLower();
   }
 
-  // The end of the text where the mark does not come.
+  // The place behind the mark; the end of the text where there is no mark.
   qsizetype Behind(const QString& mark, qsizetype from) const {
     const qsizetype found = from < 0 ? -1 : html_.indexOf(mark, from);
     return found < 0 ? html_.size() : found + mark.size();

@@ -1,4 +1,4 @@
-// Texts of libpurple as the program takes them.
+// Makes texts of libpurple fit for the program.
 #pragma once
 
 #include <QString>
@@ -8,12 +8,11 @@
 
 namespace brenwick {
 
-// What somebody or something is called: one line, of a length that can be listened to, in UTF-8,
-// which Qt writes valid whatever the name holds.
+// The name of a person or a thing: one line of valid UTF-8, of a length that can be listened to.
 std::string NameOf(const QString& name);
 
-// A message as it is read: libpurple's are HTML, whatever the network. The end of one that nobody
-// can have written by hand is missing.
+// The plain text of a message: libpurple's messages are HTML on every network. A message that is
+// too long to have been written by hand is cut.
 std::string PlainMessage(const QString& html);
 
 // The contact by its name, or by its id where it has none or poses as the mail service.

@@ -12,7 +12,7 @@ constexpr int kNoMessage = 0;
 
 DesktopTray::DesktopTray(EndOfProgram& end) : end_(end) {
   menu_.setObjectName("mPopupSys");
-  // Some notification areas open the menu by themselves and tell of no click.
+  // Some notification areas open the menu by themselves and report no click.
   QObject::connect(&menu_, &QMenu::aboutToShow, &menu_, [this] {
     end_.Guard([this] {
       if (MouseMessage) MouseMessage(kRightButtonUp);
@@ -48,7 +48,7 @@ void DesktopTray::Observe(frmMain& form, const ProgramState& state, Views& views
   views.Own(form.chkMute.Changed.Observe([this] { ShowIcon(); }));
 }
 
-// An icon that was made while nobody showed it would stay unseen for ever.
+// An icon that is made without a notification area would never be shown.
 void DesktopTray::MakeIcon() {
   if (!end_.HasDisplay()) return;
   if (!wanted_ || !host_.Present()) {

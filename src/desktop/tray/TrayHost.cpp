@@ -41,7 +41,7 @@ TrayHost::TrayHost(QDBusConnection bus)
   Update();
 }
 
-// Of several questions the last one counts.
+// A new question replaces one that has not been answered yet.
 void TrayHost::AskBus() {
   answer_ = std::make_unique<QDBusPendingCallWatcher>(bus_.asyncCall(QuestionForArea()));
   connect(answer_.get(), &QDBusPendingCallWatcher::finished, this, [this] {

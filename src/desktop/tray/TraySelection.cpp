@@ -11,7 +11,7 @@
 namespace brenwick {
 namespace {
 
-// Screen 0 is the only one that today's desktops have.
+// Desktops of today have no other screen than 0.
 const std::string kSelection = "_NET_SYSTEM_TRAY_S0";
 constexpr std::uint8_t kSentByClient = 0x80;
 
@@ -26,7 +26,7 @@ xcb_atom_t AtomOf(xcb_connection_t* connection, const std::string& name) {
 
 TraySelection::TraySelection() {
   const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-  // A screen that is none may offer the interface and have no connection.
+  // A platform without a screen may offer the interface and have no connection.
   if (x11 != nullptr) connection_ = x11->connection();
   if (connection_ == nullptr) return;
   selection_ = AtomOf(connection_, kSelection);

@@ -81,7 +81,7 @@ void NotificationMessenger::TakeResult() {
   connecting_.reset();
 }
 
-// The watch calls it once before there is a result, too.
+// The watch calls this once before there is a result, too.
 void NotificationMessenger::Met() {
   if (!connecting_->Await({})) return;
   TakeResult();
@@ -114,7 +114,7 @@ void NotificationMessenger::StateMayHaveChanged() {
   listener_->OnLocalStateChangeResult(state);
 }
 
-// A desktop may forget what it shows for a connection that has gone, so this one stays.
+// The connection stays: a desktop may take away the notifications of one that has gone.
 void NotificationMessenger::Test(const std::string& sentence) {
   if (!monitor_) return;
   try {
@@ -128,8 +128,8 @@ void NotificationMessenger::Test(const std::string& sentence) {
   }
 }
 
-// A handler may detach, or let this be called again. Of a flood only some are taken at a time, so
-// that the window has its turn; the others wait at the bus.
+// A handler may detach, or let this be called again. Of a flood only some messages are taken at a
+// time, so that the window has its turn; the others wait at the bus.
 void NotificationMessenger::Ready() {
   const std::shared_ptr<BusConnection> monitor = monitor_;
   if (!monitor) return;

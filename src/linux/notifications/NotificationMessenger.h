@@ -25,16 +25,16 @@ class NotificationMessenger : public MessengerSource {
  public:
   static constexpr const char* kName = "Notifications";
 
-  // The store and the watch outlive this.
+  // The store and the watch outlive this object.
   NotificationMessenger(std::string busAddress, RegistryStore& store, ReadinessWatch& watch);
   ~NotificationMessenger() override;
 
-  // Of an application that is attached directly nothing is raised here, so that it is not heard
-  // twice. Asked at each notification with the application's name, in lower case.
+  // Asked at each notification with the application's name, in lower case. Where it answers true,
+  // the notification is not raised, since another messenger tells what the application has to say.
   std::function<bool(const std::string& application)> HeardElsewhere;
 
-  // Those that have shown a notification, in the order of their names. Changed is called when there
-  // is another.
+  // The applications that have shown a notification, in the order of their names. Changed is called
+  // when there is a new one.
   std::vector<SeenApplication> Applications() const { return applications_.All(); }
   void SwitchApplication(const std::string& name, bool on);
 

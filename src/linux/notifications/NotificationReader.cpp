@@ -15,7 +15,7 @@ constexpr const char* kNotify = "Notify";
 constexpr const char* kInterface = "org.freedesktop.Notifications";
 constexpr const char* kSignature = "susssasa{sv}i";
 
-// Hints with which desktops show a bar instead of words.
+// Hints that make desktops show a bar instead of words.
 constexpr std::string_view kValue = "value";
 constexpr std::string_view kSynchronous = "x-canonical-private-synchronous";
 

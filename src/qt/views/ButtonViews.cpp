@@ -9,7 +9,7 @@
 namespace brenwick {
 namespace {
 
-// Qt tells of a click in the same way whether the mouse or the keyboard made it.
+// Knows whether the mouse made a click: Qt reports clicks of the mouse and the keyboard alike.
 class OptionView : public QRadioButton {
  public:
   using QRadioButton::QRadioButton;

@@ -94,7 +94,7 @@ class ComboView : public QComboBox {
     if (currentText() != text) setEditText(text);
     const int start = PlaceInQt(combo_.Text(), combo_.SelStart());
     if (combo_.SelLength() > 0) {
-      // From the end, so that the next key replaces it and the cursor stays where the user types.
+      // Selected from its end, so that the next key replaces it and the cursor stays at the typing.
       const int end = PlaceInQt(combo_.Text(), combo_.SelStart() + combo_.SelLength());
       lineEdit()->setSelection(end, start - end);
     } else if (hasFocus()) {

@@ -6,7 +6,7 @@
 namespace brenwick {
 namespace {
 
-// What ends a sentence behind an address is no part of it.
+// Punctuation behind an address is no part of the address.
 const QRegularExpression& Address() {
   static const QRegularExpression address(R"(https?://[^\s<>"]*[^\s<>".,;:!?)])");
   return address;

@@ -11,8 +11,8 @@
 namespace brenwick {
 namespace {
 
-// So many of the lines that come at a time decide how wide the columns are: looking at all would
-// take too long.
+// The number of lines, of those that come at a time, that decide how wide the columns are:
+// measuring all of them would take too long.
 constexpr int kLinesThatCount = 200;
 
 constexpr int kLeastLines = 4;
@@ -47,14 +47,14 @@ class ListView : public QTreeView {
     views_.ForwardUserAction([&] { list_.UserSelect(now.row()); });
   }
 
-  // Qt moves on to a neighbour of a line that goes; the program may want none.
+  // Qt selects a neighbour of a line that goes; whether one is selected is up to the program.
   void rowsAboutToBeRemoved(const QModelIndex& parent, int first, int last) override {
     showing_ = true;
     QTreeView::rowsAboutToBeRemoved(parent, first, last);
     showing_ = false;
   }
 
-  // Qt moves to the first line where none is chosen; that is the user's business.
+  // Qt selects the first line where none is selected; only the user and the program do that.
   void focusInEvent(QFocusEvent* event) override {
     showing_ = true;
     QTreeView::focusInEvent(event);
@@ -62,7 +62,7 @@ class ListView : public QTreeView {
     ShowSelection();
   }
 
-  // It takes what room there is; this is what it cannot do without.
+  // The list takes what room there is; this is the least that it needs.
   QSize sizeHint() const override {
     return {QTreeView::sizeHint().width(), fontMetrics().lineSpacing() * kLeastLines};
   }
@@ -86,7 +86,8 @@ class ListView : public QTreeView {
   }
 
  private:
-  // Qt lays out all lines before it measures or selects one: once for all that come at a time.
+  // Qt lays out all lines before it measures or selects one, so this is done once for all lines
+  // that come at a time.
   void ObserveLines() {
     new_lines_.setSingleShot(true);
     connect(&new_lines_, &QTimer::timeout, this, [this] { TakeNewLines(); });
@@ -115,7 +116,7 @@ class ListView : public QTreeView {
     if (!new_lines_.isActive()) new_lines_.start();
   }
 
-  // A column never becomes narrower by new lines, so that those that are there need no second look.
+  // New lines never make a column narrower, so that the present lines need not be measured again.
   void Measure(int first, int last) {
     widths_.resize(model()->columnCount());
     for (int line = first; line <= last && measured_ < kLinesThatCount; ++line, ++measured_) {

@@ -52,7 +52,7 @@ void MainWindowView::Build() {
   }
 }
 
-// Most languages have room for every page in it, in whatever font the desktop has.
+// In most languages every page fits into this size, whatever font the desktop has.
 QSize MainWindowView::FirstSize() const {
   const QFontMetrics metrics = fontMetrics();
   const QSize wanted(metrics.averageCharWidth() * kFirstColumns,
@@ -60,7 +60,7 @@ QSize MainWindowView::FirstSize() const {
   return wanted.boundedTo(screen()->availableSize());
 }
 
-// From page to page from wherever the keyboard is, and the keys that press a page's own buttons.
+// The keys that turn the pages, wherever the keyboard focus is.
 void MainWindowView::ObserveKeys() {
   const auto observe = [this](const QKeySequence& key, int step) {
     connect(new QShortcut(key, this), &QShortcut::activated, this, [this, step] {
@@ -189,7 +189,7 @@ void MainWindowView::closeEvent(QCloseEvent* event) {
 
 void MainWindowView::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
-  // What befalls a hidden window is not the user's doing.
+  // A change of a hidden window is not the user's doing.
   if (event->type() != QEvent::WindowStateChange || !isVisible()) return;
   views_.ForwardUserAction([this] {
     if (isMinimized()) {
@@ -200,7 +200,7 @@ void MainWindowView::changeEvent(QEvent* event) {
   });
 }
 
-// Without a notification area it stood there although the program had hidden it.
+// Without a notification area the window stands in the task bar although the program has hidden it.
 void MainWindowView::RestoreFromTaskBar() {
   restoring_ = true;
   form_.UserRestores();
@@ -212,7 +212,7 @@ void MainWindowView::RestoreFromTaskBar() {
 void MainWindowView::moveEvent(QMoveEvent* event) {
   QWidget::moveEvent(event);
   if (views_.UpdatingQuietly() || !isVisible() || isMinimized()) return;
-  // What the window system makes of a place that the program chose is not the user's doing.
+  // A move that answers a place that the program chose is not the user's doing.
   if (std::exchange(asked_, false)) return;
   views_.ForwardUserAction([this] { form_.UserMoves(x() * kTwipsPerPixel, y() * kTwipsPerPixel); });
 }

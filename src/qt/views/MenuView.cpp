@@ -9,7 +9,7 @@ namespace {
 
 constexpr const char* kSeparator = "-";
 
-// Kept with an action, this tells which item the action shows.
+// The data of an action, which tells which item the action shows.
 QVariant Mark(const MenuItem& item) {
   return QVariant::fromValue(reinterpret_cast<quintptr>(&item));
 }
@@ -48,7 +48,7 @@ QAction* AddAction(QMenu& menu, MenuItem& item, bool has_items, Views& views) {
 
 void Update(QAction& action, const MenuItem& item) {
   QString caption = ToQt(item.Caption());
-  // The names of contacts may hold what would be a mnemonic.
+  // An "&" in the name of a contact is no mnemonic.
   if (item.Index() >= 0) caption.replace('&', "&&");
   action.setText(caption);
   if (item.Checked()) action.setCheckable(true);

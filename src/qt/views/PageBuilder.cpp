@@ -86,8 +86,8 @@ void PageBuilder::Finish() {
   KeepTabForChosen();
 }
 
-// Tab reaches one option of a group, the arrow keys the others; Qt sees to it from the first change
-// on.
+// Tab reaches one option of a group, and the arrow keys reach the others; Qt arranges this only
+// from the first change on.
 void PageBuilder::KeepTabForChosen() {
   for (const auto& [_, group] : options_) {
     if (group->checkedButton() == nullptr) continue;
@@ -97,7 +97,7 @@ void PageBuilder::KeepTabForChosen() {
   }
 }
 
-// It waits for what it belongs to; the labels of an array wait together.
+// A label waits for the control that it belongs to; the labels of an array wait together.
 void PageBuilder::AddLabel(Label& label) {
   const bool together =
       !waiting_.empty() && IsArrayElement(label) && waiting_.back().control.Name() == label.Name();
@@ -153,7 +153,7 @@ void PageBuilder::AddOption(OptionButton& option) {
     shared_->addStretch(1);
   }
   shared_->insertWidget(shared_->count() - 1, view);
-  // With the arrow keys from one to the other.
+  // The group lets the arrow keys move from one option to the other.
   QButtonGroup*& group = options_[&option.Group()];
   if (group == nullptr) group = new QButtonGroup(&page_);
   group->addButton(view);

@@ -12,7 +12,7 @@ namespace {
 constexpr qreal kLarger = 1.25;
 constexpr int kGap = 8;  // pixels
 
-// The picture is painted rather than a widget of its own: a screen reader would tell of it.
+// Paints its picture, since a screen reader would announce a widget for it.
 class PageHeading : public QLabel {
  public:
   PageHeading(Frame& page, QWidget& parent) : QLabel(&parent), icon_(PageIcon(page.Index())) {

@@ -10,13 +10,13 @@
 namespace brenwick {
 namespace {
 
-// By the numbers of the pages; the free ones have none.
+// Ordered by the numbers of the pages; numbers without a page have no icon.
 constexpr const char* kIcons[kPageCount] = {
     "general", "spoken",       "text",    "voices", "buddynames", "ignore", "gender", "connections",
     "words",   "savesettings", "website", "log",    "repeat",     "",       "about",  "",
 };
 
-// The pictures have one colour, which would vanish in that of a selected line.
+// Recolours a picture in a selected line: the pictures have one colour, which would vanish there.
 class PageIconEngine : public QIconEngine {
  public:
   explicit PageIconEngine(QIcon icon) : icon_(std::move(icon)) {}

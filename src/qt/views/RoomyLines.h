@@ -17,7 +17,7 @@ class RoomyLines : public QStyledItemDelegate {
     return QStyledItemDelegate::sizeHint(option, index).grownBy({0, 0, height * 3 / 4, height / 2});
   }
 
-  // The keyboard's place is the whole line, not only its words.
+  // Frames the whole line that has the keyboard focus, not only its words.
   void paint(QPainter* painter, const QStyleOptionViewItem& option,
              const QModelIndex& index) const override {
     QStyleOptionViewItem plain(option);

@@ -29,8 +29,7 @@ StatusView::StatusView(frmStatus& form, Views& views) : form_(form) {
 void StatusView::ShowOrHide() {
   if (!form_.Visible()) {
     hide();
-    // A window that is wanted again before the X server has told of its hiding comes with a
-    // warning.
+    // Qt warns when a window is shown again before the X server has reported that it is hidden.
     destroy();
     return;
   }

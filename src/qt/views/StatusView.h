@@ -1,4 +1,4 @@
-// The small window that tells what a long operation is doing.
+// The small window that shows what a long operation is doing.
 #pragma once
 
 #include <QLabel>

@@ -17,7 +17,7 @@ void Views::Mirror(Control& control, QWidget& widget, std::function<void()> mirr
   const auto update = [this, &control, &widget, mirror = std::move(mirror)] {
     UpdateQuietly([&] {
       widget.setEnabled(control.Enabled());
-      // A widget that stands on a hidden page is not shown by this.
+      // This does not show a widget on a hidden page.
       if (widget.isHidden() == control.Visible()) widget.setVisible(control.Visible());
       widget.setToolTip(ToQt(control.ToolTip()));
       mirror();
