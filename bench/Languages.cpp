@@ -4,6 +4,7 @@
 #include <benchmark/benchmark.h>
 
 #include "Parts.h"
+#include "pages/LanguageLists.h"
 
 namespace brenwick {
 namespace {
@@ -11,7 +12,8 @@ namespace {
 struct SpeechBackend : Parts {
   SpeechBackend() : Parts("languages") { languages.LanguageRead(); }
 
-  Languages languages{log,     form,   texts,  status,
+  LanguageLists lists{form};
+  Languages languages{log,     lists,  texts,  status,
                       folders, screen, system, [] { return std::string(); }};
 };
 

@@ -1,4 +1,4 @@
-// How a Windows system is described, from the version that it tells of itself.
+// The description of a Windows system, from the version that it tells of itself.
 #pragma once
 
 #include <cstdint>
@@ -6,7 +6,7 @@
 
 namespace brenwick {
 
-// What the system tells. NT systems have platform 2, the older ones platform 1.
+// The version that a system tells. NT systems have platform 2, the older ones platform 1.
 struct OSVersionRecord {
   std::uint32_t platform = 0;
   std::uint32_t major = 0;

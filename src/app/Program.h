@@ -9,6 +9,7 @@
 #include "forms/StatusWindow.h"
 #include "forms/cMousePointer.h"
 #include "forms/frmMain.h"
+#include "language/LanguageKey.h"
 #include "language/Languages.h"
 #include "language/TextTable.h"
 #include "logging/DataFolder.h"
@@ -28,16 +29,21 @@
 #include "pages/ContactEditing.h"
 #include "pages/ContactPages.h"
 #include "pages/FormTexts.h"
+#include "pages/GeneralPage.h"
 #include "pages/HotKeyNotes.h"
-#include "pages/LanguageKey.h"
-#include "pages/LogSwitches.h"
+#include "pages/LanguageLists.h"
+#include "pages/LogOptionsPage.h"
 #include "pages/MainWindow.h"
-#include "pages/RepeatHotKeys.h"
+#include "pages/RepeatPage.h"
 #include "pages/Settings.h"
 #include "pages/SettingsBinding.h"
 #include "pages/SettingsButtons.h"
+#include "pages/SpokenPage.h"
+#include "pages/SpokenWordsPage.h"
+#include "pages/TextPage.h"
 #include "pages/TypeAhead.h"
-#include "pages/VoiceLists.h"
+#include "pages/VoicesPage.h"
+#include "pages/WebsitePage.h"
 #include "platform/Clock.h"
 #include "platform/Connections.h"
 #include "platform/EventLoop.h"
@@ -56,6 +62,7 @@
 #include "speech/SpokenHistory.h"
 #include "speech/TextCleanUp.h"
 #include "web/VersionCheck.h"
+#include "web/WebAccess.h"
 
 namespace brenwick {
 
@@ -84,7 +91,6 @@ class Program {
   void WireForm();
   std::string RetentionText(std::int16_t text, const std::string& days);
   Settings::Steps SettingsSteps();
-  FormTexts::Steps FormTextsSteps();
 
   void Form_Load();
   void TakeStartSteps();
@@ -106,9 +112,6 @@ class Program {
   void FinishStart();
   void Startup(const std::string& step);
   void ShowProgress(std::int16_t text);
-  void chkIntroduce_Click();
-  void chkIntroduceUser_Click();
-  void chkUseMyNamesInsteadOfBuddyNames_Click();
 
   void mPopExit_Click();
   void UnloadMainWindow();
@@ -131,11 +134,12 @@ class Program {
   LogFiles log_files_;
   ErrorReport report_;
   Logs log_;
-  LogSwitches log_switches_;
   TextTable texts_;
   HotKeyNotes hot_key_notes_;
   LogRetention retention_;
+  LogOptionsPage log_options_page_;
   Registry registry_;
+  LanguageLists language_lists_;
   Languages languages_;
   LanguageKey language_key_;
   ContactList contacts_;
@@ -146,20 +150,27 @@ class Program {
   BuddiesMenu buddies_;
   TextCleanUp clean_up_;
   Abbreviations abbreviations_;
+  TextPage text_page_;
   SpokenHistory history_;
   Speech speech_;
-  VoiceLists voice_lists_;
-  RepeatHotKeys repeat_hot_keys_;
+  SpokenWordsPage spoken_words_page_;
+  SpokenPage spoken_page_;
+  VoicesPage voices_page_;
+  RepeatPage repeat_page_;
   Settings settings_;
   SettingsButtons settings_buttons_;
   FormTexts form_texts_;
+  GeneralPage general_page_;
   SpokenName name_;
   MessageJournal journal_;
   IncomingText incoming_;
   ContactStates states_;
   Invitations invitations_;
   MessengerEvents events_;
+  WebsiteControls website_controls_;
+  WebAccess web_access_;
   VersionCheck version_check_;
+  WebsitePage website_page_;
   MainWindow window_;
   ConnectionsPage connections_page_;
   TypeAhead type_ahead_;

@@ -31,7 +31,7 @@ void Program::UnloadMainWindow() {
   });
 }
 
-// What is pending is handled after each step, by a program that is closing.
+// Pending events are handled after each step, by a program that is closing.
 void Program::Release(const char* procedure) {
   state_.ClosingDown = true;
   loop_.DoEvents();

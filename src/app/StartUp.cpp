@@ -45,7 +45,7 @@ void Program::TakeStartSteps() {
   AddTrayIcon();
   Startup("Startup - Voice : setting flags");
   ShowProgress(96);
-  speech_.chkFinishSentence_Click();
+  spoken_page_.chkFinishSentence_Click();
   ShowOSVersion();
   SpeakIntroduction();
   FinishStart();
@@ -96,6 +96,7 @@ void Program::ReadLanguages() {
   Startup("Startup - Building language list from " + folders_.ProgramFolder() + separator +
           "Languages" + separator);
   languages_.LanguageRead();
+  general_page_.NameLanguageList();
   // Before the settings, so that what the user changed wins over the language's own texts.
   form_texts_.SetAlltext(true);
 }
@@ -117,7 +118,7 @@ void Program::CreateMessengerAndVoice() {
 
 void Program::BuildVoiceLists() {
   Startup("Startup - Building list of voices");
-  voice_lists_.Fill();
+  voices_page_.Fill();
   SelectStoredVoice("male", "Male Voice", form_.cmbVoiceMale);
   SelectStoredVoice("female", "Female Voice", form_.cmbVoiceFemale);
 }
@@ -127,7 +128,7 @@ void Program::SelectStoredVoice(const char* gender, const char* name, ComboBox& 
   Startup("Startup - Reading " + voice);
   const std::string stored = registry_.ReadText(kVoicesKey, name);
   Startup("Startup - Read " + voice + ": " + stored);
-  voice_lists_.SelectStored(list, stored);
+  voices_page_.SelectStored(list, stored);
 }
 
 void Program::CheckMessengerState() {
@@ -153,7 +154,7 @@ void Program::PreparePages() {
   loop_.DoEvents();
   Startup("Startup - Form : Activated messages box");
   window_.SelectPage(kSpokenWordsPage);
-  if (form_.chkShowStartupScreen.Ticked()) form_.SetState(WindowState::Minimized);
+  if (values_.ShowStartupScreen) form_.SetState(WindowState::Minimized);
 }
 
 void Program::AddTrayIcon() {
@@ -173,14 +174,14 @@ void Program::ShowOSVersion() {
 // The introduction is heard whether the user is signed in or not.
 void Program::SpeakIntroduction() {
   ShowProgress(107);
-  if (!form_.chkIntroduce.Ticked()) return;
+  if (!values_.Introduce) return;
   Startup("Startup - Speaking introduction");
   const bool online = state_.MessengerOnline;
   state_.MessengerOnline = true;
   const std::string name = messenger_.MyName();
-  speech_.Speak(form_.txtIntroductionText.Text() + ", " + texts_.LoadText(79) + " " +
-                    std::string(Trimmed(name)),
-                false, kDefaultVoice, false);
+  speech_.Speak(
+      values_.IntroductionText + ", " + texts_.LoadText(79) + " " + std::string(Trimmed(name)),
+      false, kDefaultVoice, false);
   state_.MessengerOnline = online;
 }
 
@@ -188,8 +189,8 @@ void Program::FinishStart() {
   Startup("Startup - Form : Modifying tray-icon");
   ShowProgress(109);
   window_.RefreshTrayTip();
-  speech_.EnableSilenceHotKey();
-  chkUseMyNamesInsteadOfBuddyNames_Click();
+  spoken_page_.EnableSilenceHotKey();
+  spoken_page_.chkUseMyNamesInsteadOfBuddyNames_Click();
   version_check_.CheckAutomatically();
   ShowProgress(110);
   status_.StatusForm(false);

@@ -1,4 +1,4 @@
-// What a text is drawn in.
+// A font, as a view and a measured text need it.
 #pragma once
 
 #include <string>

@@ -11,7 +11,7 @@ namespace brenwick {
 // stands behind the last line end is a line of its own unless it is empty.
 std::vector<std::string_view> Lines(std::string_view content);
 
-// What some editors put in front of UTF-8; it is no text.
+// The mark that some editors put in front of UTF-8; it is no text.
 inline constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 // The content without that mark.

@@ -1,4 +1,4 @@
-// What all controls have in common.
+// The base of all controls.
 //
 // A control has two doors. The program uses its properties and is told of events through the
 // std::function members (Click, Change, LostFocus, …). The user's actions come in through the
@@ -35,7 +35,7 @@ class ControlList {
   std::vector<Control*> controls_;
 };
 
-// Where a control is declared: its window and the number of the page that it stands on.
+// The place of a control: its window and the number of the page that it stands on.
 struct Place {
   ControlList& window;
   int page;

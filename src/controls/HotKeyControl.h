@@ -17,10 +17,10 @@ struct HotKey {
   bool winkey = false;
 };
 
-// How the keys are written to the user, such as "Ctrl+Shift+1" or "Scroll Lock".
+// The keys as the user reads them, such as "Ctrl+Shift+1" or "Scroll Lock".
 std::string KeyName(const HotKey& key);
 
-// What keeps a key from its control.
+// The reason why a key does not reach its control.
 struct KeyObstacle {
   enum class Kind {
     None,

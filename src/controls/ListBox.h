@@ -34,7 +34,7 @@ class ListBox : public Control {
   void InsertItem(int position, std::string line);
   // Raises kInvalidCall when there is no such line.
   void RemoveItem(int position);
-  // Where the line that was added last was put; −1 before the first and after Clear.
+  // The position of the line that was added last; −1 before the first and after Clear.
   int NewIndex() const { return new_index_; }
 
   // Does what Clear and then AddItem of each line do, and tells the views once. Returns where each
@@ -51,7 +51,7 @@ class ListBox : public Control {
 
   const Font& TextFont() const { return font_; }
 
-  // Where the columns of the lines begin and how far the lines reach, for a view that draws them.
+  // The beginnings of the lines' columns and the width of the lines, for a view that draws them.
   const std::vector<int>& TabStops() const { return tab_stops_; }
   void SetTabStops(std::vector<int> stops) { Update(tab_stops_, std::move(stops)); }
   int HorizontalExtent() const { return horizontal_extent_; }

@@ -23,7 +23,7 @@ class TextBox : public Control {
   bool Locked() const { return locked_; }
   void SetLocked(bool locked) { Update(locked_, locked); }
 
-  // How many characters a short box has room for; 0 for a box as wide as its page.
+  // The number of characters that a short box holds; 0 for a box as wide as its page.
   int Columns() const { return columns_; }
   void SetColumns(int columns) { Update(columns_, columns); }
 

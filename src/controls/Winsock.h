@@ -23,7 +23,7 @@ enum class SocketState : int {
   Error = 9,
 };
 
-// What a world does for the socket. Nothing here waits; results come back as events.
+// A world's side of the socket. Nothing here waits; results come back as events.
 class SocketDriver {
  public:
   virtual ~SocketDriver() = default;

@@ -26,7 +26,7 @@ enum Page : int {
 
 inline constexpr int kPageCount = 16;
 
-// Where all pages stand in the window, in twips.
+// The place of all pages in the window, in twips.
 inline constexpr int kPageLeft = 1800;
 inline constexpr int kPageTop = 120;
 

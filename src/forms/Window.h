@@ -39,7 +39,7 @@ class Window : public ControlList {
   int Height() const { return height_; }
   void SetSize(int width, int height);
 
-  // What a text's width is measured in.
+  // The font that a text's width is measured in.
   const Font& TextFont() const { return font_; }
   void SetTextFont(Font font) { font_ = std::move(font); }
 

@@ -40,51 +40,50 @@ void Languages::LanguageRead() {
   log_.Trap(kModule, kProcedure, [&] {
     progress_.SetText("Reading language settings");
     ListSources();
-    ListInstalled();
-    log_.DebugWrite(kProcedure, "Total languages : " +
-                                    std::to_string(form_.cmbLanguage.ListCount()) + " files");
-    if (form_.cmbLanguage.ListCount() == 0) {
+    const std::vector<std::string> names = ListInstalled();
+    log_.DebugWrite(kProcedure, "Total languages : " + std::to_string(names.size()) + " files");
+    if (names.empty()) {
       progress_.StatusForm(false);
       screen_.MessageBox(
           "No language files available in " + Folder("Languages") + ".\r\n\r\nPlease reinstall",
           kTitle, BoxIcon::Critical, BoxButtons::Ok);
       throw ProgramEnd{};
     }
-    SelectStored();
+    SelectStored(names);
     log_.DebugWrite(kProcedure, "Reading language strings");
     ReadLanguage(true);
-    form_.lblLanguage.SetCaption(texts_.LoadText(112));
-    form_.cmdLanguage.SetCaption(texts_.LoadText(113));
   });
 }
 
 // The readable sources belong to the developers' tools.
 void Languages::ListSources() {
-  form_.cmbOrgLanguage.Clear();
-  if (!system_.DevelopmentEnvironment()) return;
-  for (const std::string& file : folders_.FileNames(Folder("OrgLanguages"))) {
-    if (HasExtension(file, ".txt")) form_.cmbOrgLanguage.AddItem(NameOfFile(file));
+  std::vector<std::string> names;
+  if (system_.DevelopmentEnvironment()) {
+    for (const std::string& file : folders_.FileNames(Folder("OrgLanguages"))) {
+      if (HasExtension(file, ".txt")) names.push_back(NameOfFile(file));
+    }
   }
-  if (form_.cmbOrgLanguage.ListCount() > 0) form_.cmbOrgLanguage.SetListIndex(0);
+  lists_.ShowSources(names);
 }
 
-void Languages::ListInstalled() {
-  form_.cmbLanguage.Clear();
+std::vector<std::string> Languages::ListInstalled() {
+  std::vector<std::string> names;
   for (const std::string& file : folders_.FileNames(Folder("Languages"))) {
     if (!HasExtension(file, ".tml")) continue;
-    form_.cmbLanguage.AddItem(NameOfFile(file));
+    names.push_back(NameOfFile(file));
     log_.DebugWrite("LanguageRead", "Found language : " + file);
   }
+  lists_.ShowInstalled(names);
+  return names;
 }
 
-void Languages::SelectStored() {
-  form_.cmbLanguage.SetListIndex(0);
+void Languages::SelectStored(const std::vector<std::string>& names) {
+  lists_.Choose(0);
   log_.DebugWrite("LanguageRead", "Reading users language from registry");
   std::string stored = stored_name_();
   if (stored.empty()) stored = kFallbackLanguage;
-  const std::vector<std::string>& names = form_.cmbLanguage.Items();
   const auto found = std::find(names.begin(), names.end(), stored);
-  if (found != names.end()) form_.cmbLanguage.SetListIndex(static_cast<int>(found - names.begin()));
+  if (found != names.end()) lists_.Choose(static_cast<int>(found - names.begin()));
 }
 
 void Languages::ReadLanguage(bool quiet) {
@@ -109,7 +108,7 @@ void Languages::ReadLanguage(bool quiet) {
 }
 
 std::string Languages::ChosenName() const {
-  const std::string& text = form_.cmbLanguage.Text();
+  const std::string text = lists_.Chosen();
   return text.empty() ? kFallbackLanguage : std::string(Trimmed(text));
 }
 
@@ -135,7 +134,7 @@ void Languages::Load(const std::string& path) {
 void Languages::TellDamaged() {
   log_.DebugWrite("ReadLanguage", "Checksum wrong");
   progress_.StatusForm(false);
-  screen_.MessageBox("Languagefile for " + std::string(Trimmed(form_.cmbLanguage.Text())) +
+  screen_.MessageBox("Languagefile for " + std::string(Trimmed(lists_.Chosen())) +
                          " is damaged.\r\n\r\nPlease reinstall this product.",
                      kTitle, BoxIcon::Critical, BoxButtons::Ok);
   if (!system_.DevelopmentEnvironment()) throw ProgramEnd{};

@@ -6,7 +6,6 @@
 #include <utility>
 #include <vector>
 
-#include "forms/frmMain.h"
 #include "language/TextTable.h"
 #include "logging/Logs.h"
 #include "platform/Folders.h"
@@ -18,11 +17,27 @@ namespace brenwick {
 
 class Languages {
  public:
+  // Lists the languages for the user and takes the choice.
+  class Lists {
+   public:
+    Lists() = default;
+    Lists(const Lists&) = delete;
+    Lists& operator=(const Lists&) = delete;
+    virtual ~Lists() = default;
+    // The readable sources, for the developers' tools; the first is chosen.
+    virtual void ShowSources(const std::vector<std::string>& names) = 0;
+    // The languages that can be loaded; none is chosen.
+    virtual void ShowInstalled(const std::vector<std::string>& names) = 0;
+    virtual void Choose(int position) = 0;
+    // The text of the choice; the user may have typed it.
+    virtual std::string Chosen() const = 0;
+  };
+
   // storedName: the name of the language that the user chose, "" when none is stored.
-  Languages(Logs& log, frmMain& form, TextTable& texts, Progress& progress, Folders& folders,
+  Languages(Logs& log, Lists& lists, TextTable& texts, Progress& progress, Folders& folders,
             Screen& screen, System& system, std::function<std::string()> storedName)
       : log_(log),
-        form_(form),
+        lists_(lists),
         texts_(texts),
         progress_(progress),
         folders_(folders),
@@ -42,15 +57,15 @@ class Languages {
 
  private:
   void ListSources();
-  void ListInstalled();
-  void SelectStored();
+  std::vector<std::string> ListInstalled();
+  void SelectStored(const std::vector<std::string>& names);
   std::string ChosenName() const;
   void Load(const std::string& path);
   void TellDamaged();
   std::string Folder(const char* name) const;
 
   Logs& log_;
-  frmMain& form_;
+  Lists& lists_;
   TextTable& texts_;
   Progress& progress_;
   Folders& folders_;

@@ -24,7 +24,7 @@ class ErrorReport {
                                  std::int32_t number, const std::string& description,
                                  const std::string& source);
 
-  // What unloads the program's open windows before the end.
+  // Unloads the program's open windows before the end.
   std::function<void()> UnloadWindows;
 
  private:

@@ -5,14 +5,12 @@
 #include <functional>
 #include <string>
 
-#include "forms/frmMain.h"
 #include "logging/DataFolder.h"
 #include "logging/LogFiles.h"
 #include "logging/Logs.h"
 #include "platform/Clock.h"
 #include "platform/Folders.h"
 #include "platform/Progress.h"
-#include "platform/Screen.h"
 
 namespace brenwick {
 
@@ -21,20 +19,26 @@ class LogRetention {
   // The status window's line for logs kept that number of days, by the number of its text.
   using StatusText = std::function<std::string(std::int16_t text, const std::string& days)>;
 
-  // Takes over the two clean-up boxes, the boxes for the days, and tmrOnceADay.
+  // The user's wish for one kind of log, as it is at this moment.
+  struct Wish {
+    const bool& CleanUp;
+    const std::string& DaysToKeep;  // as typed
+  };
+
   LogRetention(Logs& log, LogFiles& files, DataFolder& data, Folders& folders, Clock& clock,
-               Screen& screen, Progress& progress, frmMain& form, StatusText statusText);
+               Progress& progress, Wish conversations, Wish debugLogs, StatusText statusText);
 
   // The timer runs while at least one kind of log is cleaned up.
   void SetLogCleanTimer();
+  // Deletes the old logs of each kind that is cleaned up, unless it ran on this day already.
+  void tmrOnceADay_Timer();
+
+  // Starts and stops the timer that calls tmrOnceADay_Timer.
+  std::function<void(bool on)> EnableTimer;
 
  private:
   struct Kind;
 
-  void WireControls();
-  void CleanUp_Click(const char* procedure, const CheckBox& box, Label& label, TextBox& days);
-  void Days_LostFocus(const char* procedure, TextBox& days);
-  void tmrOnceADay_Timer();
   void Clean(const Kind& kind);
   void DeleteOlderThan(const std::string& folder, std::int16_t days);
 
@@ -43,9 +47,9 @@ class LogRetention {
   DataFolder& data_;
   Folders& folders_;
   Clock& clock_;
-  Screen& screen_;
   Progress& progress_;
-  frmMain& form_;
+  Wish conversations_;
+  Wish debug_logs_;
   StatusText status_text_;
   std::int16_t last_day_ = 0;  // of the month, on which cleaning ran; 0 before the first time
 };

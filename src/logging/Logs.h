@@ -1,4 +1,4 @@
-// What every room uses to say what it is doing and to trap its failures.
+// Writes what a room is doing to the logs, and traps the failures of its procedures.
 #pragma once
 
 #include <exception>

@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "base/ProgramState.h"
-#include "base/Text.h"
 #include "pages/FormTextTable.h"
 
 namespace brenwick {
@@ -11,7 +10,7 @@ namespace {
 
 constexpr const char* kLineEnd = "\r\n";
 
-// What stands under each heading of the About page.
+// A heading of the About page and the line below it.
 struct AboutLine {
   std::int16_t heading;
   std::string data;
@@ -20,16 +19,13 @@ struct AboutLine {
 }  // namespace
 
 FormTexts::FormTexts(Logs& log, frmMain& form, const TextTable& texts, Languages& languages,
-                     Progress& progress, Screen& screen, Steps steps)
+                     Progress& progress, std::function<std::string()> abbreviationsFile)
     : log_(log),
       form_(form),
       texts_(texts),
       languages_(languages),
       progress_(progress),
-      screen_(screen),
-      steps_(std::move(steps)) {
-  form_.cmdLanguage.Click = [this] { cmdLanguage_Click(); };
-}
+      abbreviations_file_(std::move(abbreviationsFile)) {}
 
 void FormTexts::SetAlltext(bool silent) {
   constexpr const char* kProcedure = "SetAlltext";
@@ -41,7 +37,7 @@ void FormTexts::SetAlltext(bool silent) {
     form_.lblAbout.SetCaption(AboutText());
     SetCaptions();
     form_.lblAbbreviationsFile.SetCaption(
-        texts_.GetText(texts_.LoadText(67), steps_.AbbreviationsFile()));
+        texts_.GetText(texts_.LoadText(67), abbreviations_file_()));
     if (!silent) progress_.StatusForm(false);
   });
 }
@@ -75,17 +71,6 @@ std::string FormTexts::AboutText() const {
     about += texts_.LoadText(line.heading) + kLineEnd + "\t" + line.data + kLineEnd;
   }
   return about;
-}
-
-void FormTexts::cmdLanguage_Click() {
-  log_.Trap("frmMain", "cmdLanguage_Click", [&] {
-    if (LowerCase(form_.cmbLanguage.Text()) == "español") {
-      screen_.MessageBox("Translation by:\r\n\r\nBrenwick", "Spanish", BoxIcon::Information,
-                         BoxButtons::Ok);
-    }
-    SetAlltext(false);
-    steps_.DefaultTexts();
-  });
 }
 
 }  // namespace brenwick

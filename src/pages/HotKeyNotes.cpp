@@ -3,7 +3,7 @@
 namespace brenwick {
 namespace {
 
-// What is told of one kind of obstacle. A language of the user's own that lacks the text is helped
+// The text about one kind of obstacle. A language of the user's own that lacks the text is helped
 // out in English: a key that does nothing and says nothing looks broken.
 struct Telling {
   KeyObstacle::Kind kind;

@@ -15,7 +15,7 @@ constexpr const char* kModule = "frmMain";
 constexpr int kWidth = 5829;
 constexpr int kHeight = 4200;
 
-// What lies beyond is no place on any screen.
+// A place farther away is on no screen.
 constexpr int kFarthest = 1'000'000;
 
 constexpr std::size_t kTipLength = 64;

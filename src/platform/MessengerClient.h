@@ -84,6 +84,11 @@ class MessengerClient {
   // Asks the client to open its message window for the contact with this sign-in name, and does not
   // wait for it. Raises a Failure when the client cannot be asked.
   virtual void InstantMessage(const std::string& contact) = 0;
+
+  // Called inside a handler that waits for something else: has the listener handle the events that
+  // came meanwhile and wait for the end of that handler. A client that makes no event wait has
+  // nothing to do. The listener's handlers may throw.
+  virtual void HandleWaiting() {}
 };
 
 }  // namespace brenwick

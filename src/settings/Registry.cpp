@@ -31,7 +31,7 @@ bool IsZero(const RegistryVariant& value) {
   }
 }
 
-// What is no text and no number reads as the empty text: a store that somebody edited must not keep
+// A value that is no text and no number reads as the empty text: an edited store must not keep
 // the program from starting.
 std::string AsText(const RegistryVariant& value) {
   if (const auto* text = std::get_if<std::string>(&value)) return *text;

@@ -9,7 +9,7 @@
 
 namespace brenwick {
 
-// What a value is converted to on reading.
+// The type that a value is converted to on reading.
 enum class RegistryConversion : std::int16_t {
   Flag = 0,  // 0 is false; everything else, the empty text too, is true
   Text = 1,

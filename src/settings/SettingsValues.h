@@ -5,7 +5,7 @@
 
 namespace brenwick {
 
-// What is chosen in a list in which the user can also type.
+// The choice in a list in which the user can also type.
 struct ChosenEntry {
   int position = -1;  // of the entry in the list; −1 while the text is no entry
   std::string text;

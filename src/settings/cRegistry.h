@@ -11,7 +11,7 @@
 
 namespace brenwick {
 
-// What a value can be on its way in or out. std::monostate is the empty result.
+// A value on its way into the store or out of it. std::monostate is the empty result.
 using RegistryVariant = std::variant<std::monostate, std::string, std::int16_t, std::int32_t, float,
                                      double, bool, std::vector<std::uint8_t>>;
 
@@ -41,7 +41,7 @@ class cRegistry {
   // everything else is passed over.
   void SetValue(const RegistryVariant& value);
 
-  // What SetValue raises when the store does not take the value.
+  // Raises the failure of a SetValue whose value the store does not take.
   [[noreturn]] void FailToSet(const std::string& shown);
 
   // Registers the program for a file type, below SectionKey.

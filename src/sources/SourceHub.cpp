@@ -126,6 +126,10 @@ void SourceHub::Raise(Event event) {
   waiting_.push_back(std::move(event));
   if (std::exchange(handling_, true)) return;
   const Lowered done{handling_};
+  HandleWaiting();
+}
+
+void SourceHub::HandleWaiting() {
   while (!waiting_.empty() && listener_ != nullptr) {
     const Event next = std::move(waiting_.front());
     waiting_.pop_front();

@@ -2,7 +2,7 @@
 //
 // An event that comes while a handler still runs, because the handler shows a box or lets pending
 // events run, waits until that handler is done; so handlers run one at a time and in the order of
-// the events, whichever source they come from.
+// the events, whichever source they come from. HandleWaiting is for a handler that waits for long.
 #pragma once
 
 #include <cstdint>
@@ -34,6 +34,8 @@ class SourceHub : public MessengerClient {
   // Opens the conversation where the contact was last heard of, or at the first source that knows
   // the contact. Where none does, NobodyKnows is called.
   void InstantMessage(const std::string& contact) override;
+
+  void HandleWaiting() override;
 
   const std::vector<MessengerSource*>& All() const { return sources_; }
 

@@ -1,4 +1,4 @@
-// What became of something that might have been said.
+// The outcome of something that might have been said.
 #pragma once
 
 namespace brenwick {

@@ -14,63 +14,33 @@ constexpr std::int32_t kInterrupt = SVSFlagsAsync + SVSFPurgeBeforeSpeak + SVSFI
 
 }  // namespace
 
-struct Speech::VoiceControls {
+// References into the settings: what is typed while a sentence is begun counts.
+struct Speech::VoiceSettings {
   const char* gender;
   const char* procedure;
-  const ComboBox& voice;
-  const TextBox& speed;
-  const TextBox& volume;
+  const ChosenEntry& voice;
+  const std::string& speed;
+  const std::string& volume;
 };
 
-Speech::Speech(Logs& log, const ProgramState& state, frmMain& form, const TextTable& texts,
-               const TextCleanUp& cleanUp, SpokenHistory& history, Progress& progress,
-               SpVoice& voice, Screen& screen)
+Speech::Speech(Logs& log, const ProgramState& state, const SettingsValues& values,
+               const TextTable& texts, const TextCleanUp& cleanUp, SpokenHistory& history,
+               Progress& progress, SpVoice& voice)
     : log_(log),
       state_(state),
-      form_(form),
+      values_(values),
       texts_(texts),
       clean_up_(cleanUp),
       history_(history),
       progress_(progress),
-      voice_(voice),
-      screen_(screen) {
-  WireControls();
-}
-
-void Speech::WireControls() {
-  form_.chkMute.Click = [this] { chkMute_Click(); };
-  form_.mnuMute.Click = [this] { mnuMute_Click(); };
-  form_.chkFinishSentence.Click = [this] { chkFinishSentence_Click(); };
-  form_.chkScrollLock.Click = [this] { chkScrollLock_Click(); };
-  form_.ocxHotKeySilent.HotkeyPressed = [this] { ocxHotKeySilent_HotkeyPressed(); };
-  form_.cmdSpeedTestFemale.Click = [this] {
-    log_.Trap(kModule, "cmdSpeedTestFemale_Click",
-              [&] { Speak(form_.txtIntroductionText.Text(), true, kFemale, false); });
-  };
-  form_.cmdSpeedTestMale.Click = [this] {
-    log_.Trap(kModule, "cmdSpeedTestMale_Click",
-              [&] { Speak(form_.txtIntroductionText.Text(), true, kMale, false); });
-  };
-  form_.txtTalkSpeedMale.LostFocus = [this] {
-    CheckNumber(form_.txtTalkSpeedMale, "txtTalkSpeedMale_LostFocus", -10, 10);
-  };
-  form_.txtTalkSpeedFemale.LostFocus = [this] {
-    CheckNumber(form_.txtTalkSpeedFemale, "txtTalkSpeedFemale_LostFocus", -10, 10);
-  };
-  form_.txtTalkVolumeMale.LostFocus = [this] {
-    CheckNumber(form_.txtTalkVolumeMale, "txtTalkVolumeMale_LostFocus", 0, 100);
-  };
-  form_.txtTalkVolumeFemale.LostFocus = [this] {
-    CheckNumber(form_.txtTalkVolumeFemale, "txtTalkVolumeFemale_LostFocus", 0, 100);
-  };
-}
+      voice_(voice) {}
 
 Outcome Speech::Speak(std::string p_sSpokenText, bool p_bMustSpeakThis, std::string p_strVoice,
                       bool p_bAgain) {
   return log_.Trap(kModule, "Speak", [&] {
     progress_.SetHourglass(true);
     log_.DebugWrite("Speak", "Text to speak :" + p_sSpokenText);
-    const bool muted = form_.chkMute.Ticked();
+    const bool muted = values_.Mute;
     std::string note;
     if (muted && p_bMustSpeakThis) {
       log_.DebugWrite("Speak", "Mute is on but overruled by /talk");
@@ -89,8 +59,7 @@ Outcome Speech::Speak(std::string p_sSpokenText, bool p_bMustSpeakThis, std::str
         log_.DebugWrite("Speak", "Not online, nothing spoken");
       }
     }
-    form_.lstMessages.AddItem(note + p_sSpokenText);
-    form_.lstMessages.SetListIndex(form_.lstMessages.ListCount() - 1);
+    if (ListSentence) ListSentence(note + p_sSpokenText);
     if (state_.SaveConversations && state_.MessengerOnline) log_.ConversationWrite(p_sSpokenText);
     progress_.SetHourglass(false);
     return outcome;
@@ -128,93 +97,44 @@ std::string Speech::ChooseVoice(const std::string& code) {
     return code;
   }
   log_.DebugWrite("Speak", "Setting the voice to default");
-  return form_.optFemale.Chosen() ? kFemale : kMale;
+  return values_.DefaultVoice;
 }
 
 void Speech::SetVoiceFemale() {
-  SetVoice({"female", "SetVoiceFemale", form_.cmbVoiceFemale, form_.txtTalkSpeedFemale,
-            form_.txtTalkVolumeFemale});
+  SetVoice(
+      {"female", "SetVoiceFemale", values_.FemaleVoice, values_.FemaleSpeed, values_.FemaleVolume});
 }
 
 void Speech::SetVoiceMale() {
-  SetVoice({"male", "SetVoiceMale", form_.cmbVoiceMale, form_.txtTalkSpeedMale,
-            form_.txtTalkVolumeMale});
+  SetVoice({"male", "SetVoiceMale", values_.MaleVoice, values_.MaleSpeed, values_.MaleVolume});
 }
 
 // Each step that fails leaves the engine's former setting, and the next one is taken.
-void Speech::SetVoice(const VoiceControls& controls) {
+void Speech::SetVoice(const VoiceSettings& settings) {
   if (state_.ClosingDown) return;
-  const std::string setting = std::string("Setting ") + controls.gender + " voice";
-  log_.DebugWrite("SetVoice", setting + " to " + controls.voice.Text());
+  const std::string setting = std::string("Setting ") + settings.gender + " voice";
+  log_.DebugWrite("SetVoice", setting + " to " + settings.voice.text);
   IgnoringFailures([&] {
-    const int position = controls.voice.ListIndex();
+    const int position = settings.voice.position;
     if (position < 0) throw Failure(kInvalidCall);
     voice_.SetVoice(static_cast<std::size_t>(position));
   });
   IgnoringFailures([&] {
-    const int rate = LeadingInteger16(controls.speed.Text());
-    log_.DebugWrite(controls.procedure, setting + " speed to " + std::to_string(rate));
+    const int rate = LeadingInteger16(settings.speed);
+    log_.DebugWrite(settings.procedure, setting + " speed to " + std::to_string(rate));
     voice_.SetRate(rate);
   });
   IgnoringFailures([&] {
-    const int volume = LeadingInteger16(controls.volume.Text());
-    log_.DebugWrite(controls.procedure, setting + " volume to " + std::to_string(volume));
+    const int volume = LeadingInteger16(settings.volume);
+    log_.DebugWrite(settings.procedure, setting + " volume to " + std::to_string(volume));
     voice_.SetVolume(volume);
   });
 }
 
-// Silences the engine and drops what is queued.
 void Speech::Purge() {
   IgnoringFailures([&] { voice_.Speak("", SVSFPurgeBeforeSpeak); });
 }
 
-void Speech::chkFinishSentence_Click() {
-  speak_flags_ = form_.chkFinishSentence.Ticked() ? kQueue : kInterrupt;
-}
-
-void Speech::chkMute_Click() {
-  log_.Trap(kModule, "chkMute_Click", [&] {
-    const bool muted = form_.chkMute.Ticked();
-    log_.DebugWrite("Mute", std::string("Current setting = ") + (muted ? "Silent" : "Speaking"));
-    form_.mnuMute.SetChecked(muted);
-    if (!muted) return;
-    log_.DebugWrite("Mute", "Flushing buffer");
-    Purge();
-  });
-}
-
-// The menu item only ever switches mute off.
-void Speech::mnuMute_Click() {
-  log_.Trap(kModule, "mnuMute_Click", [&] {
-    form_.mnuMute.SetChecked(false);
-    form_.chkMute.SetTicked(false);
-  });
-}
-
-void Speech::chkScrollLock_Click() { EnableSilenceHotKey(); }
-
-void Speech::EnableSilenceHotKey() {
-  form_.ocxHotKeySilent.SetEnabled(form_.chkScrollLock.Ticked());
-}
-
-void Speech::ocxHotKeySilent_HotkeyPressed() {
-  if (form_.chkScrollLock.Ticked()) Purge();
-}
-
-// A bad number is shown to the user and left for him to mend.
-void Speech::CheckNumber(TextBox& box, const char* procedure, int lowest, int highest) {
-  log_.Trap(kModule, procedure, [&] {
-    const double number = LeadingNumber(box.Text());
-    bool valid = false;
-    IgnoringFailures([&] {
-      const int rounded = ToInteger16(number);
-      valid = rounded >= lowest && rounded <= highest;
-    });
-    if (valid) return;
-    screen_.Beep();
-    box.SetFocus();
-    box.SelectAll();
-  });
-}
+void Speech::FollowFinishSentence() { speak_flags_ = values_.FinishSentence ? kQueue : kInterrupt; }
 
 }  // namespace brenwick

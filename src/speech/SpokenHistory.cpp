@@ -9,14 +9,12 @@ void SpokenHistory::SpeakArray(const std::string& sentence, const std::string& v
     log_.DebugWrite("Speak", "Text to array (for 'say what' keys)");
     std::shift_right(places_.begin(), places_.end(), 1);
     places_[0] = {sentence, voice};
-    for (std::size_t i = places_.size(); i-- > 0;) {
-      form_.txtSpokenMessages[i].SetText(places_[i].sentence);
-    }
+    if (Changed) Changed();
   });
 }
 
 const SpokenHistory::Place& SpokenHistory::At(int index) const {
-  if (index < 0 || index >= static_cast<int>(places_.size())) throw Failure(kSubscript);
+  if (index < 0 || index >= kLength) throw Failure(kSubscript);
   return places_[static_cast<std::size_t>(index)];
 }
 

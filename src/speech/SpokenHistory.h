@@ -2,9 +2,9 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <string>
 
-#include "forms/frmMain.h"
 #include "logging/Logs.h"
 
 namespace brenwick {
@@ -15,22 +15,24 @@ class SpokenHistory {
     std::string sentence;
     std::string voice;  // the voice code it was spoken with
   };
+  static constexpr int kLength = 4;
 
-  SpokenHistory(Logs& log, frmMain& form) : log_(log), form_(form) {}
+  explicit SpokenHistory(Logs& log) : log_(log) {}
 
-  // Puts a sentence in place 0, moves the others on, drops the oldest, and shows all four in the
-  // text boxes.
+  // Puts a sentence in place 0, moves the others on, drops the oldest, and calls Changed.
   void SpeakArray(const std::string& sentence, const std::string& voice);
 
   // Place 0 holds the newest, 3 the oldest. Raises kSubscript for any other index.
   const Place& At(int index) const;
 
+  // Empties all places; Changed is not called.
   void Clear() { places_ = {}; }
+
+  std::function<void()> Changed;
 
  private:
   Logs& log_;
-  frmMain& form_;
-  std::array<Place, 4> places_;
+  std::array<Place, kLength> places_;
 };
 
 }  // namespace brenwick

@@ -14,25 +14,24 @@ constexpr int kMostSteps = 1000;
 
 }  // namespace
 
-VersionCheck::VersionCheck(Logs& log, const ProgramState& state, frmMain& form,
+VersionCheck::VersionCheck(Logs& log, const ProgramState& state, const SettingsValues& values,
                            const TextTable& texts, Progress& progress, Registry& registry,
-                           EventLoop& loop, Screen& screen, Speech& speech)
+                           EventLoop& loop, Screen& screen, Speech& speech, WebAccess& access,
+                           VersionDisplay& display)
     : log_(log),
       state_(state),
-      form_(form),
+      values_(values),
       texts_(texts),
       progress_(progress),
       registry_(registry),
       loop_(loop),
       screen_(screen),
       speech_(speech),
-      access_(log, form, texts, progress) {
-  form_.cmdUpdate.Click = [this] { UpdateCheck(true); };
-  form_.cmdWebSite.Click = [this] { cmdWebSite_Click(); };
-}
+      access_(access),
+      display_(display) {}
 
 void VersionCheck::CheckAutomatically() {
-  if (form_.chkNewVersionBrenwick.Ticked() && state_.MessengerOnline) UpdateCheck(false);
+  if (values_.CheckNewVersionsBrenwick && state_.MessengerOnline) UpdateCheck(false);
 }
 
 void VersionCheck::UpdateCheck(bool interactive) {
@@ -44,19 +43,19 @@ void VersionCheck::UpdateCheck(bool interactive) {
     running_ = true;
     interactive_ = interactive;
     progress_.SetHourglass(true);
-    form_.txtWebVersion.SetText("");
+    access_.SetAnswer("");
     access_.WebGetVersionInfo(Server());
     const bool answered = WaitForAnswer();
-    const SocketState ended = form_.wscHttp.State();
-    form_.wscHttp.Close();
+    const bool failed = access_.Failed();
+    access_.Close();
     progress_.SetHourglass(false);
-    form_.cmdUpdate.SetCaption(texts_.LoadText(77));
+    display_.ShowOnButton(texts_.LoadText(77));
     if (answered) {
       TellResult();
     } else if (interactive_) {
-      TellTimeOut(ended);
+      TellTimeOut(failed);
     }
-    access_.ShowSocketState();
+    display_.ShowSocketState();
     running_ = false;
   });
 }
@@ -70,14 +69,15 @@ std::string VersionCheck::Server() {
 // False when nothing had come after a long wait.
 bool VersionCheck::WaitForAnswer() {
   int steps = 0;
-  while (form_.txtWebVersion.Text().empty()) {
+  while (access_.Answer().empty()) {
     loop_.Sleep(kStep);
     loop_.DoEvents();
+    if (HandleMessages) HandleMessages();
     ++steps;
     access_.CountStep();
-    form_.cmdUpdate.SetCaption(std::to_string(steps));
-    access_.ShowSocketState();
-    if (steps < kMostSteps || !form_.txtWebVersion.Text().empty()) continue;
+    display_.ShowOnButton(std::to_string(steps));
+    display_.ShowSocketState();
+    if (steps < kMostSteps || !access_.Answer().empty()) continue;
     if (!GoOnWaiting()) return false;
     steps = 0;
   }
@@ -89,15 +89,15 @@ bool VersionCheck::GoOnWaiting() {
                                             BoxButtons::YesNo) == BoxAnswer::Yes;
 }
 
-void VersionCheck::TellTimeOut(SocketState ended) {
+void VersionCheck::TellTimeOut(bool failed) {
   speech_.Speak(texts_.LoadText(73), false, kDefaultVoice, false);
-  if (ended != SocketState::Error) return;
-  screen_.MessageBox(form_.txtWebVersion.Text(), kTitle, BoxIcon::Exclamation, BoxButtons::Ok);
-  form_.txtWebVersion.SetText(texts_.LoadText(73));
+  if (!failed) return;
+  screen_.MessageBox(access_.Answer(), kTitle, BoxIcon::Exclamation, BoxButtons::Ok);
+  access_.SetAnswer(texts_.LoadText(73));
 }
 
 void VersionCheck::TellResult() {
-  const std::string& web = form_.txtWebVersion.Text();
+  const std::string& web = access_.Answer();
   if (ParseVersion(web) > ParseVersion(ProgramVersion{}.Plain())) {
     const std::string news = texts_.GetText(texts_.LoadText(69), web);
     speech_.Speak(news, false, kDefaultVoice, false);
@@ -111,7 +111,7 @@ void VersionCheck::TellResult() {
 // The text, the program's version, and the published one behind its label.
 void VersionCheck::Tell(const std::string& text, std::int16_t label) {
   screen_.MessageBox(text + "\r\n" + texts_.LoadText(70) + " " + ProgramVersion{}.Plain() + "\r\n" +
-                         texts_.LoadText(label) + " " + form_.txtWebVersion.Text(),
+                         texts_.LoadText(label) + " " + access_.Answer(),
                      kTitle, BoxIcon::Information, BoxButtons::Ok);
 }
 

@@ -20,13 +20,6 @@ constexpr std::string_view kEndOfHeaders = "\r\n\r\n";
 constexpr int kHttpPort = 80;
 constexpr int kHighestPort = 65535;
 
-// By the numbers of the states.
-constexpr const char* kStateNames[] = {
-    "Closed",         "Open",          "Listening",  "Connection pending",
-    "Resolving host", "Host resolved", "Connecting", "Connected",
-    "Closing",        "Error",
-};
-
 // "HOST" and the path of an address.
 std::pair<std::string, std::string> SplitAddress(std::string_view address) {
   if (address.starts_with(kScheme)) address.remove_prefix(kScheme.size());
@@ -49,14 +42,6 @@ int TakePort(std::string& host) {
 
 }  // namespace
 
-WebAccess::WebAccess(Logs& log, frmMain& form, const TextTable& texts, Progress& progress)
-    : log_(log), form_(form), texts_(texts), progress_(progress) {
-  form_.wscHttp.OnConnect = [this] { wscHttp_Connect(); };
-  form_.wscHttp.OnDataArrival = [this] { wscHttp_DataArrival(); };
-  form_.wscHttp.OnClose = [this] { wscHttp_Close(); };
-  form_.wscHttp.OnError = [this] { wscHttp_Error(); };
-}
-
 void WebAccess::WebGetVersionInfo(const std::string& server) {
   log_.Trap(kModule, kProcedure, [&] {
     progress_.SetHourglass(true);
@@ -65,12 +50,11 @@ void WebAccess::WebGetVersionInfo(const std::string& server) {
     response_.clear();
     done_ = false;
     steps_arriving_ = 0;
-    form_.wscHttp.Close();
-    form_.wscHttp.SetLocalPort(0);
+    socket_.Close();
     std::string host = host_;
     const int port = TakePort(host);
-    form_.wscHttp.Connect(host, port);
-    ShowSocketState();
+    socket_.Connect(host, port);
+    display_.ShowSocketState();
     progress_.SetHourglass(false);
   });
 }
@@ -79,23 +63,23 @@ void WebAccess::CountStep() {
   if (!response_.empty() && !done_ && ++steps_arriving_ > kMostSteps) GiveUp();
 }
 
-void WebAccess::ShowSocketState() {
-  const auto state = static_cast<std::size_t>(form_.wscHttp.State());
-  form_.txtWinSockStatus.SetText(state < std::size(kStateNames) ? kStateNames[state] : "");
+void WebAccess::SetAnswer(const std::string& text) {
+  answer_ = text;
+  display_.ShowVersion(answer_);
 }
 
 void WebAccess::wscHttp_Connect() {
   log_.Trap(kModule, kProcedure, [&] {
-    form_.wscHttp.SendData("GET " + path_ + " HTTP/1.1\r\nHost: " + host_ +
-                           "\r\nConnection: close\r\nAccept: */*\r\n\r\n");
-    ShowSocketState();
+    socket_.SendData("GET " + path_ + " HTTP/1.1\r\nHost: " + host_ +
+                     "\r\nConnection: close\r\nAccept: */*\r\n\r\n");
+    display_.ShowSocketState();
   });
 }
 
 void WebAccess::wscHttp_DataArrival() {
-  IgnoringFailures([&] { response_ += form_.wscHttp.GetData(); });
+  IgnoringFailures([&] { response_ += socket_.GetData(); });
   if (response_.size() > kLongestAnswer) GiveUp();
-  ShowSocketState();
+  display_.ShowSocketState();
 }
 
 // Only what stands behind the headers counts; whether they announce an error does not.
@@ -105,24 +89,24 @@ void WebAccess::wscHttp_Close() {
       const std::size_t end = response_.find(kEndOfHeaders);
       if (end == std::string::npos) throw Failure(kInvalidCall);
       response_.erase(0, end + kEndOfHeaders.size());
-      form_.txtWebVersion.SetText(Repaired(response_));
+      SetAnswer(Repaired(response_));
       done_ = true;
     }
-    ShowSocketState();
+    display_.ShowSocketState();
   });
 }
 
 void WebAccess::wscHttp_Error() {
   log_.Trap(kModule, kProcedure, [&] {
-    ShowSocketState();
-    form_.txtWebVersion.SetText(texts_.LoadText(73));
+    display_.ShowSocketState();
+    SetAnswer(texts_.LoadText(73));
   });
 }
 
 // The rest of the answer is not waited for.
 void WebAccess::GiveUp() {
   done_ = true;
-  form_.wscHttp.Close();
+  socket_.Close();
   wscHttp_Error();
 }
 

@@ -7,6 +7,7 @@
 #include "fuzz/FuzzWorld.h"
 #include "language/Coding.h"
 #include "language/Languages.h"
+#include "pages/LanguageLists.h"
 
 namespace brenwick {
 namespace {
@@ -76,7 +77,8 @@ class Reader {
   FakeWorld world_;
   frmMain& form_ = FormWithEnglish();
   TextTable texts_{world_.log};
-  Languages languages_{world_.log,     form_,         texts_,        world_.status,
+  LanguageLists lists_{form_};
+  Languages languages_{world_.log,     lists_,        texts_,        world_.status,
                        world_.folders, world_.screen, world_.system, [] { return "English"; }};
 };
 

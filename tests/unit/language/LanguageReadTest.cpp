@@ -7,6 +7,7 @@
 
 #include "language/Coding.h"
 #include "language/Languages.h"
+#include "pages/LanguageLists.h"
 #include "support/Fakes.h"
 
 namespace brenwick {
@@ -33,7 +34,8 @@ class LanguageReadTest : public testing::Test {
   frmMain form;
   TextTable texts{world.log};
   std::function<std::string()> stored = [] { return ""; };
-  Languages languages{world.log,     form,         texts,        world.status,
+  LanguageLists lists{form};
+  Languages languages{world.log,     lists,        texts,        world.status,
                       world.folders, world.screen, world.system, [this] { return stored(); }};
 };
 

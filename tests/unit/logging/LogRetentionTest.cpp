@@ -5,6 +5,8 @@
 #include <set>
 #include <string>
 
+#include "pages/LogOptionsPage.h"
+#include "pages/SettingsBinding.h"
 #include "support/Fakes.h"
 
 namespace brenwick {
@@ -32,18 +34,21 @@ class LogRetentionTest : public testing::Test {
 
   FakeWorld world;
   frmMain form;
+  SettingsValues values;
+  SettingsBinding binding{form, values};
   LogRetention retention{world.log,
                          world.files,
                          world.data,
                          world.folders,
                          world.clock,
-                         world.screen,
                          world.status,
-                         form,
+                         {values.ConversationCleanUp, values.ConversationsDaysToKeep},
+                         {values.DebugCleanUp, values.DebugDaysToKeep},
                          [this](auto text, const auto& days) {
                            shown += std::to_string(text) + ":" + days + " ";
                            return "text";
                          }};
+  LogOptionsPage page{world.log, world.files, world.state, form, world.screen, retention};
   std::string shown;
 };
 

@@ -4,6 +4,9 @@
 #include <string>
 
 #include "messenger/MessengerEvents.h"
+#include "pages/SettingsBinding.h"
+#include "pages/SpokenPage.h"
+#include "pages/SpokenWordsPage.h"
 #include "support/Fakes.h"
 
 namespace brenwick {
@@ -24,13 +27,16 @@ struct MessengerRoom {
   FakeWorld world;
   FakeVoice voice;
   frmMain form;
+  SettingsValues values;
+  SettingsBinding binding{form, values};
   TextTable texts{world.log};
   ContactList contacts{world.log, form, texts};
   TextCleanUp clean_up{world.log};
   Abbreviations abbreviations{world.log, texts, world.status, world.data, world.folders};
-  SpokenHistory history{world.log, form};
-  Speech speech{world.log, world.state,  form,  texts,       clean_up,
-                history,   world.status, voice, world.screen};
+  SpokenHistory history{world.log};
+  Speech speech{world.log, world.state, values, texts, clean_up, history, world.status, voice};
+  SpokenWordsPage spoken_words{form, speech};
+  SpokenPage spoken_page{world.log, form, speech};
   SpokenName name{form, contacts, clean_up};
   MessageJournal journal{form, texts};
   IncomingText incoming{world.log, form,          texts,  contacts, name,

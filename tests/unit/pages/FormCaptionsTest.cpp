@@ -10,7 +10,10 @@
 #include "base/Text.h"
 #include "language/Coding.h"
 #include "pages/FormTexts.h"
+#include "pages/GeneralPage.h"
+#include "pages/LanguageLists.h"
 #include "support/Fakes.h"
+#include "support/MapStore.h"
 
 namespace brenwick {
 namespace {
@@ -43,15 +46,15 @@ class FormCaptionsTest : public testing::Test {
   FakeWorld world;
   frmMain form;
   TextTable texts{world.log};
-  Languages languages{world.log,     form,         texts,        world.status,
+  LanguageLists lists{form};
+  Languages languages{world.log,     lists,        texts,        world.status,
                       world.folders, world.screen, world.system, [] { return ""; }};
-  FormTexts form_texts{world.log,
-                       form,
-                       texts,
-                       languages,
-                       world.status,
-                       world.screen,
-                       {.AbbreviationsFile = [] { return "/my/file"; }, .DefaultTexts = [] {}}};
+  FormTexts form_texts{world.log, form, texts, languages, world.status, [] { return "/my/file"; }};
+  MapStore store;
+  Registry registry{store, world.folders};
+  LanguageKey key{world.log, world.status, world.folders, world.loop};
+  GeneralPage page{world.log, form,       texts, world.screen, world.folders,
+                   registry,  form_texts, key,   [] {}};
 };
 
 // Designed otherwise, or filled in by the program.
@@ -77,6 +80,7 @@ TEST_F(FormCaptionsTest, EnglishIsWhatTheControlsWereDesignedToSay) {
     expected[name] = caption;
   }
   languages.LanguageRead();
+  page.NameLanguageList();
   form_texts.SetAlltext(true);
   Captions captions = CaptionsOf(form);
   EXPECT_TRUE(captions["lblAbout"].starts_with("Brenwick reads aloud"));

@@ -8,7 +8,10 @@
 
 #include "language/Coding.h"
 #include "pages/FormTextTable.h"
+#include "pages/GeneralPage.h"
+#include "pages/LanguageLists.h"
 #include "support/Fakes.h"
+#include "support/MapStore.h"
 
 namespace brenwick {
 namespace {
@@ -35,21 +38,20 @@ class FormTextsTest : public testing::Test {
   FakeWorld world;
   frmMain form;
   TextTable texts{world.log};
-  Languages languages{world.log,     form,         texts,        world.status,
+  LanguageLists lists{form};
+  Languages languages{world.log,     lists,        texts,        world.status,
                       world.folders, world.screen, world.system, [] { return ""; }};
   std::string steps;
-  FormTexts form_texts{world.log,
-                       form,
-                       texts,
-                       languages,
-                       world.status,
-                       world.screen,
-                       {.AbbreviationsFile =
-                            [this] {
-                              steps += "file ";
-                              return "/my/file";
-                            },
-                        .DefaultTexts = [this] { steps += "defaults "; }}};
+  FormTexts form_texts{world.log, form, texts, languages, world.status, [this] {
+                         steps += "file ";
+                         return "/my/file";
+                       }};
+  MapStore store;
+  Registry registry{store, world.folders};
+  LanguageKey key{world.log, world.status, world.folders, world.loop};
+  GeneralPage page{world.log,    form,          texts,
+                   world.screen, world.folders, registry,
+                   form_texts,   key,           [this] { steps += "defaults "; }};
 };
 
 TEST_F(FormTextsTest, SetEveryTextThatBelongsToTheWindow) {

@@ -1,4 +1,4 @@
-#include "pages/LanguageKey.h"
+#include "language/LanguageKey.h"
 
 #include <gtest/gtest.h>
 
@@ -19,20 +19,17 @@ class LanguageKeyTest : public testing::Test {
   LanguageKeyTest() {
     world.folders.folders.insert("/program/Languages");
     world.folders.files["/program/OrgLanguages/A.Txt"] = kSource;
-    form.cmbOrgLanguage.AddItem("A");
-    form.cmbOrgLanguage.SetListIndex(0);
   }
   const std::string& Written() { return world.folders.files[kTarget]; }
 
   FakeWorld world;
-  frmMain form;
-  LanguageKey key{world.log, form, world.status, world.folders, world.loop};
+  LanguageKey key{world.log, world.status, world.folders, world.loop};
 };
 
 // 9 characters stay; from the 10th on each is one further, from the 20th on two. The spaces around
 // a text belong to it. The sum is that of the plain characters: 840, 1147 and 184.
 TEST_F(LanguageKeyTest, WritesTheCodedLinesAndTheirSum) {
-  form.cmdOrgLanguage.UserClick();
+  key.GenerateLaguageKey("A");
   EXPECT_EQ(Written(),
             "Nine char\r\n"
             "012345678:123456789;23\r\n"
@@ -42,14 +39,14 @@ TEST_F(LanguageKeyTest, WritesTheCodedLinesAndTheirSum) {
 
 TEST_F(LanguageKeyTest, WritesWhatTheBuildMakesOfTheSameSource) {
   world.folders.files["/program/OrgLanguages/A.Txt"] = "\r\n  Text with a placeholder, %a\r\n\r\nB";
-  form.cmdOrgLanguage.UserClick();
+  key.GenerateLaguageKey("A");
   EXPECT_EQ(Written(), CodeLanguage("\r\n  Text with a placeholder, %a\r\n\r\nB"));
 }
 
 TEST_F(LanguageKeyTest, TellsEachLineWhileTheWindowLives) {
   std::vector<std::string> told;
   world.loop.Pending = [&] { told.push_back(world.status.Form().lblStatus.Caption()); };
-  form.cmdOrgLanguage.UserClick();
+  key.GenerateLaguageKey("A");
   EXPECT_EQ(told, (std::vector<std::string>{"Writing language", "Nine char",
                                             "0123456789012345678901", " x "}));
   EXPECT_FALSE(world.status.Form().Visible());
@@ -62,7 +59,7 @@ TEST_F(LanguageKeyTest, DeletesTheOldFileAndLetsEventsRun) {
     if (path == kTarget) order += how + " ";
   };
   world.loop.Pending = [&] { order += "events "; };
-  form.cmdOrgLanguage.UserClick();
+  key.GenerateLaguageKey("A");
   EXPECT_EQ(order, "events delete events events events events replace ");
 }
 
@@ -70,7 +67,7 @@ TEST_F(LanguageKeyTest, TakesTheSourceWhateverItsCase) {
   auto source = world.folders.files.extract("/program/OrgLanguages/A.Txt");
   source.key() = "/program/OrgLanguages/A.TXT";
   world.folders.files.insert(std::move(source));
-  form.cmdOrgLanguage.UserClick();
+  key.GenerateLaguageKey("A");
   EXPECT_TRUE(world.screen.boxes.empty());
   EXPECT_TRUE(Written().starts_with("Nine char\r\n"));
 }
@@ -78,14 +75,14 @@ TEST_F(LanguageKeyTest, TakesTheSourceWhateverItsCase) {
 // Two files of one language would list it twice.
 TEST_F(LanguageKeyTest, LeavesNoOldFileInAnotherCase) {
   world.folders.files["/program/Languages/a.tml"] = "old";
-  form.cmdOrgLanguage.UserClick();
+  key.GenerateLaguageKey("A");
   EXPECT_FALSE(world.folders.files.contains("/program/Languages/a.tml"));
   EXPECT_TRUE(Written().starts_with("Nine char\r\n"));
 }
 
 TEST_F(LanguageKeyTest, TargetThatCannotBeWrittenIsReported) {
   world.folders.folders.erase("/program/Languages");
-  EXPECT_THROW(form.cmdOrgLanguage.UserClick(), ProgramEnd);
+  EXPECT_THROW(key.GenerateLaguageKey("A"), ProgramEnd);
   EXPECT_EQ(world.screen.boxes.at(0).text,
             "Error (76) : Path not found\r\n\r\nModule: modFunctions\r\nProcedure: "
             "GenerateLaguageKey\r\n\r\n");

@@ -8,6 +8,7 @@
 #include <chrono>
 #include <string>
 
+#include "pages/WebsitePage.h"
 #include "qt/QtEventLoop.h"
 #include "support/Fakes.h"
 #include "support/TestApplication.h"
@@ -21,7 +22,10 @@ constexpr const char* kFailed = "text 73";
 
 class TcpSocketTest : public testing::Test {
  protected:
-  TcpSocketTest() { texts.Replace(NumberedTexts()); }
+  TcpSocketTest() {
+    texts.Replace(NumberedTexts());
+    controls.Serve(access);
+  }
 
   // What txtWebVersion shows in the end.
   std::string Ask(const std::string& host) {
@@ -37,7 +41,7 @@ class TcpSocketTest : public testing::Test {
       ASSERT_LT(std::chrono::steady_clock::now(), end_of_patience);
       loop.Sleep(std::chrono::milliseconds(1));
       loop.DoEvents();
-      access.ShowSocketState();
+      controls.ShowSocketState();
       if (const std::string& state = form.txtWinSockStatus.Text();
           states.empty() || states.back() != state) {
         states.push_back(state);
@@ -50,7 +54,8 @@ class TcpSocketTest : public testing::Test {
   FakeWorld world;
   frmMain form;
   TextTable texts{world.log};
-  WebAccess access{world.log, form, texts, world.status};
+  WebsiteControls controls{form};
+  WebAccess access{world.log, texts, world.status, controls, controls};
   EndOfProgram end;
   QtEventLoop loop{end};
   TcpSocket socket{end, form.wscHttp};
@@ -84,7 +89,7 @@ TEST_F(TcpSocketTest, WaitsForASlowAnswer) {
 TEST_F(TcpSocketTest, AsksAgainAfterAnAnswer) {
   WebServer first("file");
   ASSERT_EQ(Ask(first.Host()), "3.1.0.201\r\n");
-  form.txtWebVersion.SetText("");
+  access.SetAnswer("");
   WebServer second("slow");
   EXPECT_EQ(Ask(second.Host()), "3.1.0.201\r\n");
 }

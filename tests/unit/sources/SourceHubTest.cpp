@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "base/Failure.h"
+#include "support/FakeSource.h"
 #include "support/RecordingListener.h"
 
 namespace brenwick {
@@ -11,32 +12,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-class FakeSource : public MessengerSource {
- public:
-  void Attach(MessengerListener& listener) override { raise = &listener; }
-  void Detach() override { raise = nullptr; }
-  std::int32_t MyStatus() override { return status; }
-  std::string MyName() override { return name; }
-  void InstantMessage(const std::string& contact) override { opened.push_back(contact); }
-  Connection Describe() const override { return {.Name = "fake"}; }
-  bool Knows(const std::string& contact) override { return contact == known; }
-  void Test(const std::string& /*sentence*/) override {}
-
-  void ChangeStatus(std::int32_t state) {
-    status = state;
-    raise->OnLocalStateChangeResult(state);
-  }
-  void Send(const std::string& contact, const std::string& text) {
-    raise->OnTextReceived({contact, contact}, "", text);
-  }
-
-  MessengerListener* raise = nullptr;
-  std::int32_t status = MSTATE_OFFLINE;
-  std::string name;
-  std::string known;
-  std::vector<std::string> opened;
-};
 
 class SourceHubTest : public testing::Test {
  protected:
@@ -69,6 +44,25 @@ TEST_F(SourceHubTest, LetAnEventWaitForTheHandlerBeforeIt) {
   };
   one.Send("ann", "first");
   EXPECT_THAT(program.events, ElementsAre("ann,ann,,first", "bob,bob,,second", "ann,ann,,third"));
+}
+
+TEST_F(SourceHubTest, HandlesWhatWaitsInsideAHandlerThatWaitsItself) {
+  program.Meanwhile = [&] {
+    two.Send("bob", "second");
+    one.Send("ann", "third");
+    sources.HandleWaiting();
+    EXPECT_THAT(program.events, ElementsAre("bob,bob,,second", "ann,ann,,third"));
+    one.Send("ann", "fourth");
+    EXPECT_THAT(program.events, ElementsAre("bob,bob,,second", "ann,ann,,third"));
+  };
+  one.Send("ann", "first");
+  EXPECT_THAT(program.events, ElementsAre("bob,bob,,second", "ann,ann,,third", "ann,ann,,first",
+                                          "ann,ann,,fourth"));
+}
+
+TEST_F(SourceHubTest, HasNothingToHandleWhileNothingWaits) {
+  sources.HandleWaiting();
+  EXPECT_THAT(program.events, IsEmpty());
 }
 
 TEST_F(SourceHubTest, HandsOnNothingOnceDetached) {

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "pages/RepeatPage.h"
 #include "support/Fakes.h"
 
 namespace brenwick {
@@ -20,14 +21,20 @@ class SpokenHistoryTest : public testing::Test {
     return places;
   }
   Texts Boxes() const {
-    Texts texts;
-    for (const TextBox& box : form.txtSpokenMessages) texts.push_back(box.Text());
-    return texts;
+    Texts shown;
+    for (const TextBox& box : form.txtSpokenMessages) shown.push_back(box.Text());
+    return shown;
   }
 
   FakeWorld world;
   frmMain form;
-  SpokenHistory history{world.log, form};
+  SpokenHistory history{world.log};
+  SettingsValues values;
+  FakeVoice voice;
+  TextTable texts{world.log};
+  TextCleanUp clean_up{world.log};
+  Speech speech{world.log, world.state, values, texts, clean_up, history, world.status, voice};
+  RepeatPage page{world.log, form, history, speech};
 };
 
 TEST_F(SpokenHistoryTest, StartsEmpty) {

@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "pages/SettingsBinding.h"
+#include "pages/WebsitePage.h"
 #include "support/Fakes.h"
 
 namespace brenwick {
@@ -50,6 +52,7 @@ class VersionCheckTest : public testing::Test {
     SetTexts(73, "text 73");
     world.state.MessengerOnline = true;
     world.screen.answer = BoxAnswer::No;
+    controls.Serve(access);
     world.loop.Pending = [this] { HandleEvents(); };
     world.screen.WhileBoxShows = [this] {
       counter_at_box.push_back(form.cmdUpdate.Caption());
@@ -102,16 +105,20 @@ class VersionCheckTest : public testing::Test {
 
   FakeWorld world;
   frmMain form;
+  SettingsValues values;
+  SettingsBinding binding{form, values};
   TextTable texts{world.log};
   EmptyStore store;
   Registry registry{store, world.folders};
   TextCleanUp clean_up{world.log};
-  SpokenHistory history{world.log, form};
+  SpokenHistory history{world.log};
   FakeVoice voice;
-  Speech speech{world.log, world.state,  form,  texts,       clean_up,
-                history,   world.status, voice, world.screen};
-  VersionCheck check{world.log, world.state, form,         texts, world.status,
-                     registry,  world.loop,  world.screen, speech};
+  Speech speech{world.log, world.state, values, texts, clean_up, history, world.status, voice};
+  WebsiteControls controls{form};
+  WebAccess access{world.log, texts, world.status, controls, controls};
+  VersionCheck check{world.log,  world.state,  values, texts,  world.status, registry,
+                     world.loop, world.screen, speech, access, controls};
+  WebsitePage page{form, check};
   FakeSocket socket{form.wscHttp};
 
   std::map<int, std::function<void()>> at;  // what happens at which step
@@ -163,10 +170,13 @@ TEST_F(VersionCheckTest, ClosesTheSocketAtBothEnds) {
 }
 
 TEST_F(VersionCheckTest, TheVersionOfTheLastCheckIsNoAnswer) {
-  form.txtWebVersion.SetText(kNewer);
-  at[2] = Answering(kOld);
+  at[1] = Answering(kNewer);
+  check.UpdateCheck(false);
+  voice.spoken.clear();
+  at[3] = Answering(kOld);
   check.UpdateCheck(true);
-  EXPECT_EQ(world.loop.rounds, 2);
+  EXPECT_EQ(world.loop.rounds, 3);
+  EXPECT_EQ(voice.spoken, Texts{"text 72"});
   EXPECT_EQ(Boxes(), Texts{"information text 72"});
 }
 

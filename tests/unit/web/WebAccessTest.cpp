@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "pages/WebsitePage.h"
 #include "support/Fakes.h"
 
 namespace brenwick {
@@ -17,7 +18,10 @@ constexpr const char* kHeaders = "HTTP/1.1 200 OK\r\nContent-Type: text/plain\r\
 
 class WebAccessTest : public testing::Test {
  protected:
-  WebAccessTest() { texts.Replace(NumberedTexts()); }
+  WebAccessTest() {
+    texts.Replace(NumberedTexts());
+    controls.Serve(access);
+  }
 
   // A request that has been answered up to here.
   void BeginAnswer(const std::string& data) {
@@ -44,7 +48,8 @@ class WebAccessTest : public testing::Test {
   FakeWorld world;
   frmMain form;
   TextTable texts{world.log};
-  WebAccess access{world.log, form, texts, world.status};
+  WebsiteControls controls{form};
+  WebAccess access{world.log, texts, world.status, controls, controls};
   FakeSocket socket{form.wscHttp};
 };
 
@@ -104,7 +109,7 @@ TEST_F(WebAccessTest, AnAnswerMayArriveInSingleBytes) {
 TEST_F(WebAccessTest, AnAnswerMayBeCutAnywhere) {
   const std::string answer = kHeaders + std::string("3.1.0.201 \xC3\xA9");
   for (std::size_t cut = 0; cut <= answer.size(); ++cut) {
-    form.txtWebVersion.SetText("");
+    access.SetAnswer("");
     BeginAnswer(answer.substr(0, cut));
     socket.Arrive(answer.substr(cut));
     socket.Finish();
@@ -249,13 +254,13 @@ TEST_F(WebAccessTest, NamesTheStateOfTheSocket) {
                        "Closing",        "Error"};
   for (std::size_t state = 0; state < names.size(); ++state) {
     form.wscHttp.SetState(static_cast<SocketState>(state));
-    access.ShowSocketState();
+    controls.ShowSocketState();
     EXPECT_EQ(Status(), names[state]);
   }
   for (const int state : {10, -1}) {
     form.txtWinSockStatus.SetText("before");
     form.wscHttp.SetState(static_cast<SocketState>(state));
-    access.ShowSocketState();
+    controls.ShowSocketState();
     EXPECT_EQ(Status(), "");
   }
 }

@@ -1,4 +1,4 @@
-#include "pages/LanguageKey.h"
+#include "language/LanguageKey.h"
 
 #include "base/CodePage.h"
 #include "base/Lines.h"
@@ -13,17 +13,11 @@ constexpr const char* kProcedure = "GenerateLaguageKey";
 
 }  // namespace
 
-LanguageKey::LanguageKey(Logs& log, frmMain& form, Progress& progress, Folders& folders,
-                         EventLoop& loop)
-    : log_(log), form_(form), progress_(progress), folders_(folders), loop_(loop) {
-  form_.cmdOrgLanguage.Click = [this] { GenerateLaguageKey(); };
-}
-
-void LanguageKey::GenerateLaguageKey() {
+void LanguageKey::GenerateLaguageKey(const std::string& name) {
   log_.Trap("modFunctions", kProcedure, [&] {
     progress_.StatusForm(true, "Writing language");
-    const std::string target = PathIn("Languages", ".TML");
-    const std::string source = ReadSource();
+    const std::string target = PathIn("Languages", name + ".TML");
+    const std::string source = ReadSource(name);
     if (const std::string old = FindFile(folders_, target); !old.empty()) {
       folders_.Delete(old);
       loop_.DoEvents();
@@ -33,8 +27,8 @@ void LanguageKey::GenerateLaguageKey() {
   });
 }
 
-std::string LanguageKey::ReadSource() {
-  const std::string path = PathIn("OrgLanguages", ".Txt");
+std::string LanguageKey::ReadSource(const std::string& name) {
+  const std::string path = PathIn("OrgLanguages", name + ".Txt");
   const std::string found = FindFile(folders_, path);
   return folders_.Read(found.empty() ? path : found);
 }
@@ -53,9 +47,9 @@ std::string LanguageKey::Code(const std::string& source) {
   return file + std::to_string(sum.Value()) + "\r\n";
 }
 
-std::string LanguageKey::PathIn(const char* folder, const char* extension) const {
-  return folders_.ProgramFolder() + folders_.Separator() + folder + folders_.Separator() +
-         std::string(Trimmed(form_.cmbOrgLanguage.Text())) + extension;
+std::string LanguageKey::PathIn(const char* folder, const std::string& file) const {
+  const char separator = folders_.Separator();
+  return folders_.ProgramFolder() + separator + folder + separator + file;
 }
 
 }  // namespace brenwick

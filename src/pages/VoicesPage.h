@@ -1,17 +1,20 @@
-// The two lists from which the user chooses the male and the female voice.
+// The Voices page: the male and the female voice, their speed and volume, and their trial.
 #pragma once
 
 #include <string>
 
 #include "forms/frmMain.h"
 #include "logging/Logs.h"
+#include "platform/Screen.h"
 #include "platform/SpVoice.h"
+#include "speech/Speech.h"
 
 namespace brenwick {
 
-class VoiceLists {
+class VoicesPage {
  public:
-  VoiceLists(Logs& log, frmMain& form, SpVoice& voice) : log_(log), form_(form), voice_(voice) {}
+  // Takes over the buttons that try a voice and the boxes with numbers.
+  VoicesPage(Logs& log, frmMain& form, SpVoice& voice, Screen& screen, Speech& speech);
 
   // Fills both lists with the engine's voices in its own order, so that a position in a list is
   // also the number of a voice, and selects the first.
@@ -22,9 +25,14 @@ class VoiceLists {
   void SelectStored(ComboBox& list, const std::string& stored);
 
  private:
+  void Try(const char* procedure, const char* voiceCode);
+  void CheckNumber(TextBox& box, const char* procedure, int lowest, int highest);
+
   Logs& log_;
   frmMain& form_;
   SpVoice& voice_;
+  Screen& screen_;
+  Speech& speech_;
 };
 
 }  // namespace brenwick

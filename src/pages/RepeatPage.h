@@ -1,4 +1,4 @@
-// The hotkeys that say one of the last four sentences again.
+// The Repeat page: the last four sentences, and the hotkeys that say one of them again.
 #pragma once
 
 #include "forms/frmMain.h"
@@ -8,20 +8,22 @@
 
 namespace brenwick {
 
-class RepeatHotKeys {
+class RepeatPage {
  public:
-  // Takes over the hotkeys ocxSpeakMsg1 and the click of chkUseRepeat.
-  RepeatHotKeys(Logs& log, frmMain& form, const SpokenHistory& history, Speech& speech);
+  // Takes over the hotkeys ocxSpeakMsg1 and the click of chkUseRepeat. From then on the page shows
+  // what changes in the history.
+  RepeatPage(Logs& log, frmMain& form, SpokenHistory& history, Speech& speech);
 
   // The hotkeys, and the boxes that show the sentences, follow chkUseRepeat.
   void UseRepeatHotKeys();
 
  private:
+  void ShowSentences();
   void ocxSpeakMsg1_HotkeyPressed(int index);
 
   Logs& log_;
   frmMain& form_;
-  const SpokenHistory& history_;
+  SpokenHistory& history_;
   Speech& speech_;
 };
 

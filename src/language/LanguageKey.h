@@ -1,7 +1,8 @@
 // The developers' command that codes a readable language into the file that is shipped.
 #pragma once
 
-#include "forms/frmMain.h"
+#include <string>
+
 #include "logging/Logs.h"
 #include "platform/EventLoop.h"
 #include "platform/Folders.h"
@@ -11,19 +12,18 @@ namespace brenwick {
 
 class LanguageKey {
  public:
-  // Takes over the click of cmdOrgLanguage.
-  LanguageKey(Logs& log, frmMain& form, Progress& progress, Folders& folders, EventLoop& loop);
+  LanguageKey(Logs& log, Progress& progress, Folders& folders, EventLoop& loop)
+      : log_(log), progress_(progress), folders_(folders), loop_(loop) {}
 
-  // Codes the source chosen in cmbOrgLanguage, line by line, telling each in the status window.
-  void GenerateLaguageKey();
+  // Codes the source of that name, line by line, telling each in the status window.
+  void GenerateLaguageKey(const std::string& name);
 
  private:
-  std::string ReadSource();
+  std::string ReadSource(const std::string& name);
   std::string Code(const std::string& source);
-  std::string PathIn(const char* folder, const char* extension) const;
+  std::string PathIn(const char* folder, const std::string& file) const;
 
   Logs& log_;
-  frmMain& form_;
   Progress& progress_;
   Folders& folders_;
   EventLoop& loop_;

@@ -8,14 +8,14 @@ namespace {
 TEST(SilenceHotKey, SaysNothingToTheEngineWhileItsBoxIsClear) {
   MessengerRoom room;
   room.form.chkScrollLock.SetTicked(false);
-  room.speech.ocxHotKeySilent_HotkeyPressed();
+  room.form.ocxHotKeySilent.HotkeyPressed();
   EXPECT_TRUE(room.voice.spoken.empty());
 }
 
 TEST(SilenceHotKey, PurgesWithAnEmptyTextWhileItsBoxIsTicked) {
   MessengerRoom room;
   room.form.chkScrollLock.SetTicked(true);
-  room.speech.ocxHotKeySilent_HotkeyPressed();
+  room.form.ocxHotKeySilent.HotkeyPressed();
   EXPECT_EQ(room.voice.spoken, std::vector<std::string>{""});
   EXPECT_EQ(room.voice.last_flags, SVSFPurgeBeforeSpeak);
 }

@@ -1,16 +1,24 @@
-#include "pages/RepeatHotKeys.h"
+#include "pages/RepeatPage.h"
 
 namespace brenwick {
 
-RepeatHotKeys::RepeatHotKeys(Logs& log, frmMain& form, const SpokenHistory& history, Speech& speech)
+RepeatPage::RepeatPage(Logs& log, frmMain& form, SpokenHistory& history, Speech& speech)
     : log_(log), form_(form), history_(history), speech_(speech) {
   for (HotKeyControl& key : form_.ocxSpeakMsg1) {
     key.HotkeyPressed = [this, index = key.Index()] { ocxSpeakMsg1_HotkeyPressed(index); };
   }
   form_.chkUseRepeat.Click = [this] { UseRepeatHotKeys(); };
+  history_.Changed = [this] { ShowSentences(); };
 }
 
-void RepeatHotKeys::UseRepeatHotKeys() {
+// The oldest first, as they move on.
+void RepeatPage::ShowSentences() {
+  for (int i = SpokenHistory::kLength; i-- > 0;) {
+    form_.txtSpokenMessages[static_cast<std::size_t>(i)].SetText(history_.At(i).sentence);
+  }
+}
+
+void RepeatPage::UseRepeatHotKeys() {
   log_.Trap("modFunctions", "UseRepeatHotKeys", [&] {
     const bool used = form_.chkUseRepeat.Ticked();
     for (HotKeyControl& key : form_.ocxSpeakMsg1) key.SetEnabled(used);
@@ -19,7 +27,7 @@ void RepeatHotKeys::UseRepeatHotKeys() {
 }
 
 // Mute and the signed-in check hold for a repeat as for any sentence.
-void RepeatHotKeys::ocxSpeakMsg1_HotkeyPressed(int index) {
+void RepeatPage::ocxSpeakMsg1_HotkeyPressed(int index) {
   log_.Trap("frmMain", "ocxSpeakMsg1_HotkeyPressed", [&] {
     const SpokenHistory::Place place = history_.At(index);
     speech_.Speak(place.sentence, false, place.voice, true);
