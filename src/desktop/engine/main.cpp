@@ -7,36 +7,23 @@
 #include <csignal>
 #include <exception>
 #include <iostream>
-#include <sstream>
 
 #include "espeak/EspeakEngine.h"
+#include "linux/engine/EngineContents.h"
 #include "linux/engine/EngineMessages.h"
 
 namespace brenwick {
 namespace {
 
-std::string Listed(const std::vector<EngineVoice>& voices) {
-  std::string lines;
-  for (const EngineVoice& voice : voices) {
-    lines += voice.identifier + '\t' + voice.language + '\t' + voice.description + '\t' +
-             (voice.female ? 'f' : 'm') + '\n';
-  }
-  return lines;
-}
-
 void Use(EspeakEngine& engine, const std::string& content) {
-  std::istringstream lines(content);
-  std::string voice;
-  int rate = 0;
-  int volume = 0;
-  std::getline(lines, voice);
-  lines >> rate >> volume;
-  engine.Use(voice, rate, volume);
+  const std::optional<EngineUse> use = UseIn(content);
+  if (use) engine.Use(use->voice, use->rate, use->volume);
 }
 
 void Say(EspeakEngine& engine, EngineSocket& program, const std::string& piece) {
   engine.Say(piece, [&](std::span<const std::int16_t> samples) {
-    if (!samples.empty() && !program.Send(EngineWord::Samples, AsContent(samples))) return false;
+    if (!samples.empty() && !program.Send(EngineWord::Samples, SamplesContent(samples)))
+      return false;
     // While a text is being spoken the program says nothing but that it has had enough.
     return program.Wait({}) == EngineSocket::Arrival::Nothing;
   });
@@ -52,7 +39,7 @@ void Serve(EspeakEngine& engine, EngineSocket& program) {
     if (arrival == EngineSocket::Arrival::Nothing) continue;
     const EngineMessage message = program.Take();
     if (message.word == EngineWord::Voices) {
-      program.Send(EngineWord::Voices, Listed(engine.Voices(message.content)));
+      program.Send(EngineWord::Voices, VoicesContent(engine.Voices(message.content)));
     } else if (message.word == EngineWord::Use) {
       Use(engine, message.content);
     } else if (message.word == EngineWord::Say) {

@@ -77,9 +77,4 @@ std::size_t EngineSocket::Length() const {
   return kHeader + content;
 }
 
-std::string_view AsContent(std::span<const std::int16_t> samples) {
-  const auto bytes = std::as_bytes(samples);
-  return {static_cast<const char*>(static_cast<const void*>(bytes.data())), bytes.size()};
-}
-
 }  // namespace brenwick

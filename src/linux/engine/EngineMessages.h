@@ -2,8 +2,6 @@
 #pragma once
 
 #include <chrono>
-#include <cstdint>
-#include <span>
 #include <string>
 #include <string_view>
 
@@ -56,8 +54,5 @@ class EngineSocket {
   int descriptor_;
   std::string arrived_;  // what has been read and not taken yet
 };
-
-// Samples as the content of a message.
-std::string_view AsContent(std::span<const std::int16_t> samples);
 
 }  // namespace brenwick

@@ -5,14 +5,13 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
-#include <cstring>
 #include <exception>
-#include <sstream>
 #include <utility>
 
 #include "base/Failure.h"
 #include "base/ProgramState.h"
+#include "base/Text.h"
+#include "linux/engine/EngineContents.h"
 
 namespace brenwick {
 namespace {
@@ -29,21 +28,8 @@ constexpr std::chrono::seconds kTimeToStart{20};
   throw Failure(kFileNotFound, reason, kTitle);
 }
 
-std::vector<std::int16_t> SamplesIn(const std::string& content) {
-  std::vector<std::int16_t> samples(content.size() / sizeof(std::int16_t));
-  std::memcpy(samples.data(), content.data(), samples.size() * sizeof(std::int16_t));
-  return samples;
-}
-
 bool AlwaysListening(std::span<const std::int16_t> /*samples*/) { return true; }
 bool NeverListening(std::span<const std::int16_t> /*samples*/) { return false; }
-
-// 0 where that is no number.
-int SamplesASecond(const std::string& content) {
-  int samples = 0;
-  std::from_chars(content.data(), content.data() + content.size(), samples);
-  return samples;
-}
 
 }  // namespace
 
@@ -54,9 +40,9 @@ EngineProcess::EngineProcess(std::string program, Tell tell, milliseconds patien
     CannotSpeak("The speech engine " + program_ + " does not start");
   }
   const EngineMessage greeting = socket_->Take();
-  if (greeting.word != EngineWord::Ready) CannotSpeak(greeting.content);
-  sample_rate_ = SamplesASecond(greeting.content);
-  if (sample_rate_ <= 0) CannotSpeak("The speech engine " + program_ + " has no sample rate");
+  if (greeting.word != EngineWord::Ready) CannotSpeak(Repaired(greeting.content));
+  sample_rate_ = SampleRateIn(greeting.content);
+  if (sample_rate_ == 0) CannotSpeak("The speech engine " + program_ + " has no sample rate");
 }
 
 EngineProcess::~EngineProcess() = default;
@@ -97,21 +83,11 @@ std::vector<EngineVoice> EngineProcess::Voices(const std::string& locale) {
   if (Await(steady_clock::now() + kTimeToStart, AlwaysListening) != Outcome::Done) {
     CannotSpeak("The speech engine " + program_ + " does not list its voices");
   }
-  std::vector<EngineVoice> voices;
-  std::istringstream lines(socket_->Take().content);
-  std::string identifier;
-  std::string language;
-  std::string description;
-  std::string kind;
-  while (std::getline(lines, identifier, '\t') && std::getline(lines, language, '\t') &&
-         std::getline(lines, description, '\t') && std::getline(lines, kind)) {
-    voices.push_back({description, identifier, language, kind == "f"});
-  }
-  return voices;
+  return VoicesIn(socket_->Take().content);
 }
 
 void EngineProcess::Use(const std::string& voice, int rate, int volume) {
-  use_ = voice + '\n' + std::to_string(rate) + '\n' + std::to_string(volume);
+  use_ = UseContent({voice, rate, volume});
   in_use_ = false;
 }
 

@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <string>
 
+#include "linux/engine/EngineContents.h"
 #include "linux/engine/EngineMessages.h"
 
 namespace brenwick {
@@ -26,14 +27,14 @@ void MisbehaveAt(const std::string& text) {
 
 void SayThreeSamples(EngineSocket& program) {
   const std::int16_t samples[] = {1, 2, 3};
-  program.Send(EngineWord::Samples, AsContent(samples));
+  program.Send(EngineWord::Samples, SamplesContent(samples));
   program.Send(EngineWord::End);
 }
 
 // Takes no notice of what the program says meanwhile.
 void SpeakWithoutEnd(EngineSocket& program) {
   const std::int16_t samples[] = {1, 2, 3};
-  while (program.Send(EngineWord::Samples, AsContent(samples))) {
+  while (program.Send(EngineWord::Samples, SamplesContent(samples))) {
   }
   _exit(0);
 }
