@@ -94,9 +94,9 @@ void CheckName(const QString& id, const QString& name) {
   for (const std::string& each : {NameOf(name), contact.SigninName, contact.FriendlyName}) {
     Expect(IsValidUtf8(each) && !HasControls(each), "a name is one line");
     Expect(each.size() <= kLongestName + 2, "a name ends somewhere");
+    Expect(OneLine(each) == each, "a name has no white ends");
   }
   Expect(!IsMailServiceName(contact.FriendlyName), "nobody poses as the mail service");
-  Expect(NameOf(QString::fromStdString(NameOf(name))) == NameOf(name), "a name stays as it is");
 }
 
 void CheckMail(const QString& from) {
