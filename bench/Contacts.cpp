@@ -21,7 +21,7 @@ struct SavedContacts : Parts {
 
   std::string Path() { return data.Inside("Brenwick.Lst"); }
 
-  ContactList contacts{log, form, texts};
+  ContactList contacts{log, settings, texts};
   ContactFile file{contacts, data, folders, clock};
 };
 

@@ -32,6 +32,7 @@ struct Parts {
   PosixFolders folders;
   ProgramState state;
   frmMain form;
+  SettingsValues settings;
   cMousePointer pointer{screen};
   StatusWindow status{pointer, loop, system};
   DataFolder data{folders};

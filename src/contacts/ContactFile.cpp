@@ -53,13 +53,13 @@ std::string FileContent(const std::vector<ContactRecord>& records) {
     AppendField(content, record.Status);
     AppendField(content, record.HasFriendlyName);
   }
-  // An address that begins like a byte order mark would lose it at the next loading.
+  // Without a mark of the file's own, an address that begins like one would lose its beginning.
   const bool marked = WithoutByteOrderMark(content).size() != content.size();
   if (marked) content.insert(0, kByteOrderMark);
   return content;
 }
 
-// The last line is one of these where the file is whole; a file that was cut ends anywhere.
+// The last line of a whole file is one of these; a file that was cut may end with anything.
 bool IsLastFieldWhole(const std::vector<std::string_view>& lines) {
   return lines.empty() || lines.back().empty() || lines.back() == "True" || lines.back() == "False";
 }

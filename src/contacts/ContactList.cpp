@@ -130,13 +130,12 @@ void ContactList::SetStatus(std::size_t index, const std::string& value) {
 }
 
 std::string ContactList::SpokenName(const ContactRecord& record) const {
-  const bool own =
-      form_.chkUseMyNamesInsteadOfBuddyNames.Ticked() && record.HasFriendlyName == "True";
+  const bool own = settings_.UseMyNames && record.HasFriendlyName == "True";
   return own && !record.FriendlyName.empty() ? record.FriendlyName : record.Name;
 }
 
 std::string ContactList::GenderWord(const ContactRecord& record) const {
-  const bool female = record.Gender == "?" ? form_.optFemale.Chosen() : record.Gender == "F";
+  const bool female = (record.Gender == "?" ? settings_.DefaultVoice : record.Gender) == "F";
   return texts_.LoadText(female ? 117 : 116);
 }
 
@@ -145,12 +144,12 @@ std::string ContactList::IgnoreWord(const ContactRecord& record) const {
 }
 
 std::string ContactList::StateText(const ContactRecord& record) const {
-  const auto trimmed = [](const TextBox& box) { return std::string(Trimmed(box.Text())); };
+  const auto trimmed = [](const std::string& text) { return std::string(Trimmed(text)); };
   switch (LeadingInteger16(record.Status.empty() ? "11" : record.Status)) {
     case 0:
       return texts_.LoadText(52);
     case 1:
-      return form_.txtAway.Text();
+      return settings_.Away;
     case 2:
       return texts_.LoadText(54);
     case 7:
@@ -164,13 +163,13 @@ std::string ContactList::StateText(const ContactRecord& record) const {
     case 9:
       return texts_.LoadText(9);
     case 10:
-      return trimmed(form_.txtOnline);
+      return trimmed(settings_.Online);
     case 11:
-      return trimmed(form_.txtOffline);
+      return trimmed(settings_.Offline);
     case 12:
-      return trimmed(form_.txtAway);
+      return trimmed(settings_.Away);
     case 13:
-      return trimmed(form_.txtBusy);
+      return trimmed(settings_.Busy);
     default:
       return "Error: " + texts_.LoadText(9);
   }

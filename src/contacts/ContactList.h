@@ -9,9 +9,9 @@
 #include <unordered_map>
 #include <vector>
 
-#include "forms/frmMain.h"
 #include "language/TextTable.h"
 #include "logging/Logs.h"
+#include "settings/SettingsValues.h"
 
 namespace brenwick {
 
@@ -27,8 +27,8 @@ struct ContactRecord {
 
 class ContactList {
  public:
-  ContactList(Logs& log, const frmMain& form, const TextTable& texts)
-      : log_(log), form_(form), texts_(texts) {}
+  ContactList(Logs& log, const SettingsValues& settings, const TextTable& texts)
+      : log_(log), settings_(settings), texts_(texts) {}
 
   // Records a contact's new state. The first record that is free or the contact's own takes the
   // name and the state, but not the address: while a free slot lies before a contact's record, its
@@ -81,7 +81,7 @@ class ContactList {
   std::string StateText(const ContactRecord& record) const;
 
   Logs& log_;
-  const frmMain& form_;
+  const SettingsValues& settings_;
   const TextTable& texts_;
   std::vector<ContactRecord> records_;
   std::unordered_map<std::string, std::size_t> first_;  // the first record of each address

@@ -12,19 +12,17 @@ constexpr int kOnlineCode = 10;
 
 }  // namespace
 
-ContactStates::ContactStates(Logs& log, ProgramState& state, frmMain& form, const TextTable& texts,
-                             ContactList& contacts, const SpokenName& name,
+ContactStates::ContactStates(Logs& log, ProgramState& state, const SettingsValues& settings,
+                             const TextTable& texts, ContactList& contacts, const SpokenName& name,
                              const Abbreviations& abbreviations, Speech& speech)
     : log_(log),
       state_(state),
-      form_(form),
+      settings_(settings),
       texts_(texts),
       contacts_(contacts),
       name_(name),
       abbreviations_(abbreviations),
-      speech_(speech) {
-  form_.tmrSayStateAgain.Tick = [this] { tmrSayStateAgain_Timer(); };
-}
+      speech_(speech) {}
 
 void ContactStates::oMessenger_OnUserStateChanged(const MessengerContact& user,
                                                   std::int32_t state) {
@@ -32,11 +30,10 @@ void ContactStates::oMessenger_OnUserStateChanged(const MessengerContact& user,
     log_.DebugWrite("MessengerObject", "UserStateChanged");
     const StateFacts& facts = FactsOf(state);
     LogState(user, facts);
-    const std::string phrase = PhraseOf(state, texts_, form_);
+    const std::string phrase = PhraseOf(state, texts_, settings_);
     contacts_.ListAdd(user.SigninName, user.FriendlyName, facts.code);
     if (!facts.announced) return;
-    if (form_.chkNotifyUserState.Ticked() &&
-        contacts_.GetContactValue(user.SigninName, "I") != "True") {
+    if (settings_.NotifyUserState && contacts_.GetContactValue(user.SigninName, "I") != "True") {
       Announce(user, phrase);
     } else {
       log_.DebugWrite("UserStateChanged", "Userstate changes are NOT spoken");
@@ -106,7 +103,7 @@ void ContactStates::SayStateAgain() {
       return;
     }
     if (SayWhoIsOnline()) return;
-    speech_.Speak(texts_.LoadText(171) + " " + std::string(Trimmed(form_.txtOnline.Text())), true,
+    speech_.Speak(texts_.LoadText(171) + " " + std::string(Trimmed(settings_.Online)), true,
                   kDefaultVoice, false);
   });
 }
@@ -124,15 +121,6 @@ bool ContactStates::SayWhoIsOnline() {
     });
   }
   return said;
-}
-
-void ContactStates::tmrSayStateAgain_Timer() {
-  log_.Trap(kModule, "tmrSayStateAgain_Timer", [&] {
-    ++ticks_;
-    if (ticks_ <= 2) return;
-    form_.tmrSayStateAgain.SetEnabled(false);
-    ticks_ = 0;
-  });
 }
 
 void ContactStates::Say(std::string sentence, bool mustSpeak) {

@@ -7,12 +7,12 @@
 
 #include "base/ProgramState.h"
 #include "contacts/ContactList.h"
-#include "forms/frmMain.h"
 #include "language/TextTable.h"
 #include "logging/Logs.h"
 #include "messenger/SpokenName.h"
 #include "platform/MessengerClient.h"
 #include "platform/MessengerStates.h"
+#include "settings/SettingsValues.h"
 #include "speech/Abbreviations.h"
 #include "speech/Speech.h"
 
@@ -20,9 +20,9 @@ namespace brenwick {
 
 class ContactStates {
  public:
-  ContactStates(Logs& log, ProgramState& state, frmMain& form, const TextTable& texts,
-                ContactList& contacts, const SpokenName& name, const Abbreviations& abbreviations,
-                Speech& speech);
+  ContactStates(Logs& log, ProgramState& state, const SettingsValues& settings,
+                const TextTable& texts, ContactList& contacts, const SpokenName& name,
+                const Abbreviations& abbreviations, Speech& speech);
 
   // Records a contact's new state and, where the user wants it, says it in the default voice.
   void oMessenger_OnUserStateChanged(const MessengerContact& user, std::int32_t state);
@@ -36,8 +36,6 @@ class ContactStates {
 
   // Says again which contacts are online, or that none is.
   void SayStateAgain();
-  // The ticks since tmrSayStateAgain was started.
-  std::int16_t SayStateAgainTicks() const { return ticks_; }
 
   // Shows a title in the caption of the main window and in the tip of the tray icon.
   std::function<void(const std::string&)> ShowTitle;
@@ -50,19 +48,17 @@ class ContactStates {
   std::string DescribeOwnState(std::int32_t state);
   void AnnounceOwnState(std::string announcement);
   bool SayWhoIsOnline();
-  void tmrSayStateAgain_Timer();
   void Say(std::string sentence, bool mustSpeak);
 
   Logs& log_;
   ProgramState& state_;
-  frmMain& form_;
+  const SettingsValues& settings_;
   const TextTable& texts_;
   ContactList& contacts_;
   const SpokenName& name_;
   const Abbreviations& abbreviations_;
   Speech& speech_;
   std::string last_own_announcement_;
-  std::int16_t ticks_ = 0;
 };
 
 }  // namespace brenwick

@@ -25,7 +25,7 @@ std::string UnreadCount(const std::string& text) {
   return std::to_string(WholeInteger16(digits));
 }
 
-// What stands between the colon and the line end of a notice that begins with "FROM:".
+// The sender in a notice that begins with "FROM:": the text between the colon and the line end.
 std::string MailSender(const std::string& text) {
   const std::size_t end = text.find('\r');
   if (end == std::string::npos) throw Failure(kInvalidCall);
@@ -87,7 +87,7 @@ Outcome IncomingText::AnnounceMail(const std::string& text) {
 }
 
 bool IncomingText::MailIsAnnounced() {
-  if (form_.chkNotifyNewEmail.Ticked()) return true;
+  if (settings_.NotifyNewEmail) return true;
   Log("New mail announcements are off, not speaking");
   return false;
 }
@@ -122,13 +122,13 @@ Outcome IncomingText::SpeakMessage(const MessengerContact& sender, const std::st
   Log("Message, not from Hotmail");
   const bool forced = BeginsWith(text, "/TALK");
   if (forced) Log("Overruled by /talk parameter");
-  if (form_.chkDoNotSpeakMessage.Ticked() && !forced) {
+  if (settings_.NoMessageOnlyUserState && !forced) {
     Log("DoNotSpeakMessage is checked: not spoken");
     return Outcome::OnlyStates;
   }
   Log("DoNotSpeakMessage is not checked, we speak");
   std::string sentence;
-  if (form_.chkIntroduceUser.Ticked()) {
+  if (settings_.IntroduceUser) {
     Log("Adding username to message");
     sentence = NamePart(sender);
   } else {
@@ -143,7 +143,7 @@ Outcome IncomingText::SpeakMessage(const MessengerContact& sender, const std::st
 
 std::string IncomingText::NamePart(const MessengerContact& sender) {
   contacts_.ListMod("N", sender.SigninName, sender.FriendlyName);
-  return name_.Of(sender) + " " + form_.txtSays.Text() + " ";
+  return name_.Of(sender) + " " + settings_.Says + " ";
 }
 
 }  // namespace brenwick

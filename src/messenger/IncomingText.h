@@ -4,12 +4,12 @@
 #include <string>
 
 #include "contacts/ContactList.h"
-#include "forms/frmMain.h"
 #include "language/TextTable.h"
 #include "logging/Logs.h"
 #include "messenger/MessageJournal.h"
 #include "messenger/SpokenName.h"
 #include "platform/MessengerClient.h"
+#include "settings/SettingsValues.h"
 #include "speech/Abbreviations.h"
 #include "speech/Outcome.h"
 #include "speech/Speech.h"
@@ -19,11 +19,11 @@ namespace brenwick {
 
 class IncomingText {
  public:
-  IncomingText(Logs& log, const frmMain& form, const TextTable& texts, ContactList& contacts,
-               const SpokenName& name, const TextCleanUp& cleanUp,
+  IncomingText(Logs& log, const SettingsValues& settings, const TextTable& texts,
+               ContactList& contacts, const SpokenName& name, const TextCleanUp& cleanUp,
                const Abbreviations& abbreviations, Speech& speech, MessageJournal& journal)
       : log_(log),
-        form_(form),
+        settings_(settings),
         texts_(texts),
         contacts_(contacts),
         name_(name),
@@ -53,7 +53,7 @@ class IncomingText {
   void Log(const std::string& text) { log_.DebugWrite("TextReceived", text); }
 
   Logs& log_;
-  const frmMain& form_;
+  const SettingsValues& settings_;
   const TextTable& texts_;
   ContactList& contacts_;
   const SpokenName& name_;

@@ -30,7 +30,7 @@ void Invitations::Announce(const MessengerContact& contact, std::int16_t text,
 
 void Invitations::oMessenger_OnNewerClientAvailable(const std::string& downloadAddress) {
   log_.Trap(kModule, "oMessenger_OnNewerClientAvailable", [&] {
-    if (!form_.chkNewVersionMessenger.Ticked()) return;
+    if (!settings_.CheckNewVersionsMessenger) return;
     log_.DebugWrite("MessengerObject", "OnNewerClientAvailable");
     speech_.Speak(texts_.LoadText(106), true, kDefaultVoice, false);
     progress_.StatusForm(false);

@@ -5,13 +5,13 @@
 #include <string>
 
 #include "contacts/ContactList.h"
-#include "forms/frmMain.h"
 #include "language/TextTable.h"
 #include "logging/Logs.h"
 #include "messenger/SpokenName.h"
 #include "platform/MessengerClient.h"
 #include "platform/Progress.h"
 #include "platform/Screen.h"
+#include "settings/SettingsValues.h"
 #include "speech/Abbreviations.h"
 #include "speech/Speech.h"
 
@@ -19,11 +19,11 @@ namespace brenwick {
 
 class Invitations {
  public:
-  Invitations(Logs& log, const frmMain& form, const TextTable& texts, ContactList& contacts,
-              const SpokenName& name, const Abbreviations& abbreviations, Speech& speech,
-              Progress& progress, Screen& screen)
+  Invitations(Logs& log, const SettingsValues& settings, const TextTable& texts,
+              ContactList& contacts, const SpokenName& name, const Abbreviations& abbreviations,
+              Speech& speech, Progress& progress, Screen& screen)
       : log_(log),
-        form_(form),
+        settings_(settings),
         texts_(texts),
         contacts_(contacts),
         name_(name),
@@ -44,7 +44,7 @@ class Invitations {
   void Announce(const MessengerContact& contact, std::int16_t text, const std::string& what);
 
   Logs& log_;
-  const frmMain& form_;
+  const SettingsValues& settings_;
   const TextTable& texts_;
   ContactList& contacts_;
   const SpokenName& name_;

@@ -43,10 +43,7 @@ std::string Excerpt(const std::string& text) {
 }  // namespace
 
 void MessageJournal::Add(const std::string& name, const std::string& text, Outcome outcome) {
-  ListBox& list = form_.lstJournal;
-  if (list.ListCount() == kLength) list.RemoveItem(0);
-  list.AddItem(texts_.LoadText(Words(outcome)) + ", " + Excerpt(name) + ": " + Excerpt(text));
-  list.SetListIndex(list.ListCount() - 1);
+  show_(texts_.LoadText(Words(outcome)) + ", " + Excerpt(name) + ": " + Excerpt(text));
 }
 
 }  // namespace brenwick

@@ -1,9 +1,10 @@
-// What became of the last messages, for a user who wonders why one was not heard.
+// Tells what became of each message, for a user who wonders why one was not heard.
 #pragma once
 
+#include <functional>
 #include <string>
+#include <utility>
 
-#include "forms/frmMain.h"
 #include "language/TextTable.h"
 #include "speech/Outcome.h"
 
@@ -11,16 +12,16 @@ namespace brenwick {
 
 class MessageJournal {
  public:
-  static constexpr int kLength = 50;  // messages
+  // Shows a line of the journal behind those of earlier messages.
+  using ShowLine = std::function<void(const std::string&)>;
 
-  MessageJournal(frmMain& form, const TextTable& texts) : form_(form), texts_(texts) {}
+  MessageJournal(const TextTable& texts, ShowLine show) : texts_(texts), show_(std::move(show)) {}
 
-  // Lists a message at the end, in the place of the oldest.
   void Add(const std::string& name, const std::string& text, Outcome outcome);
 
  private:
-  frmMain& form_;
   const TextTable& texts_;
+  ShowLine show_;
 };
 
 }  // namespace brenwick

@@ -28,13 +28,13 @@ std::string SpokenName::Calmed(const MessengerContact& contact) const {
 }
 
 std::string SpokenName::Choose(const MessengerContact& contact) const {
-  if (form_.chkUseMyNamesInsteadOfBuddyNames.Ticked()) {
+  if (settings_.UseMyNames) {
     const std::string own = contacts_.GetContactValue(contact.SigninName, "A");
     // "B" names no field: its answer is what an empty name would be.
     if (own != contacts_.GetContactValue(contact.SigninName, "B")) return own;
   }
   const std::size_t space = contact.FriendlyName.find(' ');
-  if (form_.chkFirstName.Ticked() && space != std::string::npos) {
+  if (settings_.FirstName && space != std::string::npos) {
     return contact.FriendlyName.substr(0, space);
   }
   return contact.FriendlyName;

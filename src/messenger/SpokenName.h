@@ -4,16 +4,17 @@
 #include <string>
 
 #include "contacts/ContactList.h"
-#include "forms/frmMain.h"
 #include "platform/MessengerClient.h"
+#include "settings/SettingsValues.h"
 #include "speech/TextCleanUp.h"
 
 namespace brenwick {
 
 class SpokenName {
  public:
-  SpokenName(const frmMain& form, const ContactList& contacts, const TextCleanUp& cleanUp)
-      : form_(form), contacts_(contacts), clean_up_(cleanUp) {}
+  SpokenName(const SettingsValues& settings, const ContactList& contacts,
+             const TextCleanUp& cleanUp)
+      : settings_(settings), contacts_(contacts), clean_up_(cleanUp) {}
 
   // While "Use my own names" is on, a listed contact's own name or, where it has none, its stored
   // display name, whole. Else the display name or, with "Only say users firstname", what stands
@@ -27,7 +28,7 @@ class SpokenName {
  private:
   std::string Choose(const MessengerContact& contact) const;
 
-  const frmMain& form_;
+  const SettingsValues& settings_;
   const ContactList& contacts_;
   const TextCleanUp& clean_up_;
 };

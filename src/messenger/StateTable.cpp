@@ -8,7 +8,7 @@
 namespace brenwick {
 namespace {
 
-using Phrase = std::string (*)(const TextTable&, const frmMain&);
+using Phrase = std::string (*)(const TextTable&, const SettingsValues&);
 
 struct StatePhrase {
   std::int32_t state;
@@ -16,37 +16,37 @@ struct StatePhrase {
 };
 
 template <std::int16_t Id>
-std::string Text(const TextTable& texts, const frmMain&) {
+std::string Text(const TextTable& texts, const SettingsValues&) {
   return texts.LoadText(Id);
 }
 
-template <TextBox frmMain::*Box>
-std::string Own(const TextTable&, const frmMain& form) {
-  return (form.*Box).Text();
+template <std::string SettingsValues::*Setting>
+std::string Own(const TextTable&, const SettingsValues& settings) {
+  return settings.*Setting;
 }
 
 // Idle is announced with the user's phrase for away.
 constexpr StatePhrase kPhrases[] = {
     {MSTATE_UNKNOWN, Text<9>},
-    {MSTATE_OFFLINE, Own<&frmMain::txtOffline>},
-    {MSTATE_ONLINE, Own<&frmMain::txtOnline>},
+    {MSTATE_OFFLINE, Own<&SettingsValues::Offline>},
+    {MSTATE_ONLINE, Own<&SettingsValues::Online>},
     {MSTATE_INVISIBLE, Text<54>},
-    {MSTATE_BUSY, Own<&frmMain::txtBusy>},
+    {MSTATE_BUSY, Own<&SettingsValues::Busy>},
     {MSTATE_BE_RIGHT_BACK, Text<52>},
-    {MSTATE_IDLE, Own<&frmMain::txtAway>},
-    {MSTATE_AWAY, Own<&frmMain::txtAway>},
+    {MSTATE_IDLE, Own<&SettingsValues::Away>},
+    {MSTATE_AWAY, Own<&SettingsValues::Away>},
     {MSTATE_ON_THE_PHONE, Text<55>},
     {MSTATE_OUT_TO_LUNCH, Text<58>},
 };
 
 }  // namespace
 
-std::string PhraseOf(std::int32_t state, const TextTable& texts, const frmMain& form) {
+std::string PhraseOf(std::int32_t state, const TextTable& texts, const SettingsValues& settings) {
   if (!IsKnownState(state)) return "Unknown";
   const auto* found =
       std::find_if(std::begin(kPhrases), std::end(kPhrases),
                    [state](const StatePhrase& each) { return each.state == state; });
-  return found == std::end(kPhrases) ? std::string() : found->phrase(texts, form);
+  return found == std::end(kPhrases) ? std::string() : found->phrase(texts, settings);
 }
 
 bool DetermineState(Logs& log, std::int32_t state) {

@@ -9,7 +9,7 @@ namespace {
 
 constexpr const char* kModule = "frmMain";
 
-// Those who can be reached are enabled, those who are online checked too.
+// A contact who can be reached is enabled; one who is online is checked, too.
 void ShowState(MenuItem& item, int stateCode) {
   switch (stateCode) {
     case 10:
@@ -61,7 +61,7 @@ void BuddiesMenu::ShowBuddies() {
       MenuItem& item = form_.mnuBuddiesOnLine.Load(static_cast<int>(i));
       item.SetVisible(true);
       item.SetCaption(Caption(record));
-      // The caption still says what nobody knew; from now on the contact counts as unknown.
+      // The caption says what an empty state means; from now on the state counts as unknown.
       if (record.Status.empty()) contacts_.SetStatus(i, "9");
       ShowState(item, LeadingInteger16(record.Status));
     }

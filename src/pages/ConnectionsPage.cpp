@@ -7,6 +7,7 @@ namespace {
 
 constexpr const char* kModule = "frmMain";
 constexpr int kSpace = 32;
+constexpr int kJournalLength = 50;
 
 constexpr LaterText kOff{190, "off"};
 constexpr LaterText kWaiting{191, "waiting"};
@@ -28,7 +29,7 @@ ConnectionsPage::ConnectionsPage(Logs& log, frmMain& form, TextTable& texts,
   language_ = texts_.Replaced.Observe([this] {
     if (shown_) Show();
   });
-  // Not everything that may have changed is told.
+  // Some changes are not announced, so the page is brought up to date whenever it is opened.
   Frame& page = form_.fraPage[kConnectionsPage];
   opened_ = page.Changed.Observe([this, &page] {
     if (shown_ && page.Visible()) Show();
@@ -97,7 +98,7 @@ std::string ConnectionsPage::StateText(const Connection& connection) const {
   return {};
 }
 
-// The list is in the order of the names: the application that is chosen stays so when another comes
+// The list is in the order of the names: the selected application stays selected when another comes
 // in front of it.
 void ConnectionsPage::ShowApplications() {
   ListBox& list = form_.lstApplications;
@@ -135,7 +136,15 @@ void ConnectionsPage::SwitchApplication() {
   });
 }
 
-// What may not carry a message says why. The sentences are heard while mute is on, too.
+void ConnectionsPage::AddToJournal(const std::string& line) {
+  ListBox& list = form_.lstJournal;
+  if (list.ListCount() == kJournalLength) list.RemoveItem(0);
+  list.AddItem(line);
+  list.SetListIndex(list.ListCount() - 1);
+}
+
+// A source that is not attached cannot bring the trial message: its state is spoken as well. Both
+// sentences are heard while mute is on, too.
 void ConnectionsPage::TestSource(std::size_t index) {
   const Connection source = connections_.Sources().at(index);
   if (source.State != ConnectionState::Attached) {

@@ -20,17 +20,20 @@ class ConnectionsPage {
                   Speech& speech);
   ~ConnectionsPage();
 
-  // Whether there is anything to show; else the page is not among the others.
+  // Whether there is anything to show. If not, the page list leaves the page out.
   bool Offered() const;
 
   // Shows everything as it is now; from then on it keeps itself up to date.
   void Show();
 
+  // Shows a line of the journal and selects it; the oldest goes where there would be too many.
+  void AddToJournal(const std::string& line);
+
  private:
   void WireControls();
   void ShowConnections(std::span<ConnectionControls> rows, const std::vector<Connection>& shown);
   void ShowApplications();
-  // Empty where none is.
+  // The name of the selected application; empty where none is selected.
   std::string ChosenApplication() const;
   std::string StateText(const Connection& connection) const;
   void SwitchApplication();

@@ -103,7 +103,7 @@ void ContactEditing::SetModRecord(const std::string& email, std::string_view whi
   });
 }
 
-// What is left of the contact before must not be stored or deleted in this one's place.
+// What is left of the contact that was open before must not be stored for another, or deleted.
 void ContactEditing::ClearContactInfo() {
   for (TextBox* box : {&form_.txtBuddyNamesEmail, &form_.txtBuddyNamesName,
                        &form_.txtBuddyNamesFriendlyName, &form_.txtBuddyNamesStatus}) {

@@ -43,6 +43,7 @@ MainWindow::MainWindow(Logs& log, const ProgramState& state, frmMain& form, cons
   form_.mPopRestore.Click = [this] { mPopRestore_Click(); };
   form_.cmdOK.Click = [this] { cmdOK_Click(); };
   form_.ocxHotKeyActivateBW.HotkeyPressed = [this] { ocxHotKeyActivateBW_HotkeyPressed(); };
+  form_.tmrSayStateAgain.Tick = [this] { tmrSayStateAgain_Timer(); };
   tray_.MouseMessage = [this](int message) { Form_MouseMove(message); };
 }
 
@@ -175,9 +176,19 @@ void MainWindow::ocxHotKeyActivateBW_HotkeyPressed() {
     if (!form_.tmrSayStateAgain.Enabled()) {
       form_.tmrSayStateAgain.SetEnabled(true);
       mPopRestore_Click();
-    } else if (states_.SayStateAgainTicks() < kTooLate) {
+    } else if (ticks_ < kTooLate) {
       states_.SayStateAgain();
     }
+  });
+}
+
+// The third tick ends the time in which a second press counts.
+void MainWindow::tmrSayStateAgain_Timer() {
+  log_.Trap(kModule, "tmrSayStateAgain_Timer", [&] {
+    ++ticks_;
+    if (ticks_ <= 2) return;
+    form_.tmrSayStateAgain.SetEnabled(false);
+    ticks_ = 0;
   });
 }
 

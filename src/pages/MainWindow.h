@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -54,6 +55,7 @@ class MainWindow {
   void lstMenu_Click();
   void cmdOK_Click();
   void ocxHotKeyActivateBW_HotkeyPressed();
+  void tmrSayStateAgain_Timer();
 
   Logs& log_;
   const ProgramState& state_;
@@ -64,6 +66,7 @@ class MainWindow {
   ContactPages& contact_pages_;
   BuddiesMenu& buddies_;
   ContactStates& states_;
+  std::int16_t ticks_ = 0;  // since tmrSayStateAgain was started
 };
 
 }  // namespace brenwick

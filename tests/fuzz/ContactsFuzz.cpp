@@ -48,16 +48,11 @@ class Program {
   std::size_t CountFiles() const { return files_.size(); }
 
  private:
-  // One for all: a window takes its time to make.
-  static const frmMain& Form() {
-    static const frmMain form;
-    return form;
-  }
-
   FakeWorld world_;
+  SettingsValues settings_;
   std::map<std::string, std::string>& files_ = world_.folders.files;
   TextTable texts_{world_.log};
-  ContactList list_{world_.log, Form(), texts_};
+  ContactList list_{world_.log, settings_, texts_};
   ContactFile file_{list_, world_.data, world_.folders, world_.clock};
 };
 

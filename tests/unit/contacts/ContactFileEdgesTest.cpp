@@ -15,9 +15,9 @@ class ContactFileEdgesTest : public testing::Test {
  protected:
   std::string& Stored() { return world.folders.files[kFile]; }
   FakeWorld world;
-  frmMain form;
+  SettingsValues settings;
   TextTable texts{world.log};
-  ContactList list{world.log, form, texts};
+  ContactList list{world.log, settings, texts};
   ContactFile file{list, world.data, world.folders, world.clock};
 };
 

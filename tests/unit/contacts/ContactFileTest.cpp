@@ -31,9 +31,9 @@ class ContactFileTest : public testing::Test {
   }
 
   FakeWorld world;
-  frmMain form;
+  SettingsValues settings;
   TextTable texts{world.log};
-  ContactList list{world.log, form, texts};
+  ContactList list{world.log, settings, texts};
   ContactFile file{list, world.data, world.folders, world.clock};
 };
 

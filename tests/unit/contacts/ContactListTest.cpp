@@ -35,9 +35,9 @@ class ContactListTest : public testing::Test {
   }
 
   FakeWorld world;
-  frmMain form;
+  SettingsValues settings;
   TextTable texts{world.log};
-  ContactList list{world.log, form, texts};
+  ContactList list{world.log, settings, texts};
 };
 
 TEST_F(ContactListTest, StartsEmpty) {
@@ -180,7 +180,7 @@ TEST_F(ContactListTest, ActsOnTheFirstOfTwoWithOneAddress) {
 }
 
 TEST_F(ContactListTest, SaysTheOwnNameOnlyWhereItIsMarked) {
-  form.chkUseMyNamesInsteadOfBuddyNames.SetTicked(true);
+  settings.UseMyNames = true;
   list.Replace({{"anna@x", "Anna", "Annie", "?", "", "10", "False"},
                 {"bert@x", "Bert", "", "?", "", "10", "True"},
                 {"cleo@x", "Cleo", "Cleopatra", "?", "", "10", "true"}});
@@ -199,7 +199,7 @@ TEST_F(ContactListTest, SaysTheUsersOwnNameWhenHeWantsIt) {
   AddThree();
   list.ListMod("A", "bert@x", "Bertie");
   EXPECT_EQ(Value("bert@x", "A"), "Bert");
-  form.chkUseMyNamesInsteadOfBuddyNames.SetTicked(true);
+  settings.UseMyNames = true;
   EXPECT_EQ(Value("bert@x", "A"), "Bertie");
   EXPECT_EQ(Value("bert@x", "N"), "Bert");
   EXPECT_EQ(Value("anna@x", "A"), "Anna");
@@ -213,9 +213,9 @@ TEST_F(ContactListTest, SaysTheGender) {
   list.ListMod("G", "bert@x", "M");
   EXPECT_EQ(Value("anna@x", "G"), "text 117");
   EXPECT_EQ(Value("bert@x", "G"), "text 116");
-  form.optMale.Choose();
+  settings.DefaultVoice = "M";
   EXPECT_EQ(Value("anna@x", "G"), "text 117");
-  form.optFemale.Choose();
+  settings.DefaultVoice = "F";
   EXPECT_EQ(Value("bert@x", "G"), "text 116");
   list.ListMod("G", "bert@x", "");
   EXPECT_EQ(Value("bert@x", "G"), "text 116");
@@ -223,9 +223,9 @@ TEST_F(ContactListTest, SaysTheGender) {
 
 TEST_F(ContactListTest, UnsetGenderFollowsTheDefaultVoice) {
   AddThree();
-  form.optMale.Choose();
+  settings.DefaultVoice = "M";
   EXPECT_EQ(Value("anna@x", "G"), "text 116");
-  form.optFemale.Choose();
+  settings.DefaultVoice = "F";
   EXPECT_EQ(Value("anna@x", "G"), "text 117");
 }
 
@@ -240,10 +240,10 @@ TEST_F(ContactListTest, SaysWhetherAContactIsIgnored) {
 
 TEST_F(ContactListTest, SaysTheState) {
   AddThree();
-  form.txtOnline.SetText(" here ");
-  form.txtOffline.SetText(" gone ");
-  form.txtAway.SetText(" out ");
-  form.txtBusy.SetText(" at work ");
+  settings.Online = " here ";
+  settings.Offline = " gone ";
+  settings.Away = " out ";
+  settings.Busy = " at work ";
   const std::vector<std::pair<std::string, std::string>> states = {
       {"0", "text 52"}, {"1", " out "},       {"2", "text 54"},        {"3", "text 9"},
       {"4", "text 9"},  {"5", "text 9"},      {"6", "text 9"},         {"7", "text 55"},

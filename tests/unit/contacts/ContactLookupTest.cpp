@@ -53,9 +53,9 @@ class ContactLookupTest : public testing::Test {
 
   std::mt19937 random{7};
   FakeWorld world;
-  frmMain form;
+  SettingsValues settings;
   TextTable texts{world.log};
-  ContactList list{world.log, form, texts};
+  ContactList list{world.log, settings, texts};
 };
 
 TEST_F(ContactLookupTest, FindsTheFirstRecordAfterAnyChanges) {

@@ -12,12 +12,7 @@ namespace {
 
 constexpr const char* kProcedure = "oMessenger_OnLocalStateChangeResult";
 
-class ContactStatesTest : public testing::Test, protected MessengerRoom {
- protected:
-  void Ticks(int ticks) {
-    for (int i = 0; i < ticks; ++i) form.tmrSayStateAgain.Tick();
-  }
-};
+class ContactStatesTest : public testing::Test, protected MessengerRoom {};
 
 TEST_F(ContactStatesTest, ReportATitleThatCannotBeShown) {
   bool went_on = false;
@@ -36,17 +31,6 @@ TEST_F(ContactStatesTest, ReportWhatFollowsTheOwnState) {
   ASSERT_EQ(world.screen.boxes.size(), 1U);
   EXPECT_EQ(world.screen.boxes[0].text, Report("Error (6) : Overflow", kProcedure));
   EXPECT_EQ(voice.spoken, (std::vector<std::string>{"text 56"}));
-}
-
-TEST_F(ContactStatesTest, CountTheTicksUntilTheThird) {
-  form.tmrSayStateAgain.SetEnabled(true);
-  EXPECT_EQ(states.SayStateAgainTicks(), 0);
-  Ticks(2);
-  EXPECT_EQ(states.SayStateAgainTicks(), 2);
-  EXPECT_TRUE(form.tmrSayStateAgain.Enabled());
-  Ticks(1);
-  EXPECT_EQ(states.SayStateAgainTicks(), 0);
-  EXPECT_FALSE(form.tmrSayStateAgain.Enabled());
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "messenger/MessengerEvents.h"
 #include "pages/SettingsBinding.h"
@@ -30,19 +31,21 @@ struct MessengerRoom {
   SettingsValues values;
   SettingsBinding binding{form, values};
   TextTable texts{world.log};
-  ContactList contacts{world.log, form, texts};
+  ContactList contacts{world.log, values, texts};
   TextCleanUp clean_up{world.log};
   Abbreviations abbreviations{world.log, texts, world.status, world.data, world.folders};
   SpokenHistory history{world.log};
   Speech speech{world.log, world.state, values, texts, clean_up, history, world.status, voice};
   SpokenWordsPage spoken_words{form, speech};
   SpokenPage spoken_page{world.log, form, speech};
-  SpokenName name{form, contacts, clean_up};
-  MessageJournal journal{form, texts};
-  IncomingText incoming{world.log, form,          texts,  contacts, name,
+  SpokenName name{values, contacts, clean_up};
+  std::vector<std::string> journal_lines;
+  MessageJournal journal{texts, [this](const std::string& line) { journal_lines.push_back(line); }};
+  IncomingText incoming{world.log, values,        texts,  contacts, name,
                         clean_up,  abbreviations, speech, journal};
-  ContactStates states{world.log, world.state, form, texts, contacts, name, abbreviations, speech};
-  Invitations invitations{world.log,     form,   texts,        contacts,    name,
+  ContactStates states{world.log, world.state, values,        texts,
+                       contacts,  name,        abbreviations, speech};
+  Invitations invitations{world.log,     values, texts,        contacts,    name,
                           abbreviations, speech, world.status, world.screen};
   MessengerEvents events{world.log, incoming, states, invitations};
 };

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "pages/SettingsBinding.h"
 #include "support/Fakes.h"
 
 namespace brenwick {
@@ -22,8 +23,10 @@ class BuddiesMenuTest : public testing::Test {
 
   FakeWorld world;
   frmMain form;
+  SettingsValues settings;
+  SettingsBinding binding{form, settings};
   TextTable texts{world.log};
-  ContactList list{world.log, form, texts};
+  ContactList list{world.log, settings, texts};
   std::vector<std::string> opened;
   BuddiesMenu menu{world.log, form, world.screen, list,
                    [this](const std::string& email) { opened.push_back(email); }};

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "pages/ContactPages.h"
+#include "pages/SettingsBinding.h"
 #include "support/Fakes.h"
 
 namespace brenwick {
@@ -39,8 +40,10 @@ class ContactColumnsTest : public testing::Test {
   FakeWorld world;
   WideScreen screen;
   frmMain form;
+  SettingsValues settings;
+  SettingsBinding binding{form, settings};
   TextTable texts{world.log};
-  ContactList list{world.log, form, texts};
+  ContactList list{world.log, settings, texts};
   ContactPages pages{world.log, form, screen, list};
 };
 

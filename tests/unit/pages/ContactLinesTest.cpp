@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "pages/ContactPages.h"
+#include "pages/SettingsBinding.h"
 #include "support/Fakes.h"
 
 namespace brenwick {
@@ -258,8 +259,10 @@ class ContactLinesTest : public testing::Test {
   int new_line = 0;
   FakeWorld world;
   frmMain form;
+  SettingsValues settings;
+  SettingsBinding binding{form, settings};
   TextTable texts{world.log};
-  ContactList list{world.log, form, texts};
+  ContactList list{world.log, settings, texts};
   ContactPages pages{world.log, form, world.screen, list};
   std::array<PlainPage, 3> plains{{
       {"G", kGenderPage, form, form.lstGender, form.optGenderSortEmail, form.optGenderSortName,

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "pages/SettingsBinding.h"
 #include "support/Fakes.h"
 
 namespace brenwick {
@@ -51,8 +52,10 @@ class ContactPagesTest : public testing::Test {
 
   FakeWorld world;
   frmMain form;
+  SettingsValues settings;
+  SettingsBinding binding{form, settings};
   TextTable texts{world.log};
-  ContactList list{world.log, form, texts};
+  ContactList list{world.log, settings, texts};
   ContactPages pages{world.log, form, world.screen, list};
 };
 

@@ -73,6 +73,26 @@ class StoreWithoutPlace : public IniStore {
   }
 };
 
+TEST_F(MainWindowTest, HotKeyCountsAsPressedAgainUntilTheThirdTick) {
+  VoiceRecorder recorder(scripted_voice_, transcript_);
+  voice_ = &recorder;
+  Start();
+  const auto saysAgain = [this] {
+    const std::size_t before = Effects("speak").size();
+    Form().ocxHotKeyActivateBW.UserPress();
+    return Effects("speak").size() > before;
+  };
+  EXPECT_FALSE(saysAgain());
+  EXPECT_TRUE(saysAgain());
+  Form().tmrSayStateAgain.Tick();
+  Form().tmrSayStateAgain.Tick();
+  EXPECT_TRUE(saysAgain());
+  Form().tmrSayStateAgain.Tick();
+  EXPECT_FALSE(Form().tmrSayStateAgain.Enabled());
+  EXPECT_FALSE(saysAgain());
+  EndProcess();
+}
+
 TEST_F(MainWindowTest, ReportsAPlaceThatCannotBeStored) {
   StoreWithoutPlace store((folder_.Path() / "other.ini").string(), clock_,
                           [](const std::string&) {});
