@@ -28,8 +28,14 @@ foreach(file IN ITEMS brenwick.1 brenwick-rehearse.1 changelog NEWS)
 endforeach()
 add_custom_target(packed-pages ALL DEPENDS ${packed})
 
-install(TARGETS brenwick brenwick-rehearse)
-install(TARGETS brenwick-voice DESTINATION ${CMAKE_INSTALL_LIBEXECDIR}/brenwick)
+foreach(program IN ITEMS brenwick brenwick-rehearse)
+  if(TARGET ${program})
+    install(TARGETS ${program})
+  endif()
+endforeach()
+if(TARGET brenwick-voice)
+  install(TARGETS brenwick-voice DESTINATION ${CMAKE_INSTALL_LIBEXECDIR}/brenwick)
+endif()
 # The program looks for this folder beside its own: ../share/brenwick.
 install(DIRECTORY ${PROJECT_BINARY_DIR}/program/ DESTINATION ${CMAKE_INSTALL_DATADIR}/brenwick)
 install(FILES ${packaged}/${BRENWICK_ID}.desktop

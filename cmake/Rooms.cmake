@@ -1,12 +1,14 @@
 # A room is a folder of src/ and a static library. It sees its own headers and those of the rooms that
 # it uses, and no other: an #include that the table in src/CMakeLists.txt does not allow finds no file.
 #
-#   brenwick_room(FOLDER [USES ROOM...] [SHOWS LIBRARY...] [LIBRARIES LIBRARY...] [READS_FIRST NAME])
+#   brenwick_room(FOLDER [USES ROOM...] [SHOWS LIBRARY...] [LIBRARIES LIBRARY...] [READS_FIRST NAME]
+#                 [EXCEPT FILE])
 #
 # USES         the rooms it uses; whoever uses the room sees these too, since its headers may name them
 # SHOWS        libraries of other people's that its headers include
 # LIBRARIES    libraries of other people's that only its .cpp files include
 # READS_FIRST  the precompiled headers of brenwick_precompiled(NAME ...)
+# EXCEPT       the .cpp file of the folder that is not compiled here
 #
 # The target of the room "linux/sound" is called room-linux-sound. A main.cpp belongs to no room.
 
@@ -29,7 +31,7 @@ function(brenwick_show_headers room target)
 endfunction()
 
 function(brenwick_room room)
-  cmake_parse_arguments(PARSE_ARGV 1 ARG "" "READS_FIRST" "USES;SHOWS;LIBRARIES")
+  cmake_parse_arguments(PARSE_ARGV 1 ARG "" "READS_FIRST;EXCEPT" "USES;SHOWS;LIBRARIES")
   if(ARG_UNPARSED_ARGUMENTS)
     message(FATAL_ERROR "${room}: what is ${ARG_UNPARSED_ARGUMENTS}?")
   endif()
@@ -39,6 +41,7 @@ function(brenwick_room room)
 
   file(GLOB sources CONFIGURE_DEPENDS ${room}/*.cpp)
   list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
+  list(REMOVE_ITEM sources "${CMAKE_CURRENT_SOURCE_DIR}/${room}/${ARG_EXCEPT}")
   # One system's half of a contract that each system fulfils in its own way.
   if(WIN32)
     list(FILTER sources EXCLUDE REGEX "-posix\\.cpp$")
@@ -66,6 +69,16 @@ function(brenwick_room room)
     target_precompile_headers(${target} REUSE_FROM precompiled-${ARG_READS_FIRST})
   endif()
   brenwick_unity(${target})
+endfunction()
+
+# A program in the build folder, made of one file and the rooms that it uses.
+function(brenwick_program name source)
+  cmake_parse_arguments(PARSE_ARGV 2 ARG "" "" "USES")
+  add_executable(${name} ${source})
+  string(REPLACE "/" "-" used "${ARG_USES}")
+  list(TRANSFORM used PREPEND room-)
+  target_link_libraries(${name} PRIVATE ${used} brenwick-warnings)
+  set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR})
 endfunction()
 
 # Headers that take longer to read than all that is ours, read once for several rooms. clang-tidy

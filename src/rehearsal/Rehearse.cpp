@@ -16,9 +16,9 @@
 #include "rehearsal/Interruption.h"
 #include "rehearsal/PlainText.h"
 #include "rehearsal/ReadableTranscript.h"
-#include "rehearsal/RealVoice.h"
 #include "rehearsal/RehearsalFolders.h"
 #include "rehearsal/ScratchFolder.h"
+#include "rehearsal/voice/RealVoice.h"
 #include "voice/EngineBackend.h"
 
 namespace brenwick {

@@ -2,8 +2,8 @@
 
 #include "rehearsal/Interruption.h"
 #include "rehearsal/PlainText.h"
-#include "rehearsal/RealVoice.h"
 #include "rehearsal/Rehearse.h"
+#include "rehearsal/voice/RealVoice.h"
 
 namespace brenwick {
 namespace {

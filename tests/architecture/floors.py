@@ -78,7 +78,8 @@ ROOMS = {
     "desktop/tray": Room(11.9, None, {"Qt", "Qt's D-Bus", "X11"}),
     "desktop": Room(12, None, {"Qt", "Qt's D-Bus", "X11", "POSIX"}),
     "windows": Room(12, CORE | SHARED, {"Windows"}),
-    "rehearsal": Room(12, CORE | {"files"}, {"JSON"}),
+    "rehearsal/voice": Room(11.9, {"voice", "espeak", "linux/sound"}),
+    "rehearsal": Room(12, CORE | {"files", "voice", "rehearsal/voice"}, {"JSON"}),
 }
 
 # One system's half of a contract, in the rooms that every system shares: what its file name ends in,
@@ -114,8 +115,8 @@ STANDARD_HEADERS = set("""
 """.split())
 
 INCLUDE = re.compile(r'\s*#\s*include\b\s*(?:"([^"]+)"|<([^>]+)>)?')
-TABLE_ROW = re.compile(r"^brenwick_room\(([^)]*)\)", re.MULTILINE)
-TABLE_WORDS = {"USES", "SHOWS", "LIBRARIES", "READS_FIRST"}
+TABLE_ROW = re.compile(r"^\s*brenwick_room\(([^)]*)\)", re.MULTILINE)
+TABLE_WORDS = {"USES", "SHOWS", "LIBRARIES", "READS_FIRST", "EXCEPT"}
 
 
 def includes(text):
@@ -250,7 +251,9 @@ def table_of(text):
                 part = word
             elif part == "USES":
                 used.add(word)
-        table[room] = (text.count("\n", 0, match.start()) + 1, used)
+        # Rows of one room for several configurations count together.
+        line = text.count("\n", 0, match.start(1)) + 1
+        table[room] = (line, used | table.get(room, (line, set()))[1])
     return table
 
 

@@ -146,6 +146,12 @@ class FloorsTest(unittest.TestCase):
         self.assert_only_breach(
             "CMakeLists.txt:2: app includes nothing of web: take it out of its row")
 
+    def test_rows_for_two_configurations(self):
+        self.write("app/App.cpp", '#include "base/Text.h"', '#include "web/Version.h"')
+        self.write_table("if(ON)", "  brenwick_room(app USES base web)", "else()",
+                         "  brenwick_room(app USES base EXCEPT App.cpp)", "endif()")
+        self.assertEqual(floors.check(self.source), [])
+
     def test_room_without_a_row_in_the_table(self):
         self.write("app/App.cpp", "#include <string>")
         self.write_table()

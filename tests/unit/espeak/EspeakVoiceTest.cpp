@@ -9,7 +9,7 @@
 #include <thread>
 
 #include "base/Failure.h"
-#include "rehearsal/RealVoice.h"
+#include "rehearsal/voice/RealVoice.h"
 #include "support/Sound.h"
 #include "support/SpeakingToFile.h"
 

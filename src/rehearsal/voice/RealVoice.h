@@ -20,7 +20,8 @@ struct RealVoiceOptions {
 };
 
 // Raises a Failure where the engine's data are not installed or another voice of the process has
-// the engine, and kPathFileAccess where the WAV file cannot be written.
+// the engine, and kPathFileAccess where the WAV file cannot be written; std::runtime_error, in
+// words for the user, where the build has no engine.
 std::unique_ptr<QueuedVoice> MakeRealVoice(const RealVoiceOptions& options);
 
 }  // namespace brenwick

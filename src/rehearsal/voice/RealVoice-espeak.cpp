@@ -1,4 +1,4 @@
-#include "rehearsal/RealVoice.h"
+#include "rehearsal/voice/RealVoice.h"
 
 #include <utility>
 
