@@ -29,7 +29,7 @@ struct Parts {
   ScriptedLoop loop;
   ScriptedClock clock;
   ScriptedSystem system;
-  PosixFolders folders;
+  SystemFolders folders;
   ProgramState state;
   frmMain form;
   SettingsValues settings;

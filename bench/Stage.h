@@ -11,7 +11,7 @@
 #include "app/Program.h"
 #include "contacts/ContactFile.h"
 #include "files/IniStore.h"
-#include "files/PosixFolders.h"
+#include "files/SystemFolders.h"
 #include "rehearsal/ScriptedConnections.h"
 #include "rehearsal/ScriptedWorld.h"
 #include "rehearsal/Transcript.h"
@@ -95,7 +95,7 @@ class Stage {
   ScriptedLoop loop_;
   ScriptedClock clock_;
   ScriptedSystem system_;
-  PosixFolders folders_;
+  SystemFolders folders_;
   IniStore store_;
   SpVoice& voice_;
   std::optional<Program> program_;

@@ -18,7 +18,7 @@
 #include "desktop/purple/PurpleMessenger.h"
 #include "desktop/tray/DesktopTray.h"
 #include "files/IniStore.h"
-#include "files/PosixFolders.h"
+#include "files/SystemFolders.h"
 #include "linux/AutostartStore.h"
 #include "linux/notifications/NotificationMessenger.h"
 #include "qt/EndOfProgram.h"
@@ -50,7 +50,7 @@ class Desktop {
 
   EndOfProgram end_;
   SystemClock clock_;
-  PosixFolders folders_;
+  SystemFolders folders_;
   IniStore ini_;
   AutostartStore store_;
   // Receives what the voice posts, and drops what is still posted when it ends.

@@ -1,14 +1,12 @@
 #include "files/AtomicFile.h"
 
-#include <fcntl.h>
-#include <signal.h>
-#include <unistd.h>
-
 #include <cerrno>
 #include <charconv>
 #include <filesystem>
 #include <optional>
 #include <system_error>
+
+#include "files/ProcessId.h"
 
 namespace brenwick {
 namespace {
@@ -23,8 +21,8 @@ int FlushFolder(OpenFile& folder) {
 }
 
 // The process in a temporary name's tail, "PROCESS-COUNT".
-std::optional<pid_t> ProcessIn(std::string_view tail) {
-  pid_t process = 0;
+std::optional<ProcessId> ProcessIn(std::string_view tail) {
+  ProcessId process = 0;
   unsigned count = 0;
   const char* const end = tail.data() + tail.size();
   const auto [dash, first_error] = std::from_chars(tail.data(), end, process);
@@ -35,16 +33,14 @@ std::optional<pid_t> ProcessIn(std::string_view tail) {
 }
 
 // A name with the program's own number is left from an earlier process that had that number.
-bool IsAtWork(pid_t process) {
-  return process != ::getpid() && (::kill(process, 0) == 0 || errno != ESRCH);
-}
+bool IsAtWork(ProcessId process) { return process != OwnProcessId() && ProcessExists(process); }
 
 }  // namespace
 
 std::string ResolvedPath(const std::string& path) {
   std::error_code error;
-  const std::filesystem::path resolved = std::filesystem::canonical(path, error);
-  return error ? path : resolved.string();
+  const std::filesystem::path resolved = std::filesystem::canonical(NativePath(path), error);
+  return error ? path : PathText(resolved);
 }
 
 // A name beside the file that is gone at the end of its block, whatever happened to it. It goes
@@ -70,7 +66,7 @@ class AtomicFile::Temporary {
 int AtomicFile::Replace(std::string_view bytes) {
   RemoveLeftovers();
   // Opened first, so that after the renaming nothing is left to fail but the flush.
-  OpenFile folder(calls_, FolderOf(path_), O_RDONLY | O_DIRECTORY);
+  OpenFile folder(calls_, FolderOf(path_), OpenMode::Folder);
   if (!folder.IsOpen()) return errno;
   const Temporary fresh(FreshName(), calls_);
   if (const int failure = Write(fresh.Path(), bytes)) return failure;
@@ -80,7 +76,7 @@ int AtomicFile::Replace(std::string_view bytes) {
 
 int AtomicFile::ReplaceKeepingBackup(std::string_view bytes) {
   RemoveLeftovers();
-  OpenFile folder(calls_, FolderOf(path_), O_RDONLY | O_DIRECTORY);
+  OpenFile folder(calls_, FolderOf(path_), OpenMode::Folder);
   if (!folder.IsOpen()) return errno;
   const Temporary fresh(FreshName(), calls_);
   if (const int failure = Write(fresh.Path(), bytes)) return failure;
@@ -94,11 +90,12 @@ int AtomicFile::ReplaceKeepingBackup(std::string_view bytes) {
 
 std::string AtomicFile::FreshName() const {
   static unsigned count = 0;
-  return path_ + std::string(kMark) + std::to_string(::getpid()) + "-" + std::to_string(++count);
+  return path_ + std::string(kMark) + std::to_string(OwnProcessId()) + "-" +
+         std::to_string(++count);
 }
 
 int AtomicFile::Write(const std::string& path, std::string_view bytes) {
-  OpenFile file(calls_, path, O_WRONLY | O_CREAT | O_EXCL, 0600);
+  OpenFile file(calls_, path, OpenMode::CreateNew);
   if (!file.IsOpen()) return errno;
   if (const int failure = file.MakePrivate()) return failure;
   if (const int failure = file.WriteAll(bytes)) return failure;
@@ -119,7 +116,7 @@ int AtomicFile::KeepBackup(bool& existed) {
 }
 
 int AtomicFile::Duplicate(const std::string& path) {
-  OpenFile file(calls_, path_, O_RDONLY);
+  OpenFile file(calls_, path_, OpenMode::Read);
   if (!file.IsOpen()) return errno;
   std::string bytes;
   if (const int failure = file.ReadAll(bytes)) return failure;
@@ -139,14 +136,14 @@ void AtomicFile::PutBack(bool existed) {
 
 void AtomicFile::RemoveLeftovers() {
   const std::string folder = FolderOf(path_);
-  const std::string start = std::filesystem::path(path_).filename().string() + std::string(kMark);
+  const std::string start = PathText(NativePath(path_).filename()) + std::string(kMark);
   std::error_code error;
-  std::filesystem::directory_iterator entry(folder, error);
+  std::filesystem::directory_iterator entry(NativePath(folder), error);
   for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
-    const std::string name = entry->path().filename().string();
+    const std::string name = PathText(entry->path().filename());
     if (!name.starts_with(start)) continue;
-    const std::optional<pid_t> process = ProcessIn(std::string_view(name).substr(start.size()));
-    if (process && !IsAtWork(*process)) calls_.Unlink(entry->path().string());
+    const std::optional<ProcessId> process = ProcessIn(std::string_view(name).substr(start.size()));
+    if (process && !IsAtWork(*process)) calls_.Unlink(PathText(entry->path()));
   }
 }
 

@@ -1,10 +1,7 @@
 #include "files/FileCalls.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <cerrno>
+#include <system_error>
 
 namespace brenwick {
 namespace {
@@ -18,46 +15,27 @@ auto Uninterrupted(const Call& call) {
 
 }  // namespace
 
-int FileCalls::Open(const std::string& path, int flags, mode_t mode) {
-  return ::open(path.c_str(), flags, mode);
-}
-
-ssize_t FileCalls::Read(int descriptor, void* bytes, std::size_t count) {
-  return ::read(descriptor, bytes, count);
-}
-
-ssize_t FileCalls::Write(int descriptor, const void* bytes, std::size_t count) {
-  return ::write(descriptor, bytes, count);
-}
-
-int FileCalls::Fchmod(int descriptor, mode_t mode) { return ::fchmod(descriptor, mode); }
-int FileCalls::Fsync(int descriptor) { return ::fsync(descriptor); }
-int FileCalls::Close(int descriptor) { return ::close(descriptor); }
-
-int FileCalls::Link(const std::string& path, const std::string& new_path) {
-  return ::link(path.c_str(), new_path.c_str());
-}
-
-int FileCalls::Rename(const std::string& path, const std::string& new_path) {
-  return ::rename(path.c_str(), new_path.c_str());
-}
-
-int FileCalls::Unlink(const std::string& path) { return ::unlink(path.c_str()); }
-int FileCalls::Mkdir(const std::string& path, mode_t mode) { return ::mkdir(path.c_str(), mode); }
-
 FileCalls& SystemCalls() {
   static FileCalls calls;
   return calls;
 }
 
-OpenFile::OpenFile(FileCalls& calls, const std::string& path, int flags, mode_t mode)
-    : calls_(calls),
-      descriptor_(Uninterrupted([&] { return calls.Open(path, flags | O_CLOEXEC, mode); })) {}
+std::filesystem::path NativePath(std::string_view path) {
+  return std::filesystem::path(std::u8string(path.begin(), path.end()));
+}
+
+std::string PathText(const std::filesystem::path& path) {
+  const std::u8string text = path.u8string();
+  return {text.begin(), text.end()};
+}
+
+OpenFile::OpenFile(FileCalls& calls, const std::string& path, OpenMode mode)
+    : calls_(calls), descriptor_(Uninterrupted([&] { return calls.Open(path, mode); })) {}
 
 int OpenFile::ReadAll(std::string& bytes) {
   char buffer[16 * 1024];
   for (;;) {
-    const ssize_t count =
+    const std::ptrdiff_t count =
         Uninterrupted([&] { return calls_.Read(descriptor_, buffer, sizeof buffer); });
     if (count < 0) return errno;
     if (count == 0) return 0;
@@ -67,7 +45,7 @@ int OpenFile::ReadAll(std::string& bytes) {
 
 int OpenFile::WriteAll(std::string_view bytes) {
   while (!bytes.empty()) {
-    const ssize_t count =
+    const std::ptrdiff_t count =
         Uninterrupted([&] { return calls_.Write(descriptor_, bytes.data(), bytes.size()); });
     if (count < 0) return errno;
     // No progress and no reason: going on would never end.
@@ -78,7 +56,7 @@ int OpenFile::WriteAll(std::string_view bytes) {
 }
 
 int OpenFile::MakePrivate() {
-  return Uninterrupted([&] { return calls_.Fchmod(descriptor_, 0600); }) == 0 ? 0 : errno;
+  return Uninterrupted([&] { return calls_.Fchmod(descriptor_); }) == 0 ? 0 : errno;
 }
 
 int OpenFile::Flush() {
@@ -94,21 +72,19 @@ int OpenFile::Close() {
 }
 
 std::string FolderOf(const std::string& path) {
-  const std::size_t slash = path.find_last_of('/');
-  if (slash == std::string::npos) return ".";
-  return slash == 0 ? "/" : path.substr(0, slash);
+  const std::filesystem::path folder = NativePath(path).parent_path();
+  return folder.empty() ? "." : PathText(folder);
 }
 
 int MakeFolders(FileCalls& calls, const std::string& path) {
-  if (calls.Mkdir(path, 0700) == 0) return 0;
+  if (calls.Mkdir(path) == 0) return 0;
   if (errno == ENOENT && FolderOf(path) != path) {
     if (const int failure = MakeFolders(calls, FolderOf(path))) return failure;
-    if (calls.Mkdir(path, 0700) == 0) return 0;
+    if (calls.Mkdir(path) == 0) return 0;
   }
   const int failure = errno;
-  struct stat status {};
-  const bool folder = ::stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
-  return folder ? 0 : failure;
+  std::error_code unknown;
+  return std::filesystem::is_directory(NativePath(path), unknown) ? 0 : failure;
 }
 
 }  // namespace brenwick

@@ -1,8 +1,5 @@
 #include "files/IniFile.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-
 #include <cerrno>
 
 #include "files/IniFormat.h"
@@ -10,32 +7,21 @@
 namespace brenwick {
 namespace {
 
-FileIdentity From(const struct stat& status) {
-  return {status.st_dev, status.st_ino, status.st_size, status.st_mtim.tv_sec,
-          status.st_mtim.tv_nsec};
-}
-
 IniLook LookAt(FileCalls& calls, const std::string& path) {
   IniLook look;
-  OpenFile file(calls, path, O_RDONLY);
+  OpenFile file(calls, path, OpenMode::Read);
   if (!file.IsOpen()) {
     look.error = errno == ENOENT ? 0 : errno;
     if (look.error == 0) look.data.emplace();
     return look;
   }
-  struct stat status {};
-  if (::fstat(file.Descriptor(), &status) == 0) look.identity = From(status);
+  look.identity = IdentityOf(file.Descriptor());
   look.error = file.ReadAll(look.bytes);
   if (look.error == 0) look.data = FromIni(look.bytes);
   return look;
 }
 
 }  // namespace
-
-FileIdentity IdentityOf(const std::string& path) {
-  struct stat status {};
-  return ::stat(path.c_str(), &status) == 0 ? From(status) : FileIdentity{};
-}
 
 IniLook LookAtIni(FileCalls& calls, const std::string& path) {
   IniLook look = LookAt(calls, path);

@@ -1,28 +1,14 @@
 // One look at a file of the settings store.
 #pragma once
 
-#include <sys/types.h>
-
-#include <cstdint>
 #include <optional>
 #include <string>
 
 #include "files/FileCalls.h"
+#include "files/FileIdentity.h"
 #include "files/IniData.h"
 
 namespace brenwick {
-
-// By this a file is known again; all zero where there is none.
-struct FileIdentity {
-  dev_t device = 0;
-  ino_t number = 0;
-  off_t size = 0;
-  std::int64_t seconds = 0;
-  std::int64_t nanoseconds = 0;
-  bool operator==(const FileIdentity&) const = default;
-};
-
-FileIdentity IdentityOf(const std::string& path);
 
 struct IniLook {
   FileIdentity identity;

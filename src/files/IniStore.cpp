@@ -1,37 +1,20 @@
 #include "files/IniStore.h"
 
-#include <fcntl.h>
-#include <sys/file.h>
-#include <sys/stat.h>
-
 #include <cerrno>
 #include <chrono>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 #include "base/Text.h"
 #include "files/AtomicFile.h"
+#include "files/FileLock.h"
 #include "files/IniFormat.h"
 
 namespace brenwick {
 namespace {
-
-// Other programs wait while this one changes the file, for as long as the block lasts.
-class FileLock {
- public:
-  FileLock(FileCalls& calls, const std::string& path) : file_(calls, path, O_RDWR | O_CREAT, 0600) {
-    if (!file_.IsOpen()) return;
-    int result = ::flock(file_.Descriptor(), LOCK_EX);
-    while (result != 0 && errno == EINTR) result = ::flock(file_.Descriptor(), LOCK_EX);
-    held_ = result == 0;
-  }
-  bool IsHeld() const { return held_; }
-
- private:
-  OpenFile file_;
-  bool held_ = false;
-};
 
 std::string TwoDigits(unsigned number) { return (number < 10 ? "0" : "") + std::to_string(number); }
 
@@ -56,6 +39,13 @@ IniStore::IniStore(const std::string& file, Clock& clock, Tell tell, FileCalls& 
   Start();
   data_ = stored_;
   TellUser();
+}
+
+// What counts as stored is not lost with the program, whoever keeps the lock: the file is replaced
+// as a whole. A Hold that was never flushed has promised nothing.
+IniStore::~IniStore() {
+  changes_.resize(promised_);
+  if (!changes_.empty() && StoreLocked() == Result::Busy) ReplaceFile();
 }
 
 bool IniStore::KeyExists(const std::string& key) {
@@ -136,7 +126,7 @@ void IniStore::Start() {
     stored_ = std::move(*look.data);
   } else if (look.error == 0) {
     FallBackOnBackup();
-    if (!StoreLocked({})) ReportDamage();
+    if (StoreLocked() == Result::Failed) ReportDamage();
   } else {
     LoadLocked();
   }
@@ -150,37 +140,56 @@ void IniStore::Refresh() {
   seen_ = look.identity;
   if (!look.data) return;
   stored_ = std::move(*look.data);
-  data_ = stored_;
+  MakeChangesAgain();
 }
 
 bool IniStore::Apply(Change change) {
   Refresh();
   if (!change(data_)) return false;
-  if (holds_ == 0 && data_ == stored_) return true;
+  if (holds_ == 0 && changes_.empty() && data_ == stored_) return true;
   changes_.push_back(std::move(change));
   return holds_ > 0 || Store();
 }
 
 bool IniStore::Store() {
-  const std::vector<Change> changes = std::exchange(changes_, {});
-  if (changes.empty()) return true;
-  const bool stored = StoreLocked(changes);
-  data_ = stored_;
+  if (changes_.empty()) return true;
+  const Result result = StoreLocked();
+  if (result == Result::Stored) changes_.clear();
+  if (result == Result::Failed) changes_.resize(promised_);
+  promised_ = changes_.size();
+  MakeChangesAgain();
   TellUser();
-  return stored;
+  return result != Result::Failed;
 }
 
-bool IniStore::StoreLocked(const std::vector<Change>& changes) {
-  if (MakeFolders(calls_, FolderOf(file_)) != 0) return false;
-  const FileLock lock(calls_, file_ + ".lock");
-  if (!lock.IsHeld() || !LoadLocked()) return false;
+// Whoever keeps the lock for that long may keep it for ever: no change waits again until the lock
+// has been free once.
+IniStore::Result IniStore::StoreLocked() {
+  if (MakeFolders(calls_, FolderOf(file_)) != 0) return Result::Failed;
+  const FileLock lock(calls_, file_ + ".lock", busy_ ? std::chrono::milliseconds(0) : kPatience);
+  if (lock.IsBusy()) {
+    if (!std::exchange(busy_, true)) ReportBusy();
+    return Result::Busy;
+  }
+  if (!lock.IsHeld()) return Result::Failed;
+  busy_ = false;
+  return ReplaceFile() ? Result::Stored : Result::Failed;
+}
+
+bool IniStore::ReplaceFile() {
+  if (!LoadLocked()) return false;
   IniData next = stored_;
-  for (const Change& change : changes) change(next);
+  for (const Change& change : changes_) change(next);
   if (next == stored_) return true;
   if (AtomicFile(file_, calls_).ReplaceKeepingBackup(ToIni(next)) != 0) return false;
   stored_ = std::move(next);
   seen_ = IdentityOf(file_);
   return true;
+}
+
+void IniStore::MakeChangesAgain() {
+  data_ = stored_;
+  for (const Change& change : changes_) change(data_);
 }
 
 // True when the store holds what the file holds, and the file may be replaced.
@@ -225,8 +234,11 @@ bool IniStore::SetAside(const std::string& damaged) {
 std::string IniStore::NameForDamaged() const {
   const std::string name = file_ + ".damaged-" + DateForName(clock_.Now());
   std::string free = name;
-  struct stat status {};
-  for (int number = 2; ::lstat(free.c_str(), &status) == 0; ++number) {
+  const auto is_taken = [](const std::string& path) {
+    std::error_code unknown;
+    return std::filesystem::exists(std::filesystem::symlink_status(NativePath(path), unknown));
+  };
+  for (int number = 2; is_taken(free); ++number) {
     free = name + "-" + std::to_string(number);
   }
   return free;
@@ -235,6 +247,12 @@ std::string IniStore::NameForDamaged() const {
 void IniStore::ReportFailure(const std::string& message) {
   if (std::exchange(reported_failure_, true)) return;
   messages_.push_back(message);
+}
+
+void IniStore::ReportBusy() {
+  messages_.push_back("Another program keeps the settings file " + file_ +
+                      " to itself. Changed settings are stored when it is free again, at the "
+                      "latest when Brenwick ends.");
 }
 
 void IniStore::ReportDamage() {

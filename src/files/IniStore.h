@@ -1,6 +1,8 @@
 // The settings store in one file that a person can read (IniFormat.h).
 #pragma once
 
+#include <chrono>
+#include <cstddef>
 #include <functional>
 #include <optional>
 #include <string>
@@ -21,6 +23,11 @@ namespace brenwick {
 // Other programs may use the same file: a change waits for their lock (the file's name + ".lock"),
 // reads what they wrote, and keeps it. Reads see what they wrote as well, except within a Hold.
 //
+// No change waits longer than kPatience. Where another program still has the lock then, the change
+// is made in memory, counts as stored, and the user is told. It goes into the file with the next
+// change that finds the lock free, at the latest with the end of the store, which minds the lock
+// no longer.
+//
 // A file that is damaged (it does not parse, or it is empty beside a backup that is not) is never
 // lost. It is copied to the file's name + ".damaged-YYYY-MM-DD", and the last whole version takes
 // its place: what this store holds already, at the start the backup, without one an empty store. A
@@ -28,12 +35,16 @@ namespace brenwick {
 class IniStore : public RegistryStore {
  public:
   // Tells the user, in English, that the file is damaged or cannot be read; once for each file set
-  // aside, once for all that could not be. It is called within the constructor or a changing call,
-  // with no lock held, and must not throw.
+  // aside, once for all that could not be; and that another program keeps the lock. It is called
+  // within the constructor or a changing call, with no lock held, and must not throw.
   using Tell = std::function<void(const std::string& message)>;
+
+  // How long a change waits for another program that changes the file.
+  static constexpr std::chrono::milliseconds kPatience{500};
 
   // Neither file nor folder need exist; the first change makes them.
   IniStore(const std::string& file, Clock& clock, Tell tell, FileCalls& calls = SystemCalls());
+  ~IniStore() override;
 
   bool KeyExists(const std::string& key) override;
   bool CreateKey(const std::string& key) override;
@@ -51,17 +62,21 @@ class IniStore : public RegistryStore {
  private:
   // False: it is impossible, and has changed nothing.
   using Change = std::function<bool(IniData&)>;
+  enum class Result { Stored, Busy, Failed };
 
   void Start();
   void Refresh();
   bool Apply(Change change);
   bool Store();
-  bool StoreLocked(const std::vector<Change>& changes);
+  Result StoreLocked();
+  bool ReplaceFile();
+  void MakeChangesAgain();
   bool LoadLocked();
   void FallBackOnBackup();
   bool SetAside(const std::string& damaged);
   std::string NameForDamaged() const;
   void ReportFailure(const std::string& message);
+  void ReportBusy();
   void ReportDamage();
   void TellUser();
 
@@ -71,11 +86,13 @@ class IniStore : public RegistryStore {
   FileCalls& calls_;
   FileIdentity seen_;  // the file when it was last looked at
   IniData stored_;     // what it held then
-  IniData data_;       // the same with the changes of the present Hold
+  IniData data_;       // the same with the changes that are not in the file yet
   std::vector<Change> changes_;
+  std::size_t promised_ = 0;  // so many of these, the first, count as stored
   int holds_ = 0;
   std::vector<std::string> messages_;
   bool reported_failure_ = false;
+  bool busy_ = false;  // another program had the lock at the last change
 };
 
 }  // namespace brenwick

@@ -1,6 +1,5 @@
 #include "linux/XdgFolders.h"
 
-#include <fcntl.h>
 #include <pwd.h>
 #include <unistd.h>
 
@@ -43,7 +42,7 @@ std::string FolderOrIn(const char* name, const std::string& in_home) {
 }
 
 std::string ContentOf(const std::string& path) {
-  OpenFile file(SystemCalls(), path, O_RDONLY);
+  OpenFile file(SystemCalls(), path, OpenMode::Read);
   std::string content;
   if (file.IsOpen() && file.ReadAll(content) != 0) content.clear();
   return content;

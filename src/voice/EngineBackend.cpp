@@ -56,7 +56,7 @@ bool EngineBackend::Say(std::u32string_view& text, const Prosody& prosody, const
   LookForSound();
   if (!has_sound_ || voices_.empty()) return true;
   engine_->Use(voices_.at(prosody.voice.value_or(0)).identifier, prosody.rate, prosody.volume);
-  while (!stop.Raised()) {
+  while (!stop.StopRequested()) {
     const std::string piece = NextPiece(text);
     if (piece.empty()) break;
     engine_->Say(piece, [&](std::span<const std::int16_t> samples) { return Play(samples, stop); });
@@ -71,11 +71,11 @@ void EngineBackend::LookForSound() {
 
 // Hands samples to the output while nobody asks to stop; false once somebody does.
 bool EngineBackend::Play(std::span<const std::int16_t> samples, const StopToken& stop) {
-  while (!samples.empty() && !stop.Raised()) {
+  while (!samples.empty() && !stop.StopRequested()) {
     samples = samples.subspan(output_->Write(samples));
     if (!samples.empty()) stop.Await(kRoomAgain);
   }
-  return !stop.Raised();
+  return !stop.StopRequested();
 }
 
 }  // namespace brenwick

@@ -19,7 +19,7 @@ SpeechQueue::~SpeechQueue() {
   {
     const std::lock_guard lock(mutex_);
     closing_ = true;
-    stop_.Raise();
+    stop_.RequestStop();
   }
   work_.notify_all();
   thread_.join();
@@ -40,7 +40,7 @@ void SpeechQueue::Purge() {
     sentences_.clear();
     cut_ = true;
     silent_ = false;
-    stop_.Raise();
+    stop_.RequestStop();
   }
   work_.notify_all();
 }
@@ -67,7 +67,7 @@ void SpeechQueue::Work() {
 void SpeechQueue::WorkOnce(std::unique_lock<std::mutex>& lock) {
   if (cut_) {
     cut_ = false;
-    if (!closing_) stop_.Lower();
+    if (!closing_) stop_.Reset();
     lock.unlock();
     if (speaking_) speaking_->Cut();
     lock.lock();

@@ -1,12 +1,14 @@
-// What tells a thread that works or waits to stop.
+// Tells a working or waiting thread to stop.
 #pragma once
 
 #include <atomic>
 #include <chrono>
+#include <cstdint>
 
 namespace brenwick {
 
-// Any thread may raise and lower it; who works looks at it, or waits at it.
+// Any thread may request the stop, reset it and look at it. No call throws but the constructor,
+// which raises std::system_error where the system has nothing to wait for any more.
 class StopToken {
  public:
   StopToken();
@@ -14,19 +16,21 @@ class StopToken {
   StopToken(const StopToken&) = delete;
   StopToken& operator=(const StopToken&) = delete;
 
-  void Raise();
-  void Lower();
-  bool Raised() const { return raised_; }
+  void RequestStop();
+  // Takes the request back, so that the next piece of work can begin.
+  void Reset();
+  bool StopRequested() const { return requested_; }
 
-  // Waits until it is raised, or for that long; whether it is raised.
+  // Waits until the stop is requested, but no longer than that; whether it is requested.
   bool Await(std::chrono::milliseconds time) const;
 
-  // Can be read from while the sign is raised, for whoever waits for something else as well.
-  int Descriptor() const { return descriptor_; }
+  // For a thread that waits for something else as well: on POSIX a descriptor that can be read from
+  // while the stop is requested, on Windows an event that is set then.
+  std::intptr_t SystemHandle() const { return handle_; }
 
  private:
-  std::atomic<bool> raised_ = false;
-  int descriptor_;
+  std::atomic<bool> requested_ = false;
+  std::intptr_t handle_;
 };
 
 }  // namespace brenwick

@@ -55,7 +55,7 @@ Header HeaderFor(std::uint32_t sample_rate, std::uint32_t data_bytes) {
 }  // namespace
 
 WavFile::WavFile(const std::filesystem::path& path, int sample_rate, Pace pace)
-    : sample_rate_(sample_rate), pace_(pace), file_(std::fopen(path.c_str(), "wb")) {
+    : sample_rate_(sample_rate), pace_(pace), file_(Open(path)) {
   if (file_) WriteHeader();
   if (file_ && !failed_) return;
   throw Failure(kPathFileAccess,

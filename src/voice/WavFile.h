@@ -30,6 +30,10 @@ class WavFile final : public SoundOutput {
   std::chrono::milliseconds Finish() override;
 
  private:
+  // For writing bytes, in the place of what the file held; nothing where that fails, with errno
+  // set.
+  static std::FILE* Open(const std::filesystem::path& path);
+
   struct Close {
     void operator()(std::FILE* file) const { std::fclose(file); }
   };

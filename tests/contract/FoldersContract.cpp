@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "base/Failure.h"
-#include "files/PosixFolders.h"
+#include "files/SystemFolders.h"
 
 namespace brenwick {
 namespace {
@@ -14,7 +14,7 @@ std::vector<FoldersImplementation> Implementations() {
   return {
       {"Posix",
        [](const std::string& root) {
-         return std::make_unique<PosixFolders>(
+         return std::make_unique<SystemFolders>(
              FolderPaths{root + "/Docs", root + "/program", root + "/program/brenwick"});
        }},
   };

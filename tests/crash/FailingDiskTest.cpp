@@ -1,6 +1,5 @@
 // A disk that fails while the whole program saves or starts: the user is told, and nothing that was
 // there is lost.
-#include <fcntl.h>
 
 #include <cerrno>
 #include <filesystem>
@@ -103,14 +102,14 @@ class UnreadableFile : public FileCalls {
   UnreadableFile(std::string path, int reads, int error)
       : path_(std::move(path)), reads_(reads), error_(error) {}
 
-  int Open(const std::string& path, int flags, mode_t mode) override {
-    const bool meant = path == path_ && (flags & O_ACCMODE) == O_RDONLY;
+  int Open(const std::string& path, OpenMode mode) override {
+    const bool meant = path == path_ && mode == OpenMode::Read;
     if (meant && reads_ == 0) return Fail();
-    const int descriptor = FileCalls::Open(path, flags, mode);
+    const int descriptor = FileCalls::Open(path, mode);
     if (meant) descriptor_ = descriptor;
     return descriptor;
   }
-  ssize_t Read(int descriptor, void* bytes, std::size_t count) override {
+  std::ptrdiff_t Read(int descriptor, void* bytes, std::size_t count) override {
     if (descriptor == descriptor_ && --reads_ == 0) return Fail();
     return FileCalls::Read(descriptor, bytes, count);
   }

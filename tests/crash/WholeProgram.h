@@ -14,7 +14,7 @@
 #include "files/IniData.h"
 #include "files/IniFormat.h"
 #include "files/IniStore.h"
-#include "files/PosixFolders.h"
+#include "files/SystemFolders.h"
 #include "rehearsal/Rehearsal.h"
 #include "settings/SettingsKeys.h"
 #include "support/TemporaryFolder.h"
@@ -47,7 +47,7 @@ inline std::string ContactsOf(int version) {
 // the system, so where only that happens it is left out.
 class CallsWithoutFlush : public FileCalls {
  public:
-  int Fsync(int) override { return 0; }
+  int Fsync(int /*descriptor*/) override { return 0; }
 };
 
 class WholeProgram {
@@ -99,7 +99,7 @@ class WholeProgram {
 
   Effects transcript_;
   StandingClock clock_;
-  PosixFolders folders_;
+  SystemFolders folders_;
   IniStore store_;
   Rehearsal rehearsal_;
 };

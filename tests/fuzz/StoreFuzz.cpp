@@ -21,7 +21,7 @@ constexpr const char* kDamage = "[";
 // Nothing that is written here need outlive the machine.
 class UnflushedCalls : public FileCalls {
  public:
-  int Fsync(int) override { return 0; }
+  int Fsync(int /*descriptor*/) override { return 0; }
 };
 
 std::optional<std::string> Content(const std::string& path) {

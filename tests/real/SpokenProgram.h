@@ -6,7 +6,7 @@
 #include <string>
 
 #include "files/IniStore.h"
-#include "files/PosixFolders.h"
+#include "files/SystemFolders.h"
 #include "rehearsal/Rehearsal.h"
 #include "support/SpeakingToFile.h"
 
@@ -72,7 +72,7 @@ class SpokenProgram {
   SpeakingToFile voice_;
   NoTranscript transcript_;
   ScriptedClock clock_;
-  PosixFolders folders_;
+  SystemFolders folders_;
   IniStore store_;
   Rehearsal rehearsal_;
 };

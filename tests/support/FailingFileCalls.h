@@ -29,19 +29,19 @@ class FailingFileCalls : public FileCalls {
   // The name of the call that failed; empty when none did.
   const std::string& Failed() const { return failed_; }
 
-  int Open(const std::string& path, int flags, mode_t mode) override {
-    return Fails("Open") ? -1 : FileCalls::Open(path, flags, mode);
+  int Open(const std::string& path, OpenMode mode) override {
+    return Fails("Open") ? -1 : FileCalls::Open(path, mode);
   }
-  ssize_t Read(int descriptor, void* bytes, std::size_t count) override {
+  std::ptrdiff_t Read(int descriptor, void* bytes, std::size_t count) override {
     return Fails("Read") ? -1 : FileCalls::Read(descriptor, bytes, count);
   }
-  ssize_t Write(int descriptor, const void* bytes, std::size_t count) override {
+  std::ptrdiff_t Write(int descriptor, const void* bytes, std::size_t count) override {
     if (Fails("Write")) return -1;
     const bool cut = short_write != 0 && short_write < count;
     return FileCalls::Write(descriptor, bytes, cut ? short_write : count);
   }
-  int Fchmod(int descriptor, mode_t mode) override {
-    return Fails("Fchmod") ? -1 : FileCalls::Fchmod(descriptor, mode);
+  int Fchmod(int descriptor) override {
+    return Fails("Fchmod") ? -1 : FileCalls::Fchmod(descriptor);
   }
   int Fsync(int descriptor) override { return Fails("Fsync") ? -1 : FileCalls::Fsync(descriptor); }
   int Close(int descriptor) override {
@@ -61,8 +61,8 @@ class FailingFileCalls : public FileCalls {
   int Unlink(const std::string& path) override {
     return Fails("Unlink") ? -1 : FileCalls::Unlink(path);
   }
-  int Mkdir(const std::string& path, mode_t mode) override {
-    return Fails("Mkdir") ? -1 : FileCalls::Mkdir(path, mode);
+  int Mkdir(const std::string& path) override {
+    return Fails("Mkdir") ? -1 : FileCalls::Mkdir(path);
   }
 
  private:

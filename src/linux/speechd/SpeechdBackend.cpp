@@ -120,7 +120,7 @@ bool SpeechdBackend::Say(std::u32string_view& text, const Prosody& prosody, cons
     } catch (const SsipTrouble& trouble) {
       Lose(trouble);
     }
-    if (stop.Raised() || IsOver(text)) return true;
+    if (stop.StopRequested() || IsOver(text)) return true;
     if (text.size() < std::exchange(left, text.size())) failures = 0;
     ++failures;
   }
@@ -145,7 +145,7 @@ void SpeechdBackend::SayAll(std::u32string_view& text, const Prosody& prosody,
   Connect(stop);
   Use(prosody, stop);
   bool again = false;  // the piece was begun before, and hardly heard
-  while (!stop.Raised()) {
+  while (!stop.StopRequested()) {
     std::u32string_view rest = text;
     const std::string piece = NextPiece(rest);
     if (piece.empty()) return;
@@ -155,7 +155,7 @@ void SpeechdBackend::SayAll(std::u32string_view& text, const Prosody& prosody,
     again = false;
     const std::u32string_view before = std::exchange(text, rest);
     // What has been said is not said again even where the question behind it remains unanswered.
-    if (outcome != Outcome::Said || stop.Raised()) continue;
+    if (outcome != Outcome::Said || stop.StopRequested()) continue;
     if (steady_clock::now() >= check_again_at_ && !HasEngine(prosody, stop)) {
       text = before;
       throw SsipTrouble(kNoEngineThere);
@@ -223,7 +223,7 @@ SpeechdBackend::Outcome SpeechdBackend::SayPiece(const std::string& piece, const
   while (left.count() > 0) {
     const std::optional<Event> event = connection_->Await(message, patience, &stop);
     if (event == Event::End) return Outcome::Said;
-    if (stop.Raised()) {
+    if (stop.StopRequested()) {
       if (event != Event::Canceled) Silence(message);
       return Outcome::Silenced;
     }

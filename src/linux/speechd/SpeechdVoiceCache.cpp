@@ -1,7 +1,5 @@
 #include "linux/speechd/SpeechdVoiceCache.h"
 
-#include <fcntl.h>
-
 #include <algorithm>
 #include <iterator>
 #include <map>
@@ -19,7 +17,7 @@ using Listings = std::vector<SpeechdListing>;
 using Rows = std::vector<std::string>;
 
 Listings Read(const std::string& path) {
-  OpenFile file(SystemCalls(), path, O_RDONLY);
+  OpenFile file(SystemCalls(), path, OpenMode::Read);
   std::string content;
   if (!file.IsOpen() || file.ReadAll(content) != 0) return {};
   Listings listings;
@@ -80,7 +78,7 @@ SpeechdVoiceCache::SpeechdVoiceCache(SpeechdAddress address, std::string path, D
     : address_(std::move(address)), path_(std::move(path)), done_(std::move(done)) {}
 
 SpeechdVoiceCache::~SpeechdVoiceCache() {
-  stop_.Raise();
+  stop_.RequestStop();
   if (thread_.joinable()) thread_.join();
 }
 

@@ -132,7 +132,7 @@ SsipConnection::Answer SsipConnection::ReceiveAnswer(const StopToken* stop, mill
     if (!answer) {
       // A long answer may take longer, as long as it goes on.
       if (Read(steady_clock::now() + patience, stop)) continue;
-      if (stop && stop->Raised()) throw SsipStopped();
+      if (stop && stop->StopRequested()) throw SsipStopped();
       throw SsipSilence(kNoAnswer);
     }
     if (KeepAsEvent(*answer)) continue;
@@ -183,8 +183,9 @@ std::optional<SsipConnection::Answer> SsipConnection::TakeAnswer() {
 }
 
 bool SsipConnection::Read(Moment until, const StopToken* stop) {
-  std::array<pollfd, 2> waiting{pollfd{socket_, POLLIN, 0},
-                                pollfd{stop ? stop->Descriptor() : -1, POLLIN, 0}};
+  std::array<pollfd, 2> waiting{
+      pollfd{socket_, POLLIN, 0},
+      pollfd{stop ? static_cast<int>(stop->SystemHandle()) : -1, POLLIN, 0}};
   const int ready = ::poll(waiting.data(), waiting.size(), static_cast<int>(Left(until).count()));
   if (ready <= 0 || waiting[1].revents != 0) return false;
   std::array<char, 65536> bytes;

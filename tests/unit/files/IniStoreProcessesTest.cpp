@@ -1,11 +1,14 @@
 // A settings store that other processes write to, and one whose process is killed.
+#include <fcntl.h>
 #include <signal.h>
+#include <sys/file.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <filesystem>
 #include <random>
 
+#include "files/AtomicFile.h"
 #include "files/IniFormat.h"
 #include "support/IniStoreFixture.h"
 
@@ -34,11 +37,102 @@ TEST_F(IniStoreProcessesTest, LosesNothingWhereTwoProcessesWriteAtOnce) {
   EXPECT_TRUE(told_.empty());
 }
 
+// Another process that keeps the store's lock for as long as the object lives.
+class LockHolder {
+ public:
+  explicit LockHolder(const std::string& store) {
+    int ends[2] = {-1, -1};
+    if (::pipe(ends) != 0) ADD_FAILURE() << "no pipe";
+    process_ = ::fork();
+    if (process_ == 0) {
+      const int lock = ::open((store + ".lock").c_str(), O_RDWR | O_CREAT, 0600);
+      if (lock < 0 || ::flock(lock, LOCK_EX) != 0 || ::write(ends[1], "x", 1) != 1) ::_exit(1);
+      for (;;) ::pause();
+    }
+    ::close(ends[1]);
+    char locked = 0;
+    EXPECT_EQ(::read(ends[0], &locked, 1), 1);
+    ::close(ends[0]);
+  }
+  LockHolder(const LockHolder&) = delete;
+  LockHolder& operator=(const LockHolder&) = delete;
+  ~LockHolder() {
+    ::kill(process_, SIGKILL);
+    ::waitpid(process_, nullptr, 0);
+  }
+
+ private:
+  pid_t process_ = -1;
+};
+
+TEST_F(IniStoreProcessesTest, KeepsChangesInMemoryWhileAnotherProgramHasTheLock) {
+  IniStore store = Store();
+  ASSERT_TRUE(store.WriteValue(kKey, "Former", Text("0")));
+  {
+    const LockHolder holder(File());
+    EXPECT_TRUE(store.WriteValue(kKey, "First", Text("1")));
+    EXPECT_TRUE(store.WriteValue(kKey, "First", Text("2")));
+    EXPECT_TRUE(store.DeleteValue(kKey, "Former"));
+    EXPECT_EQ(store.ValueNames(kKey), Names{"First"});
+    EXPECT_EQ(store.ReadValue(kKey, "First"), Text("2"));
+    EXPECT_EQ(Store().ValueNames(kKey), Names{"Former"});
+    ASSERT_EQ(told_.size(), 1U);
+    EXPECT_NE(told_[0].find("Another program keeps the settings file"), std::string::npos);
+  }
+  EXPECT_TRUE(store.WriteValue(kKey, "Second", Text("3")));
+  EXPECT_EQ(Store().ValueNames(kKey), (Names{"First", "Second"}));
+  EXPECT_EQ(Store().ReadValue(kKey, "First"), Text("2"));
+  EXPECT_EQ(told_.size(), 1U);
+}
+
+TEST_F(IniStoreProcessesTest, StoresWhatItKeptAtItsEndWhoeverHasTheLock) {
+  ASSERT_TRUE(Store().WriteValue(kKey, "Former", Text("0")));
+  const LockHolder holder(File());
+  {
+    IniStore store = Store();
+    EXPECT_TRUE(store.WriteValue(kKey, "First", Text("1")));
+    store.Hold();
+    store.WriteValue(kKey, "Never", Text("flushed"));
+  }
+  EXPECT_EQ(Store().ValueNames(kKey), (Names{"First", "Former"}));
+}
+
+TEST_F(IniStoreProcessesTest, AddsWhatItKeptToWhatTheOtherProgramHasWritten) {
+  IniStore store = Store();
+  ASSERT_TRUE(store.WriteValue(kKey, "Former", Text("0")));
+  {
+    const LockHolder holder(File());
+    EXPECT_TRUE(store.WriteValue(kKey, "First", Text("1")));
+    IniData data;
+    data.Write(kKey, "Other", Text("2"));
+    ASSERT_EQ(AtomicFile(File()).Replace(ToIni(data)), 0);
+    EXPECT_EQ(store.ValueNames(kKey), (Names{"First", "Other"}));
+  }
+  EXPECT_TRUE(store.WriteValue(kKey, "First", Text("3")));
+  EXPECT_EQ(Store().ValueNames(kKey), (Names{"First", "Other"}));
+  EXPECT_EQ(Store().ReadValue(kKey, "First"), Text("3"));
+}
+
+TEST_F(IniStoreProcessesTest, KeepsWhatCountsAsStoredWhereTheNextChangeFails) {
+  FailingFileCalls calls;
+  IniStore store = Store(calls);
+  {
+    const LockHolder holder(File());
+    EXPECT_TRUE(store.WriteValue(kKey, "First", Text("1")));
+  }
+  calls.always = "Rename";
+  EXPECT_FALSE(store.WriteValue(kKey, "Second", Text("2")));
+  EXPECT_EQ(store.ValueNames(kKey), Names{"First"});
+  calls.always.clear();
+  EXPECT_TRUE(store.WriteValue(kKey, "Third", Text("3")));
+  EXPECT_EQ(Store().ValueNames(kKey), (Names{"First", "Third"}));
+}
+
 // A killed process loses nothing that it has handed to the system, so the flush would only take
 // most of the moments away from the other calls.
 class CallsWithoutFlush : public FileCalls {
  public:
-  int Fsync(int) override { return 0; }
+  int Fsync(int /*descriptor*/) override { return 0; }
 };
 
 // A process that writes versions for ever, each of two equal values, and after each a byte into a

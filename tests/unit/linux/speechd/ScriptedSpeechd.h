@@ -54,7 +54,7 @@ class ScriptedSpeechd {
   explicit ScriptedSpeechd(Answers answers)
       : answers_(std::move(answers)), thread_([this] { Serve(); }) {}
   ~ScriptedSpeechd() {
-    stop_.Raise();
+    stop_.RequestStop();
     thread_.join();
   }
 
@@ -62,8 +62,8 @@ class ScriptedSpeechd {
 
  private:
   void Serve() {
-    while (!stop_.Raised()) {
-      std::vector<pollfd> waiting = {{stop_.Descriptor(), POLLIN, 0},
+    while (!stop_.StopRequested()) {
+      std::vector<pollfd> waiting = {{static_cast<int>(stop_.SystemHandle()), POLLIN, 0},
                                      {socket_.Descriptor(), POLLIN, 0}};
       for (const auto& client : clients_) waiting.push_back({client.first, POLLIN, 0});
       ::poll(waiting.data(), waiting.size(), -1);

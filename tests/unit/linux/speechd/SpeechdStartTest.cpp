@@ -112,7 +112,7 @@ TEST_F(SpeechdStartTest, IsGivenUpWhereItIgnoresAPlea) {
   auto started =
       std::async(std::launch::async, [&] { return StartDispatcher(server_.Socket(), stop); });
   const pid_t process = AwaitStarted();
-  stop.Raise();
+  stop.RequestStop();
   EXPECT_EQ(started.wait_for(std::chrono::minutes(1)), std::future_status::ready);
   EXPECT_NE(::kill(process, SIGKILL), 0);
   EXPECT_FALSE(started.get());

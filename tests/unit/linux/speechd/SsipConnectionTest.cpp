@@ -86,10 +86,10 @@ TEST(SsipConnection, IsStoppedByTheSign) {
   Script server;
   SsipConnection connection(server.Address(), kLongEnough);
   StopToken stop;
-  stop.Raise();
+  stop.RequestStop();
   EXPECT_THROW(connection.Ask("LIST", &stop), SsipStopped);
   EXPECT_EQ(connection.Await("1", kLongEnough, &stop), std::nullopt);
-  stop.Lower();
+  stop.Reset();
   server.Say("250 OK\r\n");
   EXPECT_NO_THROW(connection.Ask("LIST", &stop));
 }

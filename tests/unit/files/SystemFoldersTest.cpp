@@ -1,4 +1,4 @@
-#include "files/PosixFolders.h"
+#include "files/SystemFolders.h"
 
 #include <sys/stat.h>
 
@@ -26,7 +26,7 @@ std::int32_t FailureAfter(const std::string& call, int error, const Work& work) 
   FailingFileCalls calls;
   calls.always = call;
   calls.error = error;
-  PosixFolders folders({root.Inside("Docs"), "", ""}, calls);
+  SystemFolders folders({root.Inside("Docs"), "", ""}, calls);
   try {
     work(folders, root.Inside("file"));
   } catch (const Failure& failure) {
@@ -44,7 +44,7 @@ const auto kDeletes = [](Folders& folders, const std::string& path) { folders.De
 const auto kCreates = [](Folders& folders, const std::string& path) { folders.CreateFolder(path); };
 const auto kAsks = [](Folders& folders, const std::string&) { folders.DocumentsFolder(); };
 
-TEST(PosixFolders, RaisesPermissionDenied) {
+TEST(SystemFolders, RaisesPermissionDenied) {
   for (const int error : {EACCES, EPERM, EROFS}) {
     EXPECT_EQ(FailureAfter("Open", error, kReads), kPermissionDenied);
     EXPECT_EQ(FailureAfter("Open", error, kAppends), kPermissionDenied);
@@ -56,7 +56,7 @@ TEST(PosixFolders, RaisesPermissionDenied) {
   }
 }
 
-TEST(PosixFolders, RaisesPathFileAccessForEveryOtherError) {
+TEST(SystemFolders, RaisesPathFileAccessForEveryOtherError) {
   for (const int error : {EEXIST, EISDIR, ENOSPC, EMFILE, EIO, ELOOP, ENAMETOOLONG, EDQUOT}) {
     EXPECT_EQ(FailureAfter("Open", error, kReads), kPathFileAccess);
     EXPECT_EQ(FailureAfter("Open", error, kAppends), kPathFileAccess);
@@ -68,26 +68,26 @@ TEST(PosixFolders, RaisesPathFileAccessForEveryOtherError) {
   }
 }
 
-TEST(PosixFolders, RaisesAFailedReadOfAFileThatOpens) {
+TEST(SystemFolders, RaisesAFailedReadOfAFileThatOpens) {
   const TemporaryFolder root;
   SetBytes(root.Inside("file"), "x");
   FailingFileCalls calls;
   calls.always = "Read";
-  PosixFolders folders({root.Path(), "", ""}, calls);
+  SystemFolders folders({root.Path(), "", ""}, calls);
   EXPECT_THROW(folders.Read(root.Inside("file")), Failure);
 }
 
-TEST(PosixFolders, AppendsWithThreeCalls) {
+TEST(SystemFolders, AppendsWithThreeCalls) {
   const TemporaryFolder root;
   FailingFileCalls calls;
-  PosixFolders folders({root.Path(), "", ""}, calls);
+  SystemFolders folders({root.Path(), "", ""}, calls);
   folders.Append(root.Inside("log"), std::string(20'000, 'x'));
   EXPECT_EQ(calls.Count(), 3);
 }
 
-TEST(PosixFolders, KeepsEverythingPrivate) {
+TEST(SystemFolders, KeepsEverythingPrivate) {
   const TemporaryFolder root;
-  PosixFolders folders({root.Inside("a/b/Docs/"), "", ""});
+  SystemFolders folders({root.Inside("a/b/Docs/"), "", ""});
   EXPECT_EQ(folders.DocumentsFolder(), root.Inside("a/b/Docs"));
   folders.CreateFolder(root.Inside("folder"));
   folders.Append(root.Inside("log"), "x");
@@ -98,9 +98,9 @@ TEST(PosixFolders, KeepsEverythingPrivate) {
   for (const char* name : {"log", "list"}) EXPECT_EQ(ModeOf(root.Inside(name)), 0600U) << name;
 }
 
-TEST(PosixFolders, ListsLinksToFilesAndLeavesOutWhatHasNoName) {
+TEST(SystemFolders, ListsLinksToFilesAndLeavesOutWhatHasNoName) {
   const TemporaryFolder root;
-  PosixFolders folders({root.Path(), "", ""});
+  SystemFolders folders({root.Path(), "", ""});
   SetBytes(root.Inside("\xFF.tml"), "x");
   std::filesystem::create_directory(root.Inside("folder"));
   std::filesystem::create_symlink("\xFF.tml", root.Inside("link"));
@@ -110,11 +110,11 @@ TEST(PosixFolders, ListsLinksToFilesAndLeavesOutWhatHasNoName) {
   EXPECT_EQ(folders.FileNames(root.Path()), std::vector<std::string>{"link"});
 }
 
-TEST(PosixFolders, RaisesWhereTheDocumentsFolderIsAFile) {
+TEST(SystemFolders, RaisesWhereTheDocumentsFolderIsAFile) {
   const TemporaryFolder root;
   SetBytes(root.Inside("Docs"), "x");
-  EXPECT_THROW(PosixFolders({root.Inside("Docs"), "", ""}).DocumentsFolder(), Failure);
-  EXPECT_THROW(PosixFolders({root.Inside("Docs/below"), "", ""}).DocumentsFolder(), Failure);
+  EXPECT_THROW(SystemFolders({root.Inside("Docs"), "", ""}).DocumentsFolder(), Failure);
+  EXPECT_THROW(SystemFolders({root.Inside("Docs/below"), "", ""}).DocumentsFolder(), Failure);
 }
 
 // The variables that the desktop's folders come from, as the test sets them; at its end they are as

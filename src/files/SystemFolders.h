@@ -1,6 +1,7 @@
-// The folders and files of a POSIX system.
+// The folders and files of the system.
 #pragma once
 
+#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,14 +17,16 @@ struct FolderPaths {
   std::string program_file;
 };
 
-class PosixFolders : public Folders {
+class SystemFolders : public Folders {
  public:
-  explicit PosixFolders(FolderPaths paths, FileCalls& calls = SystemCalls());
+  explicit SystemFolders(FolderPaths paths, FileCalls& calls = SystemCalls());
 
   std::string DocumentsFolder() override;
   std::string ProgramFolder() override { return paths_.program_folder; }
   std::string ProgramFile() override { return paths_.program_file; }
-  char Separator() const override { return '/'; }
+  char Separator() const override {
+    return static_cast<char>(std::filesystem::path::preferred_separator);
+  }
 
   bool FileExists(const std::string& path) override;
   bool FolderExists(const std::string& path) override;
@@ -37,7 +40,7 @@ class PosixFolders : public Folders {
   void Delete(const std::string& path) override;
 
  private:
-  bool IsOfKind(const std::string& path, unsigned kind);
+  bool IsOfKind(const std::string& path, std::filesystem::file_type kind);
   // Raises the failure that an errno stands for; 0 is none.
   void Raise(int error, const std::string& path);
 
