@@ -85,7 +85,7 @@ void QueuedVoice::TestEngine(std::size_t index, const std::string& sentence) {
   } else if (!backend.Voices().empty()) {
     prosody.voice = 0;
   }
-  queue_.Add({.text = sentence, .speaker = &backend, .prosody = prosody});
+  queue_.Add({.text = sentence, .backend = &backend, .prosody = prosody});
 }
 
 }  // namespace brenwick

@@ -1,5 +1,6 @@
 #include "voice/SpeechQueue.h"
 
+#include <exception>
 #include <utility>
 
 #include "voice/SpeakableText.h"
@@ -10,10 +11,30 @@ namespace {
 // After this much silence the sound device is given back.
 constexpr std::chrono::seconds kRestAfter{10};
 
+// The value of the call, or the other one where the call raises an exception: no backend ends the
+// thread, and with it the program.
+template <typename Call, typename Value>
+Value Guarded(const Call& call, Value otherwise) {
+  try {
+    return call();
+  } catch (const std::exception&) {
+    return otherwise;
+  }
+}
+
+template <typename Call>
+void Guarded(const Call& call) {
+  Guarded([&] { return call(), true; }, false);
+}
+
+std::chrono::milliseconds TimeToFinish(SpeechBackend& backend) {
+  return Guarded([&] { return backend.Finish(); }, std::chrono::milliseconds(0));
+}
+
 }  // namespace
 
-SpeechQueue::SpeechQueue(std::vector<SpeechBackend*> speakers)
-    : speakers_(std::move(speakers)), thread_([this] { Work(); }) {}
+SpeechQueue::SpeechQueue(std::vector<SpeechBackend*> backends)
+    : backends_(std::move(backends)), thread_([this] { Work(); }) {}
 
 SpeechQueue::~SpeechQueue() {
   {
@@ -56,11 +77,17 @@ bool SpeechQueue::WaitUntilSilent(std::chrono::milliseconds timeout) {
 }
 
 void SpeechQueue::Work() {
-  for (SpeechBackend* speaker : speakers_) speaker->Prepare();
+  Prepare();
   std::unique_lock lock(mutex_);
   prepared_ = true;
   silence_.notify_all();
   while (!closing_) WorkOnce(lock);
+}
+
+void SpeechQueue::Prepare() {
+  for (SpeechBackend* backend : backends_) {
+    Guarded([&] { backend->Prepare(); });
+  }
 }
 
 // The lock is held between the steps of the work and free during each of them.
@@ -69,13 +96,13 @@ void SpeechQueue::WorkOnce(std::unique_lock<std::mutex>& lock) {
     cut_ = false;
     if (!closing_) stop_.Reset();
     lock.unlock();
-    if (speaking_) speaking_->Cut();
+    if (speaking_) Guarded([&] { speaking_->Cut(); });
     lock.lock();
   } else if (!sentences_.empty()) {
     const Sentence sentence = std::move(sentences_.front());
     sentences_.pop_front();
     lock.unlock();
-    Say(sentence);
+    Guarded([&] { Say(sentence); });
     lock.lock();
   } else {
     FallSilent(lock);
@@ -86,14 +113,16 @@ void SpeechQueue::WorkOnce(std::unique_lock<std::mutex>& lock) {
 void SpeechQueue::FallSilent(std::unique_lock<std::mutex>& lock) {
   const auto has_work = [this] { return HasWork(); };
   lock.unlock();
-  const auto sounding = speaking_ ? speaking_->Finish() : std::chrono::milliseconds(0);
+  const auto sounding = speaking_ ? TimeToFinish(*speaking_) : std::chrono::milliseconds(0);
   lock.lock();
   if (work_.wait_for(lock, sounding, has_work)) return;
   silent_ = true;
   silence_.notify_all();
   if (work_.wait_for(lock, kRestAfter, has_work)) return;
   lock.unlock();
-  for (SpeechBackend* speaker : speakers_) speaker->Rest();
+  for (SpeechBackend* backend : backends_) {
+    Guarded([&] { backend->Rest(); });
+  }
   lock.lock();
   work_.wait(lock, has_work);
 }
@@ -101,17 +130,17 @@ void SpeechQueue::FallSilent(std::unique_lock<std::mutex>& lock) {
 void SpeechQueue::Say(const Sentence& sentence) {
   const std::u32string text = SpeakableText(sentence.text, sentence.entities);
   std::u32string_view rest = text;
-  if (Say(*sentence.speaker, rest, sentence.prosody) || !sentence.stand_in) return;
+  if (Say(*sentence.backend, rest, sentence.prosody) || !sentence.stand_in) return;
   Say(*sentence.stand_in, rest, sentence.stand_in_prosody);
 }
 
-bool SpeechQueue::Say(SpeechBackend& speaker, std::u32string_view& text, const Prosody& prosody) {
-  if (speaking_ && speaking_ != &speaker) {
-    if (stop_.Await(speaking_->Finish())) return true;
-    speaking_->Rest();
+bool SpeechQueue::Say(SpeechBackend& backend, std::u32string_view& text, const Prosody& prosody) {
+  if (speaking_ && speaking_ != &backend) {
+    if (stop_.Await(TimeToFinish(*speaking_))) return true;
+    Guarded([&] { speaking_->Rest(); });
   }
-  speaking_ = &speaker;
-  return speaker.Say(text, prosody, stop_);
+  speaking_ = &backend;
+  return Guarded([&] { return backend.Say(text, prosody, stop_); }, false);
 }
 
 }  // namespace brenwick

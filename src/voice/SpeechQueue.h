@@ -1,7 +1,8 @@
-// The sentences that are waiting to be said, and the thread that has them said.
+// Keeps the sentences that are waiting to be said, and has them said on a thread of its own.
 //
-// There is one queue for all speakers: each sentence is heard to its end before the next one
-// begins, whoever says it. A purge takes effect at once, however long the sentence is.
+// There is one queue for all backends: each sentence is heard to its end before the next one
+// begins, whichever backend says it. A purge takes effect at once, however long the sentence is.
+// Where a backend raises an exception its stand-in says the sentence; the queue goes on.
 #pragma once
 
 #include <chrono>
@@ -19,18 +20,20 @@ namespace brenwick {
 struct Sentence {
   std::string text;
   bool entities = false;  // &amp; and its like stand for their characters
-  SpeechBackend* speaker = nullptr;
+  SpeechBackend* backend = nullptr;
   Prosody prosody = {};
-  // Says what the speaker could not; nullptr where it had better not be said.
+  // Says what the backend could not; nullptr where it had better not be said.
   SpeechBackend* stand_in = nullptr;
   Prosody stand_in_prosody = {};
 };
 
+// Its functions are called on the program's thread, and none of them throws but for a lack of
+// memory.
 class SpeechQueue {
  public:
-  // Calls Prepare of each speaker, in their order, before any of them says a sentence. They are
-  // there for as long as the queue is.
-  explicit SpeechQueue(std::vector<SpeechBackend*> speakers);
+  // Calls Prepare of each backend, in their order, before any of them says a sentence. They outlive
+  // the queue.
+  explicit SpeechQueue(std::vector<SpeechBackend*> backends);
   // Stops in the middle of a word.
   ~SpeechQueue();
   SpeechQueue(const SpeechQueue&) = delete;
@@ -41,7 +44,7 @@ class SpeechQueue {
   // Cuts off what is being said and forgets what was waiting.
   void Purge();
 
-  // Waits until the speakers are prepared.
+  // Waits until the backends are prepared.
   void WaitUntilPrepared();
   // Waits until all that was added has been said and heard; false when the time is up first.
   bool WaitUntilSilent(std::chrono::milliseconds timeout);
@@ -51,10 +54,11 @@ class SpeechQueue {
   void Work();
   void WorkOnce(std::unique_lock<std::mutex>& lock);
   void FallSilent(std::unique_lock<std::mutex>& lock);
+  void Prepare();
   void Say(const Sentence& sentence);
-  bool Say(SpeechBackend& speaker, std::u32string_view& text, const Prosody& prosody);
+  bool Say(SpeechBackend& backend, std::u32string_view& text, const Prosody& prosody);
 
-  const std::vector<SpeechBackend*> speakers_;
+  const std::vector<SpeechBackend*> backends_;
   SpeechBackend* speaking_ = nullptr;  // the last one that did
 
   // These are shared with the thread that speaks.

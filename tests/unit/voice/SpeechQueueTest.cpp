@@ -8,7 +8,9 @@
 #include <condition_variable>
 #include <memory>
 #include <mutex>
+#include <stdexcept>
 
+#include "base/Failure.h"
 #include "base/Text.h"
 #include "voice/QueuedVoice.h"
 
@@ -88,6 +90,25 @@ class Sayer : public SpeechBackend {
   const std::string name_;
   const std::vector<std::string> voices_ = {name_ + " English", name_ + " German"};
   Events& events_;
+};
+
+// Raises an exception wherever it may.
+class Raiser : public SpeechBackend {
+ public:
+  const std::vector<std::string>& Voices() const override { return voices_; }
+  std::string Language(std::size_t) const override { return "en"; }
+  std::size_t VoiceFor(const std::string&) const override { return 0; }
+  Connection State() const override { return {"R", ConnectionState::Failed, ""}; }
+  void Prepare() override { throw Failure(kInvalidCall); }
+  bool Say(std::u32string_view&, const Prosody&, const StopToken&) override {
+    throw Failure(kInvalidCall);
+  }
+  void Cut() override { throw std::runtime_error("cut"); }
+  milliseconds Finish() override { throw std::runtime_error("finish"); }
+  void Rest() override { throw std::runtime_error("rest"); }
+
+ private:
+  const std::vector<std::string> voices_ = {"R English"};
 };
 
 class SpeechQueueTest : public testing::Test {
@@ -195,6 +216,38 @@ TEST_F(SpeechQueueTest, TestsASpeakerAloneWithTheChosenVoiceOrItsFirst) {
   voice_->TestEngine(0, "x");
   voice_->TestEngine(1, "y");
   EXPECT_EQ(Said(), Log({"A1 x", "B0 y"}));
+}
+
+TEST(QueuedVoiceTest, SurvivesABackendThatRaises) {
+  Events events;
+  QueuedVoice::Backends backends;
+  backends.push_back(std::make_unique<Sayer>("A", events));
+  backends.push_back(std::make_unique<Raiser>());
+  QueuedVoice voice(std::move(backends));
+  EXPECT_TRUE(voice.HasSound());
+  voice.SetVoice(2);
+  voice.Speak("one", SVSFlagsAsync);
+  ASSERT_TRUE(voice.WaitUntilSilent(kLongEnough));
+  voice.TestEngine(1, "never");
+  voice.Speak("", kPurge);
+  ASSERT_TRUE(voice.WaitUntilSilent(kLongEnough));
+  voice.SetVoice(0);
+  voice.Speak("two", SVSFlagsAsync);
+  ASSERT_TRUE(voice.WaitUntilSilent(kLongEnough));
+  Log said;
+  for (const std::string& event : events.All()) {
+    if (event[1] != ' ') said.push_back(event);
+  }
+  EXPECT_EQ(said, Log({"A0 one", "A0 two"}));
+}
+
+TEST(QueuedVoiceTest, PassesOverEverySentenceWithoutABackend) {
+  QueuedVoice voice({});
+  EXPECT_TRUE(voice.GetVoices().empty());
+  EXPECT_FALSE(voice.HasSound());
+  voice.Speak("one", kPurge);
+  EXPECT_TRUE(voice.WaitUntilSilent(kLongEnough));
+  EXPECT_TRUE(voice.Engines().empty());
 }
 
 TEST(QueuedVoiceTest, TestsASpeakerWhereNobodyHasAVoice) {
