@@ -88,7 +88,8 @@ void BareEngine(benchmark::State& state) {
 }
 
 std::unique_ptr<SpeechEngine> MakeEngine(bool process) {
-  if (process) return std::make_unique<EngineProcess>(BRENWICK_VOICE, nullptr);
+  if (process)
+    return std::make_unique<EngineProcess>(EngineProcessOptions{.program = BRENWICK_VOICE});
   return std::make_unique<EspeakEngine>();
 }
 

@@ -50,7 +50,10 @@ void Warn(const std::string& message) { qWarning("%s", message.c_str()); }
 
 // changed: called on any thread when a backend is in another state.
 std::unique_ptr<EngineBackend> MakeEngineBackend(const std::function<void()>& changed) {
-  auto engine = std::make_unique<EngineProcess>(EngineProgram(), Warn);
+  auto engine = std::make_unique<EngineProcess>(
+      EngineProcessOptions{.program = EngineProgram(),
+                           .tell = Warn,
+                           .memory = XdgStateHome() + "/brenwick/espeak-ng-voices"});
   auto output = std::make_unique<SoundDevice>(engine->SampleRate());
   return std::make_unique<EngineBackend>(
       std::move(engine), std::move(output),

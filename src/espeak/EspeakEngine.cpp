@@ -63,7 +63,7 @@ std::vector<EngineVoice> EspeakEngine::Voices(const std::string& locale) {
 }
 
 void EspeakEngine::Use(const std::string& voice, int rate, int volume) {
-  if (voice != voice_) {
+  if (!voice.empty() && voice != voice_) {
     espeak_SetVoiceByName(voice.c_str());
     voice_ = voice;
   }

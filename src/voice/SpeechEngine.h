@@ -31,7 +31,7 @@ class SpeechEngine {
   virtual std::vector<EngineVoice> Voices(const std::string& locale) = 0;
 
   // What the coming texts are spoken with: an identifier from Voices(), −10..10, 0..100. Does not
-  // throw; a voice that the engine does not know leaves the former one.
+  // throw; an empty identifier, or one that the engine does not know, leaves the former voice.
   virtual void Use(const std::string& voice, int rate, int volume) = 0;
 
   // Speaks a text, which NextPiece has made, and returns when the listener has had all of it or

@@ -26,7 +26,7 @@ std::vector<SpVoiceImplementation> Implementations() {
       {"EspeakProcess",
        [] {
          return std::make_unique<SpeakingToFile>(
-             std::make_unique<EngineProcess>(BRENWICK_VOICE, nullptr));
+             std::make_unique<EngineProcess>(EngineProcessOptions{.program = BRENWICK_VOICE}));
        }},
       {"Speechd", [] { return MakeSpeechd(); }},
       {"Scripted", [] { return std::make_unique<ScriptedVoice>(); }},

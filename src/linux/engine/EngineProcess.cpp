@@ -12,6 +12,7 @@
 #include "base/ProgramState.h"
 #include "base/Text.h"
 #include "linux/engine/EngineContents.h"
+#include "voice/LanguageTag.h"
 
 namespace brenwick {
 namespace {
@@ -21,8 +22,11 @@ using std::chrono::milliseconds, std::chrono::steady_clock;
 // How often the listener is asked whether it still wants to hear more.
 constexpr milliseconds kAskAgain{20};
 
-// A machine that has just started is slow.
+// A machine that has just started is slow. Only the thread that speaks waits that long.
 constexpr std::chrono::seconds kTimeToStart{20};
+
+// What the engine has always had.
+constexpr int kUsualSampleRate = 22'050;
 
 [[noreturn]] void CannotSpeak(const std::string& reason) {
   throw Failure(kFileNotFound, reason, kTitle);
@@ -33,16 +37,17 @@ bool NeverListening(std::span<const std::int16_t> /*samples*/) { return false; }
 
 }  // namespace
 
-EngineProcess::EngineProcess(std::string program, Tell tell, milliseconds patience)
-    : program_(std::move(program)), tell_(std::move(tell)), patience_(patience) {
+EngineProcess::EngineProcess(EngineProcessOptions options)
+    : options_(std::move(options)), cache_(options_.memory) {
   Start();
-  if (Await(steady_clock::now() + kTimeToStart, AlwaysListening) != Outcome::Done) {
-    CannotSpeak("The speech engine " + program_ + " does not start");
+  if (cache_.Recall()) {
+    sample_rate_ = cache_.Recall()->sample_rate;
+    return;
   }
-  const EngineMessage greeting = socket_->Take();
-  if (greeting.word != EngineWord::Ready) CannotSpeak(Repaired(greeting.content));
-  sample_rate_ = SampleRateIn(greeting.content);
-  if (sample_rate_ == 0) CannotSpeak("The speech engine " + program_ + " has no sample rate");
+  const auto end = steady_clock::now() + options_.first_start;
+  if (TakeStart(end, AlwaysListening) == Outcome::Done) return;
+  if (!IsSlow()) CannotSpeak(trouble_.empty() ? DoesNotStart() : trouble_);
+  sample_rate_ = kUsualSampleRate;
 }
 
 EngineProcess::~EngineProcess() = default;
@@ -55,40 +60,100 @@ void EngineProcess::Start() {
   socket_ = std::make_unique<EngineSocket>(ends[0]);
   // Only the process is to hold this end: that it is closed is how its death shows.
   const EngineSocket other_end(ends[1]);
-  process_ = std::make_unique<ChildProcess>(program_, ends[1]);
+  process_ = std::make_unique<ChildProcess>(options_.program, ends[1]);
+  started_at_ = steady_clock::now();
 }
 
 void EngineProcess::Stop() {
   process_.reset();
   socket_.reset();
-  ending_ = false;
+  greeted_ = false;
+  asked_ = false;
   in_use_ = false;
+  ending_ = false;
+}
+
+std::string EngineProcess::DoesNotStart() const {
+  return "The speech engine " + options_.program + " does not start";
+}
+
+// Whether the process has said nothing wrong, only nothing yet.
+bool EngineProcess::IsSlow() {
+  return trouble_.empty() && socket_->Wait({}) == EngineSocket::Arrival::Nothing;
 }
 
 EngineProcess::Outcome EngineProcess::StartAgain(const Listener& listener) {
   Stop();
   try {
     Start();
-  } catch (const std::exception&) {
+  } catch (const std::exception& failure) {
+    trouble_ = failure.what();
     return Outcome::Failed;
   }
-  const Outcome outcome = Await(steady_clock::now() + kTimeToStart, listener);
-  if (outcome == Outcome::Stopped) Stop();
+  return Settle(listener);
+}
+
+// Takes what a new process says before it speaks.
+EngineProcess::Outcome EngineProcess::TakeStart(Moment end, const Listener& listener) {
+  const Outcome outcome = greeted_ ? Outcome::Done : TakeGreeting(end, listener);
+  return outcome == Outcome::Done && asked_ ? TakeVoices(end, listener) : outcome;
+}
+
+EngineProcess::Outcome EngineProcess::TakeGreeting(Moment end, const Listener& listener) {
+  const Outcome outcome = Await(end, listener);
+  if (outcome == Outcome::Failed && socket_->Wait({}) == EngineSocket::Arrival::Closed) {
+    trouble_ = DoesNotStart();
+  }
   if (outcome != Outcome::Done) return outcome;
-  return socket_->Take().word == EngineWord::Ready ? Outcome::Done : Outcome::Failed;
+  const EngineMessage greeting = socket_->Take();
+  const int rate = SampleRateIn(greeting.content);
+  if (greeting.word != EngineWord::Ready) {
+    trouble_ = Repaired(greeting.content);
+  } else if (rate <= 0) {
+    trouble_ = "The speech engine " + options_.program + " has no sample rate";
+  } else if (sample_rate_ != 0 && rate != sample_rate_) {
+    trouble_ = "The speech engine has changed. It speaks again when Brenwick is started anew";
+    if (cache_.Recall()) cache_.Remember({cache_.Recall()->locale, rate, cache_.Recall()->voices});
+  } else {
+    sample_rate_ = rate;
+    greeted_ = true;
+    trouble_.clear();
+  }
+  return greeted_ ? Outcome::Done : Outcome::Failed;
+}
+
+EngineProcess::Outcome EngineProcess::TakeVoices(Moment end, const Listener& listener) {
+  const Outcome outcome = Await(end, listener);
+  if (outcome != Outcome::Done) return outcome;
+  const EngineMessage answer = socket_->Take();
+  if (answer.word != EngineWord::Voices) return Outcome::Failed;
+  asked_ = false;
+  voices_ = VoicesIn(answer.content);
+  if (!voices_.empty()) usual_voice_ = voices_.front().identifier;
+  cache_.Remember({locale_, sample_rate_, voices_});
+  return Outcome::Done;
 }
 
 std::vector<EngineVoice> EngineProcess::Voices(const std::string& locale) {
-  socket_->Send(EngineWord::Voices, locale);
-  if (Await(steady_clock::now() + kTimeToStart, AlwaysListening) != Outcome::Done) {
-    CannotSpeak("The speech engine " + program_ + " does not list its voices");
-  }
-  return VoicesIn(socket_->Take().content);
+  locale_ = locale;
+  asked_ = socket_->Send(EngineWord::Voices, locale);
+  const std::optional<RememberedEngine>& known = cache_.Recall();
+  if (known && known->locale == locale) return known->voices;
+  const auto end = steady_clock::now() + options_.first_start;
+  if (asked_ && TakeStart(end, AlwaysListening) == Outcome::Done) return std::exchange(voices_, {});
+  if (!IsSlow()) CannotSpeak("The speech engine " + options_.program + " does not list its voices");
+  return {{"eSpeak NG", "", LanguageTag(locale), false}};
 }
 
 void EngineProcess::Use(const std::string& voice, int rate, int volume) {
-  use_ = UseContent({voice, rate, volume});
+  voice_ = voice;
+  rate_ = rate;
+  volume_ = volume;
   in_use_ = false;
+}
+
+std::string EngineProcess::Wanted() const {
+  return UseContent({voice_.empty() ? usual_voice_ : voice_, rate_, volume_});
 }
 
 void EngineProcess::Say(const std::string& piece, const Listener& listener) {
@@ -101,9 +166,17 @@ void EngineProcess::Say(const std::string& piece, const Listener& listener) {
     Stop();
     failures = delivered > before ? 1 : failures + 1;
   }
-  if (tell_) {
-    tell_("The speech engine failed twice at a text of " + std::to_string(piece.size()) +
-          " bytes, the rest of which is left out.");
+  TellOfFailure(piece);
+}
+
+// That the process does not start is told once.
+void EngineProcess::TellOfFailure(const std::string& piece) {
+  if (!options_.tell) return;
+  if (trouble_.empty()) {
+    options_.tell("The speech engine failed twice at a text of " + std::to_string(piece.size()) +
+                  " bytes, the rest of which is left out.");
+  } else if (std::exchange(told_trouble_, trouble_) != trouble_) {
+    options_.tell(trouble_);
   }
 }
 
@@ -114,7 +187,7 @@ EngineProcess::Outcome EngineProcess::SayOnce(const std::string& piece, std::siz
   Outcome outcome = Settle(listener);
   if (outcome == Outcome::Failed) outcome = StartAgain(listener);
   if (outcome != Outcome::Done) return outcome;
-  if (!in_use_) in_use_ = socket_->Send(EngineWord::Use, use_);
+  if (!in_use_) in_use_ = socket_->Send(EngineWord::Use, Wanted());
   if (!socket_->Send(EngineWord::Say, piece)) return Outcome::Failed;
   outcome = Hear(delivered, listener);
   if (outcome == Outcome::Stopped) {
@@ -125,33 +198,36 @@ EngineProcess::Outcome EngineProcess::SayOnce(const std::string& piece, std::siz
   return outcome;
 }
 
-// Waits for the end of a text that was cut short. Failed: there is no process to talk to, or it has
-// had time enough and does not come to an end.
+// Waits for the start of a new process, and for the end of a text that was cut short. Failed: there
+// is no process to talk to, or it has had time enough.
 EngineProcess::Outcome EngineProcess::Settle(const Listener& listener) {
+  if (!socket_) return Outcome::Failed;
+  const Outcome started = TakeStart(started_at_ + kTimeToStart, listener);
+  if (started != Outcome::Done) return started;
   while (ending_) {
-    const Outcome outcome = Await(cut_at_ + patience_, listener);
+    const Outcome outcome = Await(cut_at_ + options_.patience, listener);
     if (outcome != Outcome::Done) return outcome;
     ending_ = socket_->Take().word != EngineWord::End;
     // A process that only goes on speaking leaves Await no time to ask.
     if (ending_ && !listener({})) return Outcome::Stopped;
-    if (ending_ && steady_clock::now() > cut_at_ + patience_) return Outcome::Failed;
+    if (ending_ && steady_clock::now() > cut_at_ + options_.patience) return Outcome::Failed;
   }
-  const bool alive = socket_ && socket_->Wait({}) == EngineSocket::Arrival::Nothing;
+  const bool alive = socket_->Wait({}) == EngineSocket::Arrival::Nothing;
   return alive ? Outcome::Done : Outcome::Failed;
 }
 
 void EngineProcess::Rest() {
-  if (!ending_) return;
+  if (!socket_ || (greeted_ && !asked_ && !ending_)) return;
   const Outcome outcome = Settle(NeverListening);
-  const bool late = steady_clock::now() > cut_at_ + patience_;
-  if (outcome == Outcome::Failed || (ending_ && late)) Stop();
+  const bool late = ending_ && steady_clock::now() > cut_at_ + options_.patience;
+  if (outcome == Outcome::Failed || late) Stop();
 }
 
 // Hands on what lies beyond the samples that an earlier try delivered.
 EngineProcess::Outcome EngineProcess::Hear(std::size_t& delivered, const Listener& listener) {
   std::size_t known = delivered;
   for (;;) {
-    const Outcome outcome = Await(steady_clock::now() + patience_, listener);
+    const Outcome outcome = Await(steady_clock::now() + options_.patience, listener);
     if (outcome != Outcome::Done) return outcome;
     const EngineMessage message = socket_->Take();
     if (message.word == EngineWord::End) return Outcome::Done;
@@ -165,8 +241,7 @@ EngineProcess::Outcome EngineProcess::Hear(std::size_t& delivered, const Listene
 }
 
 // Waits for a message, at most until then. Failed: none comes. Stopped: the listener wants none.
-EngineProcess::Outcome EngineProcess::Await(steady_clock::time_point end,
-                                            const Listener& listener) {
+EngineProcess::Outcome EngineProcess::Await(Moment end, const Listener& listener) {
   for (;;) {
     switch (socket_->Wait(kAskAgain)) {
       case EngineSocket::Arrival::Message:

@@ -27,7 +27,7 @@ class HarmedEngine : public RecordingEngine {
   };
 
   HarmedEngine(Record& record, Harm& harm)
-      : RecordingEngine(record, EngineProcess::kPatience), harm_(harm) {}
+      : RecordingEngine(record, EngineProcessOptions::kPatience), harm_(harm) {}
 
   void Say(const std::string& piece, const Listener& listener) override {
     if (Chance(30)) Kill();

@@ -9,12 +9,15 @@
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <random>
 #include <thread>
 
 #include "base/Failure.h"
 #include "espeak/EspeakEngine.h"
+#include "support/Environment.h"
 #include "support/PrivateSpeechd.h"
+#include "support/TemporaryFolder.h"
 
 namespace brenwick {
 namespace {
@@ -49,8 +52,12 @@ constexpr std::chrono::milliseconds kShortPatience{1000};
 class EngineProcessTest : public testing::Test {
  protected:
   EngineProcess Make(const char* program = BRENWICK_VOICE,
-                     std::chrono::milliseconds patience = EngineProcess::kPatience) {
-    return {program, [this](const std::string& message) { told.push_back(message); }, patience};
+                     std::chrono::milliseconds patience = EngineProcessOptions::kPatience) {
+    return Make({.program = program, .patience = patience});
+  }
+  EngineProcess Make(EngineProcessOptions options) {
+    options.tell = [this](const std::string& message) { told.push_back(message); };
+    return EngineProcess(std::move(options));
   }
 
   void ExpectLeftOut(const std::string& text, std::chrono::milliseconds patience) {
@@ -291,7 +298,7 @@ TEST_F(EngineProcessTest, KeepsAProcessThatIsNotLateAtItsRest) {
 
 void ExpectCannotStart(const char* program, const std::string& reason) {
   try {
-    const EngineProcess engine(program, {});
+    const EngineProcess engine({.program = program});
     ADD_FAILURE() << "it started";
   } catch (const Failure& failure) {
     EXPECT_EQ(failure.Number(), kFileNotFound);
@@ -301,15 +308,118 @@ void ExpectCannotStart(const char* program, const std::string& reason) {
 
 TEST_F(EngineProcessTest, TellsWhyItCannotStart) {
   ExpectCannotStart("/no/such/brenwick-voice", "/no/such/brenwick-voice does not start: No such");
-  ASSERT_EQ(setenv("BRENWICK_BAD_VOICE", "fail", 1), 0);
-  ExpectCannotStart(BRENWICK_BAD_VOICE, "no data");
-  ASSERT_EQ(setenv("BRENWICK_BAD_VOICE", "die", 1), 0);
-  ExpectCannotStart(BRENWICK_BAD_VOICE, "does not start");
+  for (const char* how : {"fail", "die"}) {
+    const Environment at_start("BRENWICK_BAD_VOICE", how);
+    ExpectCannotStart(BRENWICK_BAD_VOICE,
+                      how == std::string("fail") ? "no data" : "does not start");
+  }
   for (const char* rate : {"rate ", "rate many", "rate 0", "rate -8000", "rate 99999999999"}) {
-    ASSERT_EQ(setenv("BRENWICK_BAD_VOICE", rate, 1), 0);
+    const Environment at_start("BRENWICK_BAD_VOICE", rate);
     ExpectCannotStart(BRENWICK_BAD_VOICE, "has no sample rate");
   }
-  ASSERT_EQ(unsetenv("BRENWICK_BAD_VOICE"), 0);
+}
+
+// What is remembered of an engine, for a test to begin with.
+class RememberedEngineTest : public EngineProcessTest {
+ protected:
+  static constexpr const char* kLocale = "de_DE.UTF-8";
+  const std::vector<EngineVoice> voices_ = {{"Ido, male: eSpeak NG", "art/io", "io", false},
+                                            {"Ido, female: eSpeak NG", "art/io+f2", "io", true}};
+
+  void Remember(int sample_rate) {
+    EngineVoiceCache(Memory()).Remember({kLocale, sample_rate, voices_});
+  }
+  std::string Memory() const { return folder_.Inside("state/voices"); }
+
+ private:
+  TemporaryFolder folder_;
+};
+
+TEST_F(RememberedEngineTest, ListsItsVoicesAndIsCutShortWhileTheEngineHangsAtItsStart) {
+  Remember(22'050);
+  const Environment at_start("BRENWICK_BAD_VOICE", "hang");
+  EngineProcess engine = Make({.program = BRENWICK_BAD_VOICE, .memory = Memory()});
+  EXPECT_EQ(engine.SampleRate(), 22'050);
+  EXPECT_EQ(engine.Voices(kLocale), voices_);
+  int asked = 0;
+  engine.Say("this is cut short", [&](std::span<const std::int16_t>) { return ++asked < 3; });
+  EXPECT_EQ(asked, 3);
+  engine.Rest();
+  EXPECT_NE(engine.ProcessId(), 0);
+}
+
+TEST_F(RememberedEngineTest, ListsItsUsualVoiceWhereItHangsAtItsFirstStart) {
+  const Environment at_start("BRENWICK_BAD_VOICE", "hang");
+  EngineProcess engine = Make({.program = BRENWICK_BAD_VOICE,
+                               .memory = Memory(),
+                               .first_start = std::chrono::milliseconds(100)});
+  const std::vector<EngineVoice> expected = {{"eSpeak NG", "", "de-de", false}};
+  EXPECT_EQ(engine.Voices(kLocale), expected);
+  EXPECT_EQ(EngineVoiceCache(Memory()).Recall(), std::nullopt);
+}
+
+TEST_F(RememberedEngineTest, SpeaksWithTheUsualVoiceWhereItIsToUseNone) {
+  EngineProcess engine = Make();
+  const std::vector<EngineVoice> voices = engine.Voices(kLocale);
+  engine.Use("", 0, 100);
+  const Samples said = Said(engine, kTexts[2]);
+  EngineProcess expected = Make();
+  expected.Use(voices.front().identifier, 0, 100);
+  EXPECT_EQ(said, Said(expected, kTexts[2]));
+}
+
+TEST_F(RememberedEngineTest, RemembersTheVoicesThatTheEngineHasNow) {
+  Remember(22'050);
+  {
+    EngineProcess engine = Make({.program = BRENWICK_VOICE, .memory = Memory()});
+    EXPECT_EQ(engine.Voices(kLocale), voices_);
+    EXPECT_GT(Said(engine, kTexts[0]).size(), 10'000U);
+  }
+  EngineProcess engine = Make({.program = BRENWICK_VOICE, .memory = Memory()});
+  EXPECT_EQ(engine.Voices(kLocale), EspeakEngine().Voices(kLocale));
+}
+
+TEST_F(RememberedEngineTest, ForgetsTheOrderOfAnotherLocale) {
+  Remember(22'050);
+  EngineProcess engine = Make({.program = BRENWICK_VOICE, .memory = Memory()});
+  EXPECT_EQ(engine.Voices("fr_FR"), EspeakEngine().Voices("fr_FR"));
+  EXPECT_EQ(EngineVoiceCache(Memory()).Recall()->locale, "fr_FR");
+}
+
+TEST_F(RememberedEngineTest, TellsOnceThatTheEngineDoesNotStart) {
+  Remember(22'050);
+  const Environment at_start("BRENWICK_BAD_VOICE", "fail");
+  EngineProcess engine = Make({.program = BRENWICK_BAD_VOICE, .memory = Memory()});
+  EXPECT_EQ(Said(engine, "one"), Samples{});
+  EXPECT_EQ(Said(engine, "two"), Samples{});
+  EXPECT_EQ(told, std::vector<std::string>{"no data"});
+}
+
+TEST_F(RememberedEngineTest, SpeaksAtItsNewSampleRateFromTheNextStartOn) {
+  Remember(7'000);
+  {
+    EngineProcess engine = Make({.program = BRENWICK_BAD_VOICE, .memory = Memory()});
+    EXPECT_EQ(engine.SampleRate(), 7'000);
+    EXPECT_EQ(Said(engine, "one"), Samples{});
+    ASSERT_EQ(told.size(), 1U);
+    EXPECT_NE(told[0].find("has changed"), std::string::npos);
+  }
+  EngineProcess engine = Make({.program = BRENWICK_BAD_VOICE, .memory = Memory()});
+  EXPECT_EQ(engine.SampleRate(), 8'000);
+  EXPECT_EQ(Said(engine, "two"), (Samples{1, 2, 3}));
+}
+
+TEST(EngineVoiceCacheTest, TakesAFileThatItCannotReadForNone) {
+  const TemporaryFolder folder;
+  const std::string path = folder.Inside("voices");
+  for (const char* content : {"", "\n", "22050\n", "x\tC\ngmw/en\ten\tEnglish\tm\n", "22050\tC\n",
+                              "22050\tC\ngmw/en\ten\n", "22050\nC\tgmw/en\ten\tEnglish\tm\n"}) {
+    std::ofstream(path) << content;
+    EXPECT_EQ(EngineVoiceCache(path).Recall(), std::nullopt) << content;
+  }
+  std::ofstream(path) << "22050\tC\ngmw/en\ten\tEnglish\tm\n";
+  const RememberedEngine expected{"C", 22'050, {{"English", "gmw/en", "en", false}}};
+  EXPECT_EQ(EngineVoiceCache(path).Recall(), expected);
 }
 
 TEST_F(EngineProcessTest, LeavesNoProcessBehind) {

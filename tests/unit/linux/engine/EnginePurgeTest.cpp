@@ -114,7 +114,7 @@ TEST_F(EnginePurge, EndsWhileItsProcessIsStopped) {
 
 TEST_F(EnginePurge, SaysTheNextSentenceWithANewProcessWhenTheOldOneStaysStopped) {
   const std::string text = "The boat leaves at seven tomorrow morning.";
-  const auto voice = Make(EngineProcess::kPatience);
+  const auto voice = Make(EngineProcessOptions::kPatience);
   const pid_t process = SpeakEndlessly(*voice);
   StopAndAwait(process);
   voice->Speak(text, kPurge);
@@ -127,7 +127,7 @@ TEST_F(EnginePurge, SaysTheNextSentenceWithANewProcessWhenTheOldOneStaysStopped)
 
 TEST_F(EnginePurge, SaysTheNextSentenceWheneverItsProcessIsKilled) {
   std::minstd_rand random(7);
-  const auto voice = Make(EngineProcess::kPatience);
+  const auto voice = Make(EngineProcessOptions::kPatience);
   for (int i = 1; i < 40; ++i) {
     const std::string text = "Message " + std::to_string(100 + i) + ", which is not endless.";
     const pid_t process = SpeakEndlessly(*voice);

@@ -48,9 +48,9 @@ class RecordingEngine : public SpeechEngine {
 
   RecordingEngine(Record& record, std::chrono::milliseconds patience)
       : record_(record),
-        process_(
-            BRENWICK_VOICE, [this](const std::string& words) { record_.told.push_back(words); },
-            patience) {}
+        process_({.program = BRENWICK_VOICE,
+                  .tell = [this](const std::string& words) { record_.told.push_back(words); },
+                  .patience = patience}) {}
 
   int SampleRate() const override { return process_.SampleRate(); }
   std::vector<EngineVoice> Voices(const std::string& locale) override {
@@ -127,7 +127,8 @@ class Reference {
   Reference(std::string voice, int rate) : voice_(std::move(voice)), rate_(rate) {}
 
   Samples Said(pid_t by, const std::string& text) {
-    if (by != by_) engine_ = std::make_unique<EngineProcess>(BRENWICK_VOICE, nullptr);
+    if (by != by_)
+      engine_ = std::make_unique<EngineProcess>(EngineProcessOptions{.program = BRENWICK_VOICE});
     by_ = by;
     engine_->Use(voice_, rate_, 100);
     Samples all;
