@@ -16,6 +16,7 @@ struct RehearsalOptions {
   std::string wav;  // empty: the sound device
   bool realtime = false;
   bool readable = false;
+  bool terminal = false;  // what is printed is read in a terminal; no option tells that
   bool help = false;
   bool version = false;
   bool sound_device = false;

@@ -1,7 +1,5 @@
 #include "rehearsal/Rehearse.h"
 
-#include <unistd.h>
-
 #include <cerrno>
 #include <chrono>
 #include <cstdlib>
@@ -64,8 +62,8 @@ void WaitUntilSilent(QueuedVoice* engine) {
 std::unique_ptr<Transcript> MakeTranscript(const RehearsalOptions& options, std::ostream& out,
                                            Clock& clock) {
   if (!options.readable) return std::make_unique<JsonTranscript>(out, options.realtime);
-  const bool colour = &out == &std::cout && isatty(STDOUT_FILENO) == 1 &&
-                      Environment("NO_COLOR").empty() && Environment("TERM") != "dumb";
+  const bool colour = &out == &std::cout && options.terminal && Environment("NO_COLOR").empty() &&
+                      Environment("TERM") != "dumb";
   return std::make_unique<ReadableTranscript>(out, clock, colour);
 }
 

@@ -1,3 +1,5 @@
+#include <unistd.h>
+
 #include <iostream>
 
 #include "rehearsal/Interruption.h"
@@ -13,7 +15,8 @@ void Tell(const std::string& message) {
 }
 
 ExitStatus Main(const std::vector<std::string>& arguments) {
-  const RehearsalOptions options = ParseOptions(arguments);
+  RehearsalOptions options = ParseOptions(arguments);
+  options.terminal = isatty(STDOUT_FILENO) == 1;
   if (options.help) {
     std::cout << kRehearsalHelp;
     return kDone;

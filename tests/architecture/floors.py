@@ -87,7 +87,7 @@ ROOMS = {
 HALVES = {"-posix.cpp": "POSIX", "-win32.cpp": "Windows"}
 
 # Breaches that are known and wait to be mended: the room, and what it must not use or know.
-KNOWN = {("forms", "platform"), ("rehearsal", "POSIX")}
+KNOWN = {("forms", "platform")}
 
 MOST_LINES = 400
 MOST_FILES = 45
@@ -147,6 +147,9 @@ def foreign_headers(room, name):
     kinds = set(ROOMS[room].foreign)
     if room in SHARED:
         kinds |= {kind for ending, kind in HALVES.items() if name.endswith(ending)}
+    # A program asks the system that it runs on; its room does not.
+    if name == "main.cpp" and room == "rehearsal":
+        kinds.add("POSIX")
     return kinds
 
 

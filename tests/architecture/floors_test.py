@@ -126,6 +126,15 @@ class FloorsTest(unittest.TestCase):
                 "files/FileCalls-posix.cpp:1: files must not know Windows: <windows.h>",
                 "files/FileCalls-win32.cpp:1: files must not know POSIX: <dlfcn.h>"])
 
+    def test_system_of_a_program(self):
+        self.write("rehearsal/main.cpp", "#include <unistd.h>")
+        self.assertEqual(floors.check(self.source), [])
+        self.write("base/main.cpp", "#include <unistd.h>")
+        self.write("rehearsal/Script.cpp", "#include <unistd.h>")
+        self.assertEqual(floors.check(self.source), [
+            "base/main.cpp:1: base must not know POSIX: <unistd.h>",
+            "rehearsal/Script.cpp:1: rehearsal must not know POSIX: <unistd.h>"])
+
     def test_header_of_no_kind(self):
         self.write("desktop/Voice.cpp", "#include <string.h>")
         self.assert_only_breach("desktop/Voice.cpp:1: nobody knows <string.h>: no kind in FOREIGN fits")
