@@ -81,6 +81,10 @@ class Control:
         x, y, width, height = self.rectangle
         return x + width // 2, y + height // 2
 
+    def press(self):
+        """What a click would do, without the mouse."""
+        self._call("org.a11y.atspi.Action", "DoAction", GLib.Variant("(i)", (0,)))
+
     def shown(self):
         """This control and those in it, as far as they are on the screen."""
         found, waiting = [], [self]

@@ -143,6 +143,17 @@ class Switches(Contacts):
         await_that(lambda: self.ignored(BOB[0]) == before, "the word of before",
                    self.controls.told)
 
+    def test_switched_line_stays_what_it_was_for_a_screen_reader(self):
+        self.go_to("Ignore")
+        line, before = self.cell(ANN[0]), self.ignored(ANN[0])
+        name = line.name
+        self.click(line)
+        self.screen.keys(SPACE)
+        await_that(lambda: self.ignored(ANN[0]) != before, "another word", self.controls.told)
+        # A line that was made anew would be asked in vain.
+        self.assertEqual(line.name, name)
+        self.assertTrue(line.has("selected"))
+
     def test_other_keys_do_not_switch(self):
         self.go_to("Ignore")
         self.click(self.cell(ANN[0]))

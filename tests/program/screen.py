@@ -94,6 +94,10 @@ class Screen:
         await_that(lambda: self.place(window) != before, "another place of the window")
         return self.place(window)
 
+    def is_mapped(self, window):
+        """Whether the program wants the window on the screen, whatever the window manager does."""
+        return "IsViewable" in self.run("/usr/bin/xwininfo", "-id", str(window.id))
+
     def place(self, window):
         """Where the window's frame stands."""
         text = self.run("/usr/bin/xwininfo", "-id", str(window.id))

@@ -1,5 +1,8 @@
 #!/usr/bin/python3
 """Where the main window stands, and that it is there again after the next start."""
+import os
+import signal
+
 import case
 from program import stored
 from servers import await_that
@@ -39,6 +42,23 @@ class Place(case.DesktopTest):
         place = self.screen.move(self.await_window(), 240, 170)
         for _ in range(3):
             self.await_place(self.minimize_and_bring_back(), place)
+
+    def test_is_where_it_was_however_late_the_window_manager_is(self):
+        self.start()
+        self.area.icon()
+        window = self.await_window()
+        place = self.screen.move(window, 240, 170)
+        ok = self.controls.find("push button", "OK")
+        manager = self.desktop.window_manager.process.pid
+        os.kill(manager, signal.SIGSTOP)
+        try:
+            # Without the mouse, whose clicks wait for the window manager.
+            ok.press()
+            await_that(lambda: not self.screen.is_mapped(window), "the window gone")
+            self.assertEqual(self.ask("--show").returncode, 0)
+        finally:
+            os.kill(manager, signal.SIGCONT)
+        self.await_place(self.await_window(), place)
 
     def test_follows_the_hand_and_stays(self):
         self.start()

@@ -2,6 +2,7 @@
 
 #include <QStringList>
 #include <algorithm>
+#include <utility>
 
 #include "qt/Strings.h"
 
@@ -30,6 +31,8 @@ constexpr std::size_t kMostSingleLines = 100;
 ListModel::ListModel(ListBox& list, QObject* parent) : QAbstractTableModel(parent), list_(list) {
   filling_.setSingleShot(true);
   connect(&filling_, &QTimer::timeout, this, [this] { Fill(); });
+  removal_.setSingleShot(true);
+  connect(&removal_, &QTimer::timeout, this, [this] { CarryOutRemoval(); });
   Reset();
   subscriptions_.push_back(list.LineAdded.Observe([this](int position) { Add(position); }));
   subscriptions_.push_back(list.LineChanged.Observe([this](int position) { Change(position); }));
@@ -53,6 +56,13 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
 
 void ListModel::Add(int position) {
   if (filling_.isActive()) return;
+  if (position == removed_) {
+    removed_ = -1;
+    removal_.stop();
+    SetLine(position);
+    return;
+  }
+  CarryOutRemoval();
   const std::string& line = list_.List(position);
   MakeColumns(CellsIn(line));
   beginInsertRows({}, position, position);
@@ -62,20 +72,38 @@ void ListModel::Add(int position) {
 
 void ListModel::Change(int position) {
   if (filling_.isActive()) return;
+  CarryOutRemoval();
+  SetLine(position);
+}
+
+void ListModel::SetLine(int position) {
   const std::string& line = list_.List(position);
   MakeColumns(CellsIn(line));
   lines_.at(static_cast<std::size_t>(position)) = line;
   emit dataChanged(index(position, 0), index(position, columns_ - 1));
 }
 
+// A line that the program takes out may be one that it changes: it comes back in the same place.
 void ListModel::Remove(int position) {
   if (filling_.isActive()) return;
-  beginRemoveRows({}, position, position);
-  lines_.erase(lines_.begin() + position);
+  CarryOutRemoval();
+  removed_ = position;
+  removal_.start();
+}
+
+void ListModel::CarryOutRemoval() {
+  if (removed_ < 0) return;
+  removal_.stop();
+  beginRemoveRows({}, removed_, removed_);
+  lines_.erase(lines_.begin() + std::exchange(removed_, -1));
   endRemoveRows();
 }
 
-void ListModel::Clear() { filling_.start(); }
+void ListModel::Clear() {
+  removed_ = -1;
+  removal_.stop();
+  filling_.start();
+}
 
 void ListModel::Fill() {
   const std::vector<std::string>& now = list_.Items();

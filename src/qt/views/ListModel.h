@@ -15,7 +15,8 @@ namespace brenwick {
 
 // When the list is cleared, the model keeps its lines until events run, and then takes over what
 // has changed: a list that is built anew seldom differs in more than a line, and a view that
-// follows some thousands of lines one by one takes far too long.
+// follows some thousands of lines one by one takes far too long. A line that is taken out and put
+// in again before events run is changed, not made anew, so that a screen reader keeps its place.
 class ListModel : public QAbstractTableModel {
  public:
   ListModel(ListBox& list, QObject* parent);
@@ -31,6 +32,8 @@ class ListModel : public QAbstractTableModel {
   void Add(int position);
   void Change(int position);
   void Remove(int position);
+  void CarryOutRemoval();
+  void SetLine(int position);
   void Clear();
   void Fill();
   void Reset();
@@ -40,6 +43,8 @@ class ListModel : public QAbstractTableModel {
   const ListBox& list_;
   std::vector<std::string> lines_;
   int columns_ = 1;
+  int removed_ = -1;  // the position of a line that is still to be taken out
+  QTimer removal_;
   QTimer filling_;  // while it runs, the lines are still to come
   std::vector<Subscription> subscriptions_;
 };

@@ -207,6 +207,40 @@ TEST_F(ViewsTest, NoNeighbourIsChosenForALineThatGoes) {
   EXPECT_FALSE(Find<QTreeView>("lstGender").currentIndex().isValid());
 }
 
+TEST_F(ViewsTest, ALineThatComesBackInItsPlaceStaysTheSame) {
+  form.lstGender.AddItem("Ann\tF\t");
+  form.lstGender.AddItem("Bob\tM\t");
+  form.lstGender.SetListIndex(0);
+  QApplication::processEvents();
+  auto& view = Find<QTreeView>("lstGender");
+  const QPersistentModelIndex ann = view.model()->index(0, 0);
+  const QPersistentModelIndex bob = view.model()->index(1, 0);
+  form.lstGender.RemoveItem(0);
+  form.lstGender.AddItem("Ann\tM\t");
+  form.lstGender.SetListIndex(form.lstGender.NewIndex());
+  QApplication::processEvents();
+  ASSERT_TRUE(ann.isValid());
+  EXPECT_EQ(ann.sibling(0, 1).data().toString(), "M");
+  EXPECT_EQ(view.currentIndex(), QModelIndex(ann));
+  EXPECT_EQ(bob.row(), 1);
+}
+
+TEST_F(ViewsTest, ALineThatGoesTakesNoOtherWithIt) {
+  for (const char* line : {"Ann", "Bob", "Cy"}) form.lstGender.AddItem(line);
+  form.lstGender.SetListIndex(2);
+  QApplication::processEvents();
+  auto& view = Find<QTreeView>("lstGender");
+  const QPersistentModelIndex cy = view.model()->index(2, 0);
+  form.lstGender.RemoveItem(1);
+  form.lstGender.AddItem("Zed");
+  form.lstGender.RemoveItem(0);
+  QApplication::processEvents();
+  ASSERT_EQ(view.model()->rowCount(), 2);
+  EXPECT_EQ(cy.row(), 0);
+  EXPECT_EQ(view.currentIndex(), QModelIndex(cy));
+  EXPECT_EQ(view.model()->index(1, 0).data().toString(), "Zed");
+}
+
 TEST_F(ViewsTest, ThePageListHasAnIconForEachPageAndSelects) {
   for (std::size_t i = 0; i < kPageTitles.size(); ++i) form.lstMenu.AddItem("page");
   int selected = -1;
