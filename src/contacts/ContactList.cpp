@@ -38,6 +38,7 @@ void ContactList::Append(ContactRecord record) {
 void ContactList::Replace(std::vector<ContactRecord> records) {
   records_ = std::move(records);
   first_.clear();
+  first_.reserve(records_.size());
   for (std::size_t i = 0; i < records_.size(); ++i) first_.emplace(records_[i].Email, i);
   if (AllChanged) AllChanged();
 }
