@@ -4,7 +4,7 @@
 #include <benchmark/benchmark.h>
 
 #include "Parts.h"
-#include "pages/LanguageLists.h"
+#include "pages/GeneralPage.h"
 
 namespace brenwick {
 namespace {

@@ -14,14 +14,13 @@ constexpr int kOnlineCode = 10;
 
 ContactStates::ContactStates(Logs& log, ProgramState& state, const SettingsValues& settings,
                              const TextTable& texts, ContactList& contacts, const SpokenName& name,
-                             const Abbreviations& abbreviations, Speech& speech)
+                             Speech& speech)
     : log_(log),
       state_(state),
       settings_(settings),
       texts_(texts),
       contacts_(contacts),
       name_(name),
-      abbreviations_(abbreviations),
       speech_(speech) {}
 
 void ContactStates::oMessenger_OnUserStateChanged(const MessengerContact& user,
@@ -124,8 +123,7 @@ bool ContactStates::SayWhoIsOnline() {
 }
 
 void ContactStates::Say(std::string sentence, bool mustSpeak) {
-  abbreviations_.ReplaceEmoticons(sentence);
-  speech_.Speak(std::move(sentence), mustSpeak, kDefaultVoice, false);
+  speech_.Announce(std::move(sentence), mustSpeak, kDefaultVoice);
 }
 
 }  // namespace brenwick

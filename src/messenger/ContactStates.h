@@ -13,7 +13,6 @@
 #include "platform/MessengerClient.h"
 #include "platform/MessengerStates.h"
 #include "settings/SettingsValues.h"
-#include "speech/Abbreviations.h"
 #include "speech/Speech.h"
 
 namespace brenwick {
@@ -22,7 +21,7 @@ class ContactStates {
  public:
   ContactStates(Logs& log, ProgramState& state, const SettingsValues& settings,
                 const TextTable& texts, ContactList& contacts, const SpokenName& name,
-                const Abbreviations& abbreviations, Speech& speech);
+                Speech& speech);
 
   // Records a contact's new state and, where the user wants it, says it in the default voice.
   void oMessenger_OnUserStateChanged(const MessengerContact& user, std::int32_t state);
@@ -56,7 +55,6 @@ class ContactStates {
   const TextTable& texts_;
   ContactList& contacts_;
   const SpokenName& name_;
-  const Abbreviations& abbreviations_;
   Speech& speech_;
   std::string last_own_announcement_;
 };

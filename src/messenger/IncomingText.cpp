@@ -99,9 +99,7 @@ Outcome IncomingText::AnnounceInbox(const std::string& text) {
   Log("Speaking number of Hotmail messages " + count);
   if (count == "0") return Outcome::NothingToSay;
   if (count == "1") return speech_.Speak(texts_.LoadText(60), false, kDefaultVoice, false);
-  std::string sentence = texts_.GetText(texts_.LoadText(59), count);
-  abbreviations_.ReplaceEmoticons(sentence);
-  return speech_.Speak(sentence, false, kDefaultVoice, false);
+  return speech_.Announce(texts_.GetText(texts_.LoadText(59), count), false, kDefaultVoice);
 }
 
 Outcome IncomingText::AnnounceNewMail(const std::string& text) {
@@ -112,9 +110,8 @@ Outcome IncomingText::AnnounceNewMail(const std::string& text) {
     return Outcome::NothingToSay;
   }
   Log("Speaking new mail arrived from");
-  std::string sentence = texts_.LoadText(61) + clean_up_.ConvertUserCapitals(MailSender(text));
-  abbreviations_.ReplaceEmoticons(sentence);
-  return speech_.Speak(sentence, false, kDefaultVoice, false);
+  return speech_.Announce(texts_.LoadText(61) + clean_up_.ConvertUserCapitals(MailSender(text)),
+                          false, kDefaultVoice);
 }
 
 Outcome IncomingText::SpeakMessage(const MessengerContact& sender, const std::string& text,
@@ -136,9 +133,8 @@ Outcome IncomingText::SpeakMessage(const MessengerContact& sender, const std::st
   }
   sentence += forced ? AfterCharacters(text, kPrefixLength) : text;
   Log("Replace abbreviations from TXT file");
-  abbreviations_.ReplaceEmoticons(sentence);
-  Log("Speaking " + sentence);
-  return speech_.Speak(sentence, forced, voice, false);
+  return speech_.Announce(std::move(sentence), forced, voice,
+                          [this](const std::string& said) { Log("Speaking " + said); });
 }
 
 std::string IncomingText::NamePart(const MessengerContact& sender) {

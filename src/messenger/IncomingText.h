@@ -10,7 +10,6 @@
 #include "messenger/SpokenName.h"
 #include "platform/MessengerClient.h"
 #include "settings/SettingsValues.h"
-#include "speech/Abbreviations.h"
 #include "speech/Outcome.h"
 #include "speech/Speech.h"
 #include "speech/TextCleanUp.h"
@@ -21,14 +20,13 @@ class IncomingText {
  public:
   IncomingText(Logs& log, const SettingsValues& settings, const TextTable& texts,
                ContactList& contacts, const SpokenName& name, const TextCleanUp& cleanUp,
-               const Abbreviations& abbreviations, Speech& speech, MessageJournal& journal)
+               Speech& speech, MessageJournal& journal)
       : log_(log),
         settings_(settings),
         texts_(texts),
         contacts_(contacts),
         name_(name),
         clean_up_(cleanUp),
-        abbreviations_(abbreviations),
         speech_(speech),
         journal_(journal) {}
 
@@ -58,7 +56,6 @@ class IncomingText {
   ContactList& contacts_;
   const SpokenName& name_;
   const TextCleanUp& clean_up_;
-  const Abbreviations& abbreviations_;
   Speech& speech_;
   MessageJournal& journal_;
 };

@@ -23,9 +23,8 @@ void Invitations::oMessenger_OnFileTransferInviteReceived(const MessengerContact
 void Invitations::Announce(const MessengerContact& contact, std::int16_t text,
                            const std::string& what) {
   contacts_.ListMod("N", contact.SigninName, contact.FriendlyName);
-  std::string sentence = name_.Of(contact) + " " + texts_.LoadText(text) + " " + what;
-  abbreviations_.ReplaceEmoticons(sentence);
-  speech_.Speak(std::move(sentence), false, kDefaultVoice, false);
+  speech_.Announce(name_.Of(contact) + " " + texts_.LoadText(text) + " " + what, false,
+                   kDefaultVoice);
 }
 
 void Invitations::oMessenger_OnNewerClientAvailable(const std::string& downloadAddress) {

@@ -12,7 +12,6 @@
 #include "platform/Progress.h"
 #include "platform/Screen.h"
 #include "settings/SettingsValues.h"
-#include "speech/Abbreviations.h"
 #include "speech/Speech.h"
 
 namespace brenwick {
@@ -20,14 +19,13 @@ namespace brenwick {
 class Invitations {
  public:
   Invitations(Logs& log, const SettingsValues& settings, const TextTable& texts,
-              ContactList& contacts, const SpokenName& name, const Abbreviations& abbreviations,
-              Speech& speech, Progress& progress, Screen& screen)
+              ContactList& contacts, const SpokenName& name, Speech& speech, Progress& progress,
+              Screen& screen)
       : log_(log),
         settings_(settings),
         texts_(texts),
         contacts_(contacts),
         name_(name),
-        abbreviations_(abbreviations),
         speech_(speech),
         progress_(progress),
         screen_(screen) {}
@@ -48,7 +46,6 @@ class Invitations {
   const TextTable& texts_;
   ContactList& contacts_;
   const SpokenName& name_;
-  const Abbreviations& abbreviations_;
   Speech& speech_;
   Progress& progress_;
   Screen& screen_;

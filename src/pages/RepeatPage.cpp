@@ -29,7 +29,7 @@ void RepeatPage::UseRepeatHotKeys() {
 // Mute and the signed-in check hold for a repeat as for any sentence.
 void RepeatPage::ocxSpeakMsg1_HotkeyPressed(int index) {
   log_.Trap("frmMain", "ocxSpeakMsg1_HotkeyPressed", [&] {
-    const SpokenHistory::Place place = history_.At(index);
+    const SpokenHistory::Sentence place = history_.At(index);
     speech_.Speak(place.sentence, false, place.voice, true);
   });
 }

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "base/Observers.h"
-#include "forms/StatusWindow.h"
 #include "forms/frmMain.h"
+#include "pages/StatusWindow.h"
 #include "rehearsal/Transcript.h"
 
 namespace brenwick {

@@ -1,6 +1,7 @@
 #include "speech/Speech.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "base/Failure.h"
 #include "base/Numbers.h"
@@ -24,13 +25,15 @@ struct Speech::VoiceSettings {
 };
 
 Speech::Speech(Logs& log, const ProgramState& state, const SettingsValues& values,
-               const TextTable& texts, const TextCleanUp& cleanUp, SpokenHistory& history,
-               Progress& progress, SpVoice& voice)
+               const TextTable& texts, const TextCleanUp& cleanUp,
+               const Abbreviations& abbreviations, SpokenHistory& history, Progress& progress,
+               SpVoice& voice)
     : log_(log),
       state_(state),
       values_(values),
       texts_(texts),
       clean_up_(cleanUp),
+      abbreviations_(abbreviations),
       history_(history),
       progress_(progress),
       voice_(voice) {}
@@ -64,6 +67,13 @@ Outcome Speech::Speak(std::string p_sSpokenText, bool p_bMustSpeakThis, std::str
     progress_.SetHourglass(false);
     return outcome;
   });
+}
+
+Outcome Speech::Announce(std::string sentence, bool mustSpeak, const std::string& voice,
+                         const Trace& replaced) {
+  abbreviations_.ReplaceEmoticons(sentence);
+  if (replaced) replaced(sentence);
+  return Speak(std::move(sentence), mustSpeak, voice, false);
 }
 
 // Hands the text to the engine and leaves in it what was said.

@@ -11,6 +11,7 @@
 #include "platform/Progress.h"
 #include "platform/SpVoice.h"
 #include "settings/SettingsValues.h"
+#include "speech/Abbreviations.h"
 #include "speech/Outcome.h"
 #include "speech/SpokenHistory.h"
 #include "speech/TextCleanUp.h"
@@ -26,7 +27,8 @@ inline constexpr const char* kDefaultVoice = "";
 class Speech {
  public:
   Speech(Logs& log, const ProgramState& state, const SettingsValues& values, const TextTable& texts,
-         const TextCleanUp& cleanUp, SpokenHistory& history, Progress& progress, SpVoice& voice);
+         const TextCleanUp& cleanUp, const Abbreviations& abbreviations, SpokenHistory& history,
+         Progress& progress, SpVoice& voice);
 
   // Says a sentence, unless mute is on or the user is signed out; p_bMustSpeakThis speaks it all
   // the same. p_strVoice is a voice code. p_bAgain marks a repeat, which is not put into the
@@ -34,6 +36,12 @@ class Speech {
   // Spoken, Muted or SignedOut.
   Outcome Speak(std::string p_sSpokenText, bool p_bMustSpeakThis, std::string p_strVoice,
                 bool p_bAgain);
+
+  // Says a sentence about a message or a contact, in which the first abbreviation of the user's
+  // table is replaced. Replaced, where there is one, is called with the sentence before it is said.
+  using Trace = std::function<void(const std::string& sentence)>;
+  Outcome Announce(std::string sentence, bool mustSpeak, const std::string& voice,
+                   const Trace& replaced = nullptr);
 
   // Silences the engine and drops what is queued.
   void Purge();
@@ -63,6 +71,7 @@ class Speech {
   const SettingsValues& values_;
   const TextTable& texts_;
   const TextCleanUp& clean_up_;
+  const Abbreviations& abbreviations_;
   SpokenHistory& history_;
   Progress& progress_;
   SpVoice& voice_;

@@ -13,7 +13,7 @@ void SpokenHistory::SpeakArray(const std::string& sentence, const std::string& v
   });
 }
 
-const SpokenHistory::Place& SpokenHistory::At(int index) const {
+const SpokenHistory::Sentence& SpokenHistory::At(int index) const {
   if (index < 0 || index >= kLength) throw Failure(kSubscript);
   return places_[static_cast<std::size_t>(index)];
 }

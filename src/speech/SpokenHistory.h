@@ -11,7 +11,7 @@ namespace brenwick {
 
 class SpokenHistory {
  public:
-  struct Place {
+  struct Sentence {
     std::string sentence;
     std::string voice;  // the voice code it was spoken with
   };
@@ -23,7 +23,7 @@ class SpokenHistory {
   void SpeakArray(const std::string& sentence, const std::string& voice);
 
   // Place 0 holds the newest, 3 the oldest. Raises kSubscript for any other index.
-  const Place& At(int index) const;
+  const Sentence& At(int index) const;
 
   // Empties all places; Changed is not called.
   void Clear() { places_ = {}; }
@@ -32,7 +32,7 @@ class SpokenHistory {
 
  private:
   Logs& log_;
-  std::array<Place, kLength> places_;
+  std::array<Sentence, kLength> places_;
 };
 
 }  // namespace brenwick

@@ -87,7 +87,7 @@ ROOMS = {
 HALVES = {"-posix.cpp": "POSIX", "-win32.cpp": "Windows"}
 
 # Breaches that are known and wait to be mended: the room, and what it must not use or know.
-KNOWN = {("forms", "platform")}
+KNOWN = set()
 
 MOST_LINES = 400
 MOST_FILES = 45

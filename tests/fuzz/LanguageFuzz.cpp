@@ -7,7 +7,7 @@
 #include "fuzz/FuzzWorld.h"
 #include "language/Coding.h"
 #include "language/Languages.h"
-#include "pages/LanguageLists.h"
+#include "pages/GeneralPage.h"
 
 namespace brenwick {
 namespace {

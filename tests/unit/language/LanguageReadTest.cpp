@@ -7,7 +7,7 @@
 
 #include "language/Coding.h"
 #include "language/Languages.h"
-#include "pages/LanguageLists.h"
+#include "pages/GeneralPage.h"
 #include "support/Fakes.h"
 
 namespace brenwick {

@@ -47,8 +47,7 @@ class ScreenWithoutBrowser : public FakeScreen {
 TEST_F(InvitationsTest, ReportAnAddressThatCannotBeOpened) {
   ScreenWithoutBrowser screen;
   screen.answer = BoxAnswer::Yes;
-  Invitations offering(world.log, values, texts, contacts, name, abbreviations, speech,
-                       world.status, screen);
+  Invitations offering(world.log, values, texts, contacts, name, speech, world.status, screen);
   EXPECT_THROW(offering.oMessenger_OnNewerClientAvailable("a"), ProgramEnd);
   EXPECT_EQ(screen.boxes.size(), 1U);
   ASSERT_EQ(world.screen.boxes.size(), 1U);

@@ -35,18 +35,17 @@ struct MessengerRoom {
   TextCleanUp clean_up{world.log};
   Abbreviations abbreviations{world.log, texts, world.status, world.data, world.folders};
   SpokenHistory history{world.log};
-  Speech speech{world.log, world.state, values, texts, clean_up, history, world.status, voice};
+  Speech speech{world.log,     world.state, values,       texts, clean_up,
+                abbreviations, history,     world.status, voice};
   SpokenWordsPage spoken_words{form, speech};
   SpokenPage spoken_page{world.log, form, speech};
   SpokenName name{values, contacts, clean_up};
   std::vector<std::string> journal_lines;
   MessageJournal journal{texts, [this](const std::string& line) { journal_lines.push_back(line); }};
-  IncomingText incoming{world.log, values,        texts,  contacts, name,
-                        clean_up,  abbreviations, speech, journal};
-  ContactStates states{world.log, world.state, values,        texts,
-                       contacts,  name,        abbreviations, speech};
-  Invitations invitations{world.log,     values, texts,        contacts,    name,
-                          abbreviations, speech, world.status, world.screen};
+  IncomingText incoming{world.log, values, texts, contacts, name, clean_up, speech, journal};
+  ContactStates states{world.log, world.state, values, texts, contacts, name, speech};
+  Invitations invitations{world.log, values, texts,        contacts,
+                          name,      speech, world.status, world.screen};
   MessengerEvents events{world.log, incoming, states, invitations};
 };
 

@@ -11,7 +11,6 @@
 #include "language/Coding.h"
 #include "pages/FormTexts.h"
 #include "pages/GeneralPage.h"
-#include "pages/LanguageLists.h"
 #include "support/Fakes.h"
 #include "support/MapStore.h"
 

@@ -9,7 +9,6 @@
 #include "language/Coding.h"
 #include "pages/FormTextTable.h"
 #include "pages/GeneralPage.h"
-#include "pages/LanguageLists.h"
 #include "support/Fakes.h"
 #include "support/MapStore.h"
 

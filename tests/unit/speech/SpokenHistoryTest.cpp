@@ -33,7 +33,9 @@ class SpokenHistoryTest : public testing::Test {
   FakeVoice voice;
   TextTable texts{world.log};
   TextCleanUp clean_up{world.log};
-  Speech speech{world.log, world.state, values, texts, clean_up, history, world.status, voice};
+  Abbreviations abbreviations{world.log, texts, world.status, world.data, world.folders};
+  Speech speech{world.log,     world.state, values,       texts, clean_up,
+                abbreviations, history,     world.status, voice};
   RepeatPage page{world.log, form, history, speech};
 };
 

@@ -111,9 +111,11 @@ class VersionCheckTest : public testing::Test {
   EmptyStore store;
   Registry registry{store, world.folders};
   TextCleanUp clean_up{world.log};
+  Abbreviations abbreviations{world.log, texts, world.status, world.data, world.folders};
   SpokenHistory history{world.log};
   FakeVoice voice;
-  Speech speech{world.log, world.state, values, texts, clean_up, history, world.status, voice};
+  Speech speech{world.log,     world.state, values,       texts, clean_up,
+                abbreviations, history,     world.status, voice};
   WebsiteControls controls{form};
   WebAccess access{world.log, texts, world.status, controls, controls};
   VersionCheck check{world.log,  world.state,  values, texts,  world.status, registry,

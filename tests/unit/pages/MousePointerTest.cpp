@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "base/Failure.h"
-#include "forms/cMousePointer.h"
+#include "pages/cMousePointer.h"
 #include "support/Fakes.h"
 
 namespace brenwick {

@@ -3,8 +3,8 @@
 
 #include <string>
 
-#include "forms/cMousePointer.h"
 #include "forms/frmStatus.h"
+#include "pages/cMousePointer.h"
 #include "platform/EventLoop.h"
 #include "platform/Progress.h"
 #include "platform/System.h"

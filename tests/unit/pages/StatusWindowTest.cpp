@@ -1,4 +1,4 @@
-#include "forms/StatusWindow.h"
+#include "pages/StatusWindow.h"
 
 #include <gtest/gtest.h>
 

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 
+#include "base/Numbers.h"
 #include "platform/Screen.h"
 
 namespace brenwick {
@@ -13,12 +14,18 @@ class cMousePointer {
 
   // One busy section more, or one less; below one the pointer is the default one. Raises kOverflow
   // past the 16-bit range.
-  void SetHourglass(bool on);
+  void SetHourglass(bool on) {
+    count_ = ToInteger16(count_ + (on ? 1 : -1));
+    ShowPointer();
+  }
   // Ends all busy sections.
-  void ClearHourglass();
+  void ClearHourglass() {
+    count_ = 0;
+    ShowPointer();
+  }
 
  private:
-  void ShowPointer();
+  void ShowPointer() { screen_.SetPointer(count_ < 1 ? Pointer::Default : Pointer::Hourglass); }
 
   Screen& screen_;
   std::int16_t count_ = 0;
