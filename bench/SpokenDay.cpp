@@ -64,7 +64,7 @@ void MeasureQueue() {
   queue.WaitUntilPrepared();
   const double before = MiBInUse();
   for (int i = 0; i < kSentences; ++i) {
-    queue.Add({.text = SentenceText(i), .speaker = &speaker});
+    queue.Add({.text = SentenceText(i), .backend = &speaker});
   }
   std::printf("%d waiting sentences: %.1f MiB", kSentences, MiBInUse() - before);
   queue.Purge();
