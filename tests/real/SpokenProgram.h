@@ -16,7 +16,7 @@ class SpokenProgram {
  public:
   // as_heard: the file is written only as fast as it would be heard.
   explicit SpokenProgram(bool as_heard = false)
-      : voice_("en_GB.UTF-8", as_heard),
+      : voice_(as_heard ? WavFile::Pace::kAsHeard : WavFile::Pace::kAtOnce),
         folders_({(voice_.Folder() / "documents").string(), BRENWICK_PROGRAM_FOLDER, ""}),
         store_((voice_.Folder() / "store.ini").string(), clock_, [](const std::string&) {}),
         rehearsal_({transcript_, clock_, folders_, store_, &voice_, {}}) {
