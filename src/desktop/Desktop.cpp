@@ -161,13 +161,19 @@ void Desktop::SpeechIsAnother() {
 }
 
 void Desktop::SaveWithoutDisplay() {
+  CloseWithoutDisplay();
+  // The store's destructor will not run.
+  ini_.Finish();
+}
+
+void Desktop::CloseWithoutDisplay() {
   if (program_.State().ClosingDown || end_.Ended()) return;
   end_.LoseDisplay();
   views_.Forget();
   try {
     program_.Close();
-  } catch (const std::exception&) {
-    // Close ends the program by throwing.
+  } catch (...) {
+    // Close ends the program by throwing, and nothing may be thrown into the process's exit.
   }
 }
 

@@ -46,6 +46,7 @@ class Desktop {
  private:
   void Do(Verb verb, int repeat);
   void SaveWithoutDisplay();
+  void CloseWithoutDisplay();
   void SpeechIsAnother();
 
   EndOfProgram end_;

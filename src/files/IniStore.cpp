@@ -41,11 +41,20 @@ IniStore::IniStore(const std::string& file, Clock& clock, Tell tell, FileCalls& 
   TellUser();
 }
 
-// What counts as stored is not lost with the program, whoever keeps the lock: the file is replaced
-// as a whole. A Hold that was never flushed has promised nothing.
-IniStore::~IniStore() {
+IniStore::~IniStore() { Finish(); }
+
+// The lock may be ignored because the file is replaced as a whole. A Hold that was never flushed
+// has promised nothing.
+void IniStore::Finish() {
   changes_.resize(promised_);
-  if (!changes_.empty() && StoreLocked() == Result::Busy) ReplaceFile();
+  if (changes_.empty()) return;
+  const Result result = StoreLocked();
+  const bool stored = result == Result::Stored || (result == Result::Busy && ReplaceFile());
+  if (!stored) ReportLoss();
+  changes_.clear();
+  promised_ = 0;
+  MakeChangesAgain();
+  TellUser();
 }
 
 bool IniStore::KeyExists(const std::string& key) {
@@ -253,6 +262,10 @@ void IniStore::ReportBusy() {
   messages_.push_back("Another program keeps the settings file " + file_ +
                       " to itself. Changed settings are stored when it is free again, at the "
                       "latest when Brenwick ends.");
+}
+
+void IniStore::ReportLoss() {
+  messages_.push_back("The settings that were changed last could not be stored in " + file_ + ".");
 }
 
 void IniStore::ReportDamage() {

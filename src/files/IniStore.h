@@ -25,8 +25,8 @@ namespace brenwick {
 //
 // No change waits longer than kPatience. Where another program still has the lock then, the change
 // is made in memory, counts as stored, and the user is told. It goes into the file with the next
-// change that finds the lock free, at the latest with the end of the store, which minds the lock
-// no longer.
+// change that finds the lock free, at the latest with Finish, which ignores the lock. The
+// destructor calls Finish.
 //
 // A file that is damaged (it does not parse, or it is empty beside a backup that is not) is never
 // lost. It is copied to the file's name + ".damaged-YYYY-MM-DD", and the last whole version takes
@@ -35,8 +35,9 @@ namespace brenwick {
 class IniStore : public RegistryStore {
  public:
   // Tells the user, in English, that the file is damaged or cannot be read; once for each file set
-  // aside, once for all that could not be; and that another program keeps the lock. It is called
-  // within the constructor or a changing call, with no lock held, and must not throw.
+  // aside, once for all that could not be; that another program keeps the lock; and that Finish
+  // could not store the last changes. It is called within the constructor, the destructor, Finish
+  // or a changing call, with no lock held, and must not throw.
   using Tell = std::function<void(const std::string& message)>;
 
   // How long a change waits for another program that changes the file.
@@ -45,6 +46,10 @@ class IniStore : public RegistryStore {
   // Neither file nor folder need exist; the first change makes them.
   IniStore(const std::string& file, Clock& clock, Tell tell, FileCalls& calls = SystemCalls());
   ~IniStore() override;
+
+  // Stores the changes that were kept in memory, whoever has the lock, and drops those of a Hold
+  // that was not flushed. Call this before the process ends without destructors.
+  void Finish();
 
   bool KeyExists(const std::string& key) override;
   bool CreateKey(const std::string& key) override;
@@ -77,6 +82,7 @@ class IniStore : public RegistryStore {
   std::string NameForDamaged() const;
   void ReportFailure(const std::string& message);
   void ReportBusy();
+  void ReportLoss();
   void ReportDamage();
   void TellUser();
 

@@ -50,7 +50,8 @@ class RegistryStore {
   virtual std::optional<RegistryValue> ReadValue(const std::string& key,
                                                  const std::string& name) = 0;
   // Makes the key where it is missing. False: the value could not be stored for good; the store
-  // then holds what it held before.
+  // then holds what it held before. True: the value is stored for good, or will be at the latest
+  // when the store ends, where another program keeps the store to itself for too long.
   virtual bool WriteValue(const std::string& key, const std::string& name,
                           const RegistryValue& value) = 0;
   // False: there is no such value, or it cannot be deleted.

@@ -1,9 +1,10 @@
 #!/usr/bin/python3
 """How the program ends: whatever ends it, the settings are kept and nothing is left behind."""
+import fcntl
 import signal
 
 import case
-from program import debug_log, stored
+from program import STORE, debug_log, stored
 from servers import await_that
 
 
@@ -49,8 +50,17 @@ class End(case.DesktopTest):
         self.assert_ended()
 
     def test_by_a_display_that_dies(self):
+        self.let_the_display_die()
+
+    def test_by_a_display_that_dies_while_another_program_has_the_store(self):
+        with open(self.desktop.config / (STORE + ".lock"), "w", encoding="utf-8") as lock:
+            fcntl.flock(lock, fcntl.LOCK_EX)
+            self.let_the_display_die()
+
+    def let_the_display_die(self):
         self.desktop.stop(self.desktop.display)
-        self.assertNotEqual(self.program.await_end(), 0)
+        # The status of a display that was lost; a crash has another.
+        self.assertEqual(self.program.await_end(), 1)
         self.assertEqual(stored(self.desktop, "UseRepeatHotkeys"), '"1"')
         self.assertIn("Unloading forms", debug_log(self.desktop))
         # What the libraries say to it is not ours.

@@ -97,6 +97,32 @@ TEST_F(IniStoreProcessesTest, StoresWhatItKeptAtItsEndWhoeverHasTheLock) {
   EXPECT_EQ(Store().ValueNames(kKey), (Names{"First", "Former"}));
 }
 
+TEST_F(IniStoreProcessesTest, StoresWhatItKeptWhenItIsFinishedWhoeverHasTheLock) {
+  IniStore store = Store();
+  ASSERT_TRUE(store.WriteValue(kKey, "Former", Text("0")));
+  const LockHolder holder(File());
+  EXPECT_TRUE(store.WriteValue(kKey, "First", Text("1")));
+  store.Finish();
+  EXPECT_EQ(Store().ValueNames(kKey), (Names{"First", "Former"}));
+  EXPECT_EQ(store.ValueNames(kKey), (Names{"First", "Former"}));
+}
+
+TEST_F(IniStoreProcessesTest, TellsOnceThatItCannotStoreWhatItKept) {
+  FailingFileCalls calls;
+  {
+    IniStore store = Store(calls);
+    ASSERT_TRUE(store.WriteValue(kKey, "Former", Text("0")));
+    const LockHolder holder(File());
+    EXPECT_TRUE(store.WriteValue(kKey, "First", Text("1")));
+    told_.clear();
+    calls.always = "Rename";
+    store.Finish();
+    EXPECT_EQ(store.ValueNames(kKey), Names{"Former"});
+  }
+  EXPECT_EQ(told_,
+            Names{"The settings that were changed last could not be stored in " + File() + "."});
+}
+
 TEST_F(IniStoreProcessesTest, AddsWhatItKeptToWhatTheOtherProgramHasWritten) {
   IniStore store = Store();
   ASSERT_TRUE(store.WriteValue(kKey, "Former", Text("0")));
