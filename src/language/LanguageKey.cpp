@@ -13,11 +13,12 @@ constexpr const char* kProcedure = "GenerateLaguageKey";
 
 }  // namespace
 
-void LanguageKey::GenerateLaguageKey(const std::string& name) {
+void LanguageKey::GenerateLaguageKey(const std::function<std::string()>& name) {
   log_.Trap("modFunctions", kProcedure, [&] {
     progress_.StatusForm(true, "Writing language");
-    const std::string target = PathIn("Languages", name + ".TML");
-    const std::string source = ReadSource(name);
+    const std::string chosen = name();
+    const std::string target = PathIn("Languages", chosen + ".TML");
+    const std::string source = ReadSource(chosen);
     if (const std::string old = FindFile(folders_, target); !old.empty()) {
       folders_.Delete(old);
       loop_.DoEvents();

@@ -1,6 +1,7 @@
 // The developers' command that codes a readable language into the file that is shipped.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "logging/Logs.h"
@@ -15,8 +16,9 @@ class LanguageKey {
   LanguageKey(Logs& log, Progress& progress, Folders& folders, EventLoop& loop)
       : log_(log), progress_(progress), folders_(folders), loop_(loop) {}
 
-  // Codes the source of that name, line by line, telling each in the status window.
-  void GenerateLaguageKey(const std::string& name);
+  // Codes the source that `name` returns, line by line, telling each in the status window. `name`
+  // is called once the window shows, so a choice made while the window painted counts.
+  void GenerateLaguageKey(const std::function<std::string()>& name);
 
  private:
   std::string ReadSource(const std::string& name);

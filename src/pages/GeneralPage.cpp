@@ -75,7 +75,8 @@ void GeneralPage::cmdLanguage_Click() {
 }
 
 void GeneralPage::cmdOrgLanguage_Click() {
-  language_key_.GenerateLaguageKey(std::string(Trimmed(form_.cmbOrgLanguage.Text())));
+  language_key_.GenerateLaguageKey(
+      [this] { return std::string(Trimmed(form_.cmbOrgLanguage.Text())); });
 }
 
 }  // namespace brenwick

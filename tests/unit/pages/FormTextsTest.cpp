@@ -199,6 +199,19 @@ TEST_F(FormTextsTest, ApplyALanguageAndThenOfferItsDefaults) {
   EXPECT_FALSE(world.status.Form().Visible());
 }
 
+TEST_F(FormTextsTest, WriteTheSourceThatIsChosenWhileTheStatusWindowPaints) {
+  world.folders.folders.insert("/program/Languages");
+  world.folders.files["/program/OrgLanguages/A.Txt"] = "a";
+  world.folders.files["/program/OrgLanguages/B.Txt"] = "b";
+  lists.ShowSources({"A", "B"});
+  form.cmbOrgLanguage.SetVisible(true);
+  form.cmdOrgLanguage.SetVisible(true);
+  world.loop.Pending = [&] { form.cmbOrgLanguage.SetListIndex(1); };
+  form.cmdOrgLanguage.UserClick();
+  EXPECT_FALSE(world.folders.files.contains("/program/Languages/A.TML"));
+  EXPECT_TRUE(world.folders.files.contains("/program/Languages/B.TML"));
+}
+
 TEST_F(FormTextsTest, MissingLanguageIsReported) {
   Choose("Gone");
   EXPECT_THROW(form_texts.SetAlltext(true), ProgramEnd);
