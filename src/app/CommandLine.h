@@ -18,7 +18,7 @@ struct CommandLineOptions {
   int repeat = 1;  // with Verb::Repeat: 1, the newest sentence, to 4
 };
 
-// A command line that says nothing that can be done; what() tells what is wrong with it.
+// Raised for a command line that cannot be carried out; what() says why.
 class WrongOption : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;

@@ -12,12 +12,12 @@ void StoreVoice(RegistryStore& store, const char* name, const std::string& voice
 }  // namespace
 
 // What cannot be stored is told when the program stores its settings.
-void StoreFirstChoices(RegistryStore& store, const std::string& male_voice,
-                       const std::string& female_voice) {
+void StoreFirstChoices(RegistryStore& store, const std::string& maleVoice,
+                       const std::string& femaleVoice) {
   if (store.KeyExists(kBrenwickKey)) return;
   Batch batch(store);
-  StoreVoice(store, "Male Voice", male_voice);
-  StoreVoice(store, "Female Voice", female_voice);
+  StoreVoice(store, "Male Voice", maleVoice);
+  StoreVoice(store, "Female Voice", femaleVoice);
 }
 
 }  // namespace brenwick

@@ -11,7 +11,7 @@ namespace brenwick {
 // nothing of the program's, and leaves any other store alone: without the choice both lists would
 // begin with the same voice. An empty description is not stored. It has to be called before the
 // program reads its settings.
-void StoreFirstChoices(RegistryStore& store, const std::string& male_voice,
-                       const std::string& female_voice);
+void StoreFirstChoices(RegistryStore& store, const std::string& maleVoice,
+                       const std::string& femaleVoice);
 
 }  // namespace brenwick

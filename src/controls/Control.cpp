@@ -17,7 +17,7 @@ Control::Control(Place place, std::string name, int index)
   window_.controls_.push_back(this);
 }
 
-// Controls go in the opposite order in which they came.
+// Searches from the end, because controls are destroyed in the reverse order of their construction.
 Control::~Control() {
   std::vector<Control*>& controls = window_.controls_;
   const auto found = std::find(controls.rbegin(), controls.rend(), this);

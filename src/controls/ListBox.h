@@ -69,7 +69,7 @@ class ListBox : public Control {
   Observers<int> LineAdded;    // its position
   Observers<int> LineChanged;  // its position
   Observers<int> LineRemoved;  // its former position
-  Observers<> LinesCleared;    // those that are there now came in their place
+  Observers<> LinesCleared;    // all lines were replaced at once; Items() holds the new ones
 
  private:
   Order order_;

@@ -37,7 +37,7 @@ class MenuItemArray {
       : window_(window), name_(std::move(name)) {
     Load(0).SetCaption(std::move(caption));
   }
-  // The window forgets the control that it took in last sooner than any other.
+  // Destroys the last item first: the window finds a recent control faster.
   ~MenuItemArray() {
     while (!items_.empty()) items_.pop_back();
   }

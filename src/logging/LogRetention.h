@@ -30,7 +30,8 @@ class LogRetention {
 
   // The timer runs while at least one kind of log is cleaned up.
   void SetLogCleanTimer();
-  // Deletes the old logs of each kind that is cleaned up, unless it ran on this day already.
+  // Deletes the old logs of each kind that is cleaned up, unless the last run was on the same day
+  // of the month.
   void tmrOnceADay_Timer();
 
   // Starts and stops the timer that calls tmrOnceADay_Timer.

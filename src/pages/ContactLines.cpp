@@ -11,7 +11,7 @@ namespace {
 // With more stale records than this, filling the list anew is no slower.
 constexpr std::size_t kMostStale = 16;
 
-// While it is there, the flag is set.
+// Sets the flag for its own lifetime.
 class OwnTouch {
  public:
   explicit OwnTouch(bool& flag) : flag_(flag) { flag_ = true; }

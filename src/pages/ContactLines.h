@@ -25,8 +25,8 @@ class ContactLines {
   };
   using Format = std::function<Line(const ContactRecord&)>;
 
-  // The list outlives it. Lines that others put into the list or take from it are gone after the
-  // next Fill.
+  // The list outlives this object. Lines that others put into the list or take from it are gone
+  // after the next Fill.
   explicit ContactLines(ListBox& list);
   ContactLines(const ContactLines&) = delete;
   ContactLines& operator=(const ContactLines&) = delete;
@@ -39,18 +39,19 @@ class ContactLines {
   // Leaves the list as Clear and AddItem of each record's line would, in the order of the records.
   void Fill(const std::vector<ContactRecord>& records, const Format& format);
 
-  // RemoveItem and AddItem of the list, for one line until the next Fill.
+  // Take out or add one line at once, as RemoveItem and AddItem do; the next Fill corrects the
+  // list.
   void Remove(int position);
   void Add(std::size_t record, const std::string& text);
 
-  // How wide each column's widest cell is, over the records of the last Fill.
+  // The width of the widest cell of each column, over the records of the last Fill.
   Widths ColumnWidths() const;
 
  private:
   struct Stale {
     std::size_t record;
-    bool
-        misplaced;  // it may have several lines, or none, or one among its equals' at a wrong place
+    // The record may have several lines, none, or one at the wrong place among equal ones.
+    bool misplaced;
   };
   struct Move {
     std::size_t record;

@@ -34,7 +34,7 @@ class ContactPages {
   std::int16_t NewListLine = 0;
 
  private:
-  // What every line of a list depends on besides its record.
+  // Everything besides its record that a line's text and widths depend on.
   struct Style {
     bool by_email = false;
     bool by_name = false;

@@ -48,6 +48,8 @@ class GeneralPage {
   GeneralPage(Logs& log, frmMain& form, const TextTable& texts, Screen& screen, Folders& folders,
               Registry& registry, FormTexts& formTexts, LanguageKey& languageKey,
               std::function<void()> defaultTexts);
+  GeneralPage(const GeneralPage&) = delete;
+  GeneralPage& operator=(const GeneralPage&) = delete;
 
   // Gives the list of languages and its button their names in the language of the start.
   void NameLanguageList();

@@ -15,6 +15,8 @@ class LogOptionsPage {
   // Takes over the page's controls and tmrOnceADay.
   LogOptionsPage(Logs& log, LogFiles& files, ProgramState& state, frmMain& form, Screen& screen,
                  LogRetention& retention);
+  LogOptionsPage(const LogOptionsPage&) = delete;
+  LogOptionsPage& operator=(const LogOptionsPage&) = delete;
 
  private:
   // The controls of one kind of log.

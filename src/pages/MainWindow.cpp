@@ -1,6 +1,7 @@
 #include "pages/MainWindow.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <iterator>
 
 #include "base/Text.h"

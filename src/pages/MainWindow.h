@@ -1,10 +1,8 @@
 // The main window's life between the screen and the notification area.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <string>
-#include <vector>
 
 #include "base/ProgramState.h"
 #include "forms/frmMain.h"
@@ -24,6 +22,8 @@ class MainWindow {
   MainWindow(Logs& log, const ProgramState& state, frmMain& form, const TextTable& texts,
              TrayIcon& tray, Registry& registry, ContactPages& contactPages, BuddiesMenu& buddies,
              ContactStates& states);
+  MainWindow(const MainWindow&) = delete;
+  MainWindow& operator=(const MainWindow&) = delete;
 
   // The version text and whether the user is signed in.
   std::string CaptionText() const;

@@ -13,6 +13,8 @@ class RepeatPage {
   // Takes over the hotkeys ocxSpeakMsg1 and the click of chkUseRepeat. From then on the page shows
   // what changes in the history.
   RepeatPage(Logs& log, frmMain& form, SpokenHistory& history, Speech& speech);
+  RepeatPage(const RepeatPage&) = delete;
+  RepeatPage& operator=(const RepeatPage&) = delete;
 
   // The hotkeys, and the boxes that show the sentences, follow chkUseRepeat.
   void UseRepeatHotKeys();

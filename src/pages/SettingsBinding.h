@@ -16,6 +16,8 @@ class SettingsBinding {
   // reaches its value before the control's own handlers (Click, Change) run. To be made before
   // anybody else observes the controls, so that every observer finds the new value too.
   SettingsBinding(frmMain& form, SettingsValues& values);
+  SettingsBinding(const SettingsBinding&) = delete;
+  SettingsBinding& operator=(const SettingsBinding&) = delete;
 
  private:
   void Bind(const SettingRow& row);

@@ -16,6 +16,8 @@ class SettingsButtons {
   // Takes over the clicks of cmdSaveSettings, cmdRemoveSettings and cmdDefaults.
   SettingsButtons(Logs& log, frmMain& form, const TextTable& texts, Screen& screen,
                   Settings& settings);
+  SettingsButtons(const SettingsButtons&) = delete;
+  SettingsButtons& operator=(const SettingsButtons&) = delete;
 
   // Asks, and on Yes resets the page's controls; nothing is stored.
   void cmdDefaults_Click(std::int16_t index);

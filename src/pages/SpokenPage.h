@@ -11,6 +11,8 @@ class SpokenPage {
  public:
   // Takes over the page's check boxes, the tray menu's item for mute, and the silence hotkey.
   SpokenPage(Logs& log, frmMain& form, Speech& speech);
+  SpokenPage(const SpokenPage&) = delete;
+  SpokenPage& operator=(const SpokenPage&) = delete;
 
   void chkFinishSentence_Click();
   void chkUseMyNamesInsteadOfBuddyNames_Click();

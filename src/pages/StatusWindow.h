@@ -16,8 +16,8 @@ class StatusWindow : public Progress {
   StatusWindow(cMousePointer& pointer, EventLoop& loop, System& system)
       : pointer_(pointer), loop_(loop), system_(system) {}
 
-  // StatusForm keeps the pointer busy meanwhile.
   void SetHourglass(bool on) override { pointer_.SetHourglass(on); }
+  // The pointer is busy meanwhile.
   void StatusForm(bool show, const std::string& text = "") override;
   void SetText(const std::string& text) override { form_.lblStatus.SetCaption(text); }
 

@@ -15,6 +15,8 @@ class VoicesPage {
  public:
   // Takes over the buttons that try a voice and the boxes with numbers.
   VoicesPage(Logs& log, frmMain& form, SpVoice& voice, Screen& screen, Speech& speech);
+  VoicesPage(const VoicesPage&) = delete;
+  VoicesPage& operator=(const VoicesPage&) = delete;
 
   // Fills both lists with the engine's voices in its own order, so that a position in a list is
   // also the number of a voice, and selects the first.

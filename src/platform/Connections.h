@@ -49,8 +49,7 @@ class Connections {
   // another raises std::out_of_range.
   virtual void TestSource(std::size_t index, const std::string& sentence) = 0;
   // Speaks the sentence with this engine, behind what is being said. An engine that fails says so
-  // in Engines(). index: a position in Engines(); another raises
-  // std::out_of_range.
+  // in Engines(). index: a position in Engines(); another raises std::out_of_range.
   virtual void TestEngine(std::size_t index, const std::string& sentence) = 0;
 
   // In the order of their names.

@@ -5,7 +5,7 @@
 
 namespace brenwick {
 
-// The program calls each operation on its own thread, from inside a handler.
+// The program calls each operation on its own thread, at the start and inside handlers.
 class EventLoop {
  public:
   EventLoop() = default;

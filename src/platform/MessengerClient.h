@@ -30,10 +30,11 @@ enum MessengerState : std::int32_t {
   MSTATE_LOCAL_DISCONNECTING_FROM_SERVER = 1024,
 };
 
-// What happens at the client. The client calls each event on the program's thread, one event at a
-// time, in the order in which they came, and only between Attach and the end of Detach. All texts
-// are valid UTF-8: the client's side repairs what it received. A handler may let other events run,
-// detach, or end the program by throwing ProgramEnd; it throws nothing else.
+// What happens at the client. The client calls each event on the program's thread, in the order in
+// which they came, and only between Attach and the end of Detach; one event at a time, except that
+// `HandleWaiting` has events handled inside the handler that calls it. All texts are valid UTF-8:
+// the client's side repairs what it received. A handler may let other events run, detach, or end
+// the program by throwing ProgramEnd; it throws nothing else.
 class MessengerListener {
  public:
   virtual ~MessengerListener() = default;
@@ -87,7 +88,7 @@ class MessengerClient {
 
   // Called inside a handler that waits for something else: has the listener handle the events that
   // came meanwhile and wait for the end of that handler. A client that makes no event wait has
-  // nothing to do. The listener's handlers may throw.
+  // nothing to do. Throws ProgramEnd where a handler ends the program.
   virtual void HandleWaiting() {}
 };
 

@@ -19,7 +19,8 @@ class Progress {
 
   // true: shows the status window with that text, in front of everything, and lets it paint, which
   // handles pending events. false: takes it away; the text does not matter, and no event is
-  // handled.
+  // handled. Throws ProgramEnd where a handler ends the program; raises kOverflow as SetHourglass
+  // does.
   virtual void StatusForm(bool show, const std::string& text = "") = 0;
   // Only the status window's text, whether the window shows or not.
   virtual void SetText(const std::string& text) = 0;

@@ -36,8 +36,8 @@ class cRegistry {
   // the environment expanded where the stored kind asks for it; a number as a number; a big-endian
   // one as nothing; other kinds as bytes. ValueType tells the stored kind afterwards.
   RegistryVariant Value();
-  // Written as ValueType says. A text becomes an expandable one exactly when it holds a "%"
-  // and a second one at least two characters further on. A number is stored from numbers and flags;
+  // Written as ValueType says. A text becomes an expandable one exactly when it holds a "%" and a
+  // second one at least two characters further on. A number is stored from numbers and flags;
   // everything else is passed over.
   void SetValue(const RegistryVariant& value);
 

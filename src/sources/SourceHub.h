@@ -2,7 +2,8 @@
 //
 // An event that comes while a handler still runs, because the handler shows a box or lets pending
 // events run, waits until that handler is done; so handlers run one at a time and in the order of
-// the events, whichever source they come from. HandleWaiting is for a handler that waits for long.
+// the events, whichever source they come from. A handler that waits long calls HandleWaiting: the
+// waiting events are then handled inside it.
 #pragma once
 
 #include <cstdint>

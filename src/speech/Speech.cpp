@@ -15,7 +15,7 @@ constexpr std::int32_t kInterrupt = SVSFlagsAsync + SVSFPurgeBeforeSpeak + SVSFI
 
 }  // namespace
 
-// References into the settings: what is typed while a sentence is begun counts.
+// The settings of one of the two voices.
 struct Speech::VoiceSettings {
   const char* gender;
   const char* procedure;

@@ -37,9 +37,9 @@ class Speech {
   Outcome Speak(std::string p_sSpokenText, bool p_bMustSpeakThis, std::string p_strVoice,
                 bool p_bAgain);
 
-  // Says a sentence about a message or a contact, in which the first abbreviation of the user's
-  // table is replaced. Replaced, where there is one, is called with the sentence before it is said.
   using Trace = std::function<void(const std::string& sentence)>;
+  // Says a sentence about a message or a contact after `Abbreviations::ReplaceEmoticons`.
+  // `replaced`, if given, is called with the resulting sentence before it is spoken.
   Outcome Announce(std::string sentence, bool mustSpeak, const std::string& voice,
                    const Trace& replaced = nullptr);
 
@@ -48,7 +48,6 @@ class Speech {
 
   // The flags that Speak hands to the engine: 9 to queue behind what is being said, 11 to cut it
   // off.
-  std::int32_t SpeakFlags() const { return speak_flags_; }
   void SetSpeakFlags(std::int32_t flags) { speak_flags_ = flags; }
   // Sets the flags to what "Finish sentence" says now.
   void FollowFinishSentence();

@@ -27,8 +27,8 @@ std::pair<std::string, std::string> SplitAddress(std::string_view address) {
   return {std::string(address.substr(0, slash)), std::string(address.substr(slash))};
 }
 
-// The port behind the last colon, or the one of HTTP; the host is left without it. What is no port
-// stays with the host, which is not found then.
+// The port behind the last colon, or the one of HTTP; the host is left without it. Text behind the
+// colon that is not a port stays part of the host, which then is not found.
 int TakePort(std::string& host) {
   const std::size_t colon = host.rfind(':');
   if (colon == std::string::npos) return kHttpPort;
