@@ -1,7 +1,7 @@
 // The start-up sequence. Its order counts: each step relies on those before it.
 #include "app/Program.h"
 #include "base/Text.h"
-#include "messenger/StateTable.h"
+#include "messenger/StatePhrases.h"
 
 namespace brenwick {
 namespace {

@@ -9,7 +9,6 @@ namespace {
 
 constexpr const char* kModule = "frmMain";
 constexpr const char* kTimer = "tmrOnceADay_Timer";
-constexpr int kMostDays = 365;
 
 }  // namespace
 

@@ -16,6 +16,8 @@ namespace brenwick {
 
 class LogRetention {
  public:
+  static constexpr int kMostDays = 365;  // the most days that a log is kept
+
   // The status window's line for logs kept that number of days, by the number of its text.
   using StatusText = std::function<std::string(std::int16_t text, const std::string& days)>;
 

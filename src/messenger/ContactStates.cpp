@@ -2,7 +2,7 @@
 
 #include "base/Numbers.h"
 #include "base/Text.h"
-#include "messenger/StateTable.h"
+#include "messenger/StatePhrases.h"
 
 namespace brenwick {
 namespace {

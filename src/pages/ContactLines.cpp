@@ -70,8 +70,9 @@ void ContactLines::Fill(const std::vector<ContactRecord>& records, const Format&
     return;
   }
   FillStale(records, format);
-  const auto last = std::max_element(records_.begin(), records_.end());
-  list_.SetRefilled(last == records_.end() ? -1 : static_cast<int>(last - records_.begin()));
+  const auto last = std::max_element(record_of_line_.begin(), record_of_line_.end());
+  list_.SetRefilled(
+      last == record_of_line_.end() ? -1 : static_cast<int>(last - record_of_line_.begin()));
 }
 
 void ContactLines::FillAnew(const std::vector<ContactRecord>& records, const Format& format) {
@@ -87,9 +88,9 @@ void ContactLines::FillAnew(const std::vector<ContactRecord>& records, const For
   }
   std::vector<int> places;
   Touch([&] { places = list_.Refill(std::move(texts)); });
-  records_.resize(shown.size());
+  record_of_line_.resize(shown.size());
   for (std::size_t i = 0; i < shown.size(); ++i) {
-    records_[static_cast<std::size_t>(places[i])] = shown[i];
+    record_of_line_[static_cast<std::size_t>(places[i])] = shown[i];
   }
   widths_ = std::move(widths);
   all_stale_ = false;
@@ -102,7 +103,7 @@ void ContactLines::FillStale(const std::vector<ContactRecord>& records, const Fo
     Line line = records.at(record).Email.empty() ? Line{} : format(records[record]);
     widths_[record] = line.widths;
     const std::size_t position = PositionOf(record);
-    const bool listed = position < records_.size();
+    const bool listed = position < record_of_line_.size();
     const std::string now = listed ? list_.Items()[position] : std::string();
     if (misplaced || now != line.text) moves.push_back({record, std::move(line.text)});
   }
@@ -121,11 +122,11 @@ void ContactLines::Carry(const std::vector<Move>& moves) {
 // Possible where all other lines are in order, and the new one stays between its neighbours.
 bool ContactLines::ReplaceInPlace(const Move& move) {
   const std::size_t position = PositionOf(move.record);
-  if (move.text.empty() || position == records_.size()) return false;
-  const auto behind = records_.begin() + Offset(position) + 1;
-  if (std::find(behind, records_.end(), move.record) != records_.end()) return false;
+  if (move.text.empty() || position == record_of_line_.size()) return false;
+  const auto behind = record_of_line_.begin() + Offset(position) + 1;
+  if (std::find(behind, record_of_line_.end(), move.record) != record_of_line_.end()) return false;
   if (position > 0 && !StandsBefore(position - 1, move)) return false;
-  if (position + 1 < records_.size() && StandsBefore(position + 1, move)) return false;
+  if (position + 1 < record_of_line_.size() && StandsBefore(position + 1, move)) return false;
   Touch([&] { list_.SetList(static_cast<int>(position), move.text); });
   return true;
 }
@@ -134,12 +135,12 @@ bool ContactLines::ReplaceInPlace(const Move& move) {
 bool ContactLines::StandsBefore(std::size_t position, const Move& move) const {
   const std::string& text = list_.Items()[position];
   if (LessIgnoringCase(text, move.text)) return true;
-  return !LessIgnoringCase(move.text, text) && records_[position] < move.record;
+  return !LessIgnoringCase(move.text, text) && record_of_line_[position] < move.record;
 }
 
 void ContactLines::Insert(const Move& move) {
   std::size_t first = 0;
-  std::size_t count = records_.size();
+  std::size_t count = record_of_line_.size();
   while (count > 0) {
     const std::size_t half = count / 2;
     if (StandsBefore(first + half, move)) {
@@ -150,18 +151,18 @@ void ContactLines::Insert(const Move& move) {
     }
   }
   Touch([&] { list_.InsertItem(static_cast<int>(first), move.text); });
-  records_.insert(records_.begin() + Offset(first), move.record);
+  record_of_line_.insert(record_of_line_.begin() + Offset(first), move.record);
 }
 
 void ContactLines::RemoveLinesOf(std::size_t record) {
-  for (std::size_t position = 0; (position = PositionOf(record)) < records_.size();) {
+  for (std::size_t position = 0; (position = PositionOf(record)) < record_of_line_.size();) {
     TakeOut(position);
   }
 }
 
 void ContactLines::TakeOut(std::size_t position) {
   Touch([&] { list_.RemoveItem(static_cast<int>(position)); });
-  records_.erase(records_.begin() + Offset(position));
+  record_of_line_.erase(record_of_line_.begin() + Offset(position));
 }
 
 void ContactLines::Remove(int position) {
@@ -170,20 +171,20 @@ void ContactLines::Remove(int position) {
     return;
   }
   const auto place = static_cast<std::size_t>(position);
-  Mark(records_.at(place), true);
+  Mark(record_of_line_.at(place), true);
   TakeOut(place);
 }
 
 void ContactLines::Add(std::size_t record, const std::string& text) {
   Touch([&] { list_.AddItem(text); });
   if (all_stale_) return;
-  records_.insert(records_.begin() + list_.NewIndex(), record);
+  record_of_line_.insert(record_of_line_.begin() + list_.NewIndex(), record);
   Mark(record, true);
 }
 
 std::size_t ContactLines::PositionOf(std::size_t record) const {
-  return static_cast<std::size_t>(std::find(records_.begin(), records_.end(), record) -
-                                  records_.begin());
+  return static_cast<std::size_t>(
+      std::find(record_of_line_.begin(), record_of_line_.end(), record) - record_of_line_.begin());
 }
 
 ContactLines::Widths ContactLines::ColumnWidths() const {

@@ -73,8 +73,8 @@ class ContactLines {
   std::size_t PositionOf(std::size_t record) const;
 
   ListBox& list_;
-  std::vector<std::size_t> records_;  // the record of each line
-  std::vector<Widths> widths_;        // of each record
+  std::vector<std::size_t> record_of_line_;  // the record of each line
+  std::vector<Widths> widths_;               // of each record
   std::vector<Stale> stale_;
   bool all_stale_ = true;  // nothing is known about the lines
   bool touching_ = false;  // what the list tells of is done here

@@ -41,10 +41,10 @@ ContactPages::ContactPages(Logs& log, frmMain& form, Screen& screen, ContactList
 
 void ContactPages::FollowContacts() {
   contacts_.RecordChanged = [this](std::size_t record) {
-    for (Page& page : pages_) page.lines.RecordChanged(record);
+    for (ContactListPage& page : pages_) page.lines.RecordChanged(record);
   };
   contacts_.AllChanged = [this] {
-    for (Page& page : pages_) page.lines.AllChanged();
+    for (ContactListPage& page : pages_) page.lines.AllChanged();
   };
   contacts_.AfterAdd = [this] { RefreshAfterAdd(); };
   contacts_.AfterMod = [this](int index) { RefreshAfterMod(index); };
@@ -52,7 +52,7 @@ void ContactPages::FollowContacts() {
 
 // The "Buddynames" list shows new contacts only when it is built anew.
 void ContactPages::RefreshAfterAdd() {
-  for (const Page& page : pages_) {
+  for (const ContactListPage& page : pages_) {
     if (page.which == "A" || !IsShowing(page)) continue;
     FillContactList(page.which, 0);
     return;
@@ -60,7 +60,7 @@ void ContactPages::RefreshAfterAdd() {
 }
 
 void ContactPages::RefreshAfterMod(int index) {
-  for (Page& page : pages_) {
+  for (ContactListPage& page : pages_) {
     if (!IsShowing(page)) continue;
     if (SelectedListLine >= 0 && SelectedListLine < page.list.ListCount()) {
       page.lines.Remove(SelectedListLine);
@@ -78,7 +78,7 @@ void ContactPages::FillLists(std::string_view which, int index) {
   const Font kept = form_.TextFont();
   form_.SetTextFont(form_.lstGender.TextFont());
   Measure();
-  for (Page& page : pages_) {
+  for (ContactListPage& page : pages_) {
     if (which == page.which || which == "X") FillPage(page, index);
   }
   form_.SetTextFont(kept);
@@ -94,7 +94,7 @@ float ContactPages::TextWidth(const std::string& text) const {
   return screen_.TextWidth(text, form_.TextFont()) / screen_.TwipsPerPixelX();
 }
 
-void ContactPages::FillPage(Page& page, int index) {
+void ContactPages::FillPage(ContactListPage& page, int index) {
   if (index != 0) {
     AddLine(page, static_cast<std::size_t>(index - 1));
     return;
@@ -107,14 +107,14 @@ void ContactPages::FillPage(Page& page, int index) {
   SendTabStops(page);
 }
 
-void ContactPages::AddLine(Page& page, std::size_t record) {
+void ContactPages::AddLine(ContactListPage& page, std::size_t record) {
   const ContactRecord& added = contacts_.Records().at(record);
   if (added.Email.empty()) return;
   page.lines.Add(record, Line(page, added).text);
   NewListLine = ToInteger16(page.list.NewIndex());
 }
 
-ContactPages::Style ContactPages::StyleOf(const Page& page) const {
+ContactPages::Style ContactPages::StyleOf(const ContactListPage& page) const {
   Style style;
   style.by_email = page.by_email.Chosen();
   style.by_name = page.by_name.Chosen();
@@ -136,9 +136,10 @@ ContactPages::Style ContactPages::StyleOf(const Page& page) const {
   return style;
 }
 
-ContactLines::Line ContactPages::Line(const Page& page, const ContactRecord& record) const {
+ContactLines::Line ContactPages::Line(const ContactListPage& page,
+                                      const ContactRecord& record) const {
   const std::array<std::string, 3> cells =
-      page.which == "A" ? BuddyNamesCells(record) : GridCells(page, record);
+      page.which == "A" ? BuddyNamesCells(page, record) : GridCells(page, record);
   ContactLines::Line line;
   for (std::size_t column = 0; column < cells.size(); ++column) {
     line.text += FormatListCell(cells[column], line.widths[column]);
@@ -147,7 +148,7 @@ ContactLines::Line ContactPages::Line(const Page& page, const ContactRecord& rec
   return line;
 }
 
-std::array<std::string, 3> ContactPages::GridCells(const Page& page,
+std::array<std::string, 3> ContactPages::GridCells(const ContactListPage& page,
                                                    const ContactRecord& record) const {
   const std::string word =
       page.which == "G" ? contacts_.GenderWord(record) : contacts_.IgnoreWord(record);
@@ -159,11 +160,12 @@ std::array<std::string, 3> ContactPages::GridCells(const Page& page,
   return {record.Name, word, own_names ? record.FriendlyName : ""};
 }
 
-std::array<std::string, 3> ContactPages::BuddyNamesCells(const ContactRecord& record) const {
-  if (form_.optBuddyNamesSortEmail.Chosen()) {
+std::array<std::string, 3> ContactPages::BuddyNamesCells(const ContactListPage& page,
+                                                         const ContactRecord& record) const {
+  if (page.by_email.Chosen()) {
     return {record.Email, record.Name, record.FriendlyName};
   }
-  if (form_.optBuddyNamesSortName.Chosen()) return {record.FriendlyName, record.Name, ""};
+  if (page.by_name.Chosen()) return {record.FriendlyName, record.Name, ""};
   return {record.Name, record.FriendlyName, ""};
 }
 
@@ -177,7 +179,7 @@ std::string ContactPages::FormatListCell(const std::string& text, float& columnW
   return text + "\t";
 }
 
-void ContactPages::SendTabStops(const Page& page) {
+void ContactPages::SendTabStops(const ContactListPage& page) {
   std::vector<int> stops;
   float sum = 0;
   for (const float width : page.lines.ColumnWidths()) {

@@ -46,9 +46,9 @@ class ContactPages {
     bool operator==(const Style&) const = default;
   };
 
-  struct Page {
+  struct ContactListPage {
     std::string_view which;
-    int number;
+    Page page;
     ListBox& list;
     const OptionButton& by_email;
     const OptionButton& by_name;
@@ -60,18 +60,20 @@ class ContactPages {
   void FillLists(std::string_view which, int index);
   void RefreshAfterAdd();
   void RefreshAfterMod(int index);
-  bool IsShowing(const Page& page) const {
-    return form_.fraPage[static_cast<std::size_t>(page.number)].Visible();
+  bool IsShowing(const ContactListPage& page) const {
+    return form_.fraPage[static_cast<std::size_t>(page.page)].Visible();
   }
   void Measure();
-  void FillPage(Page& page, int index);
-  void AddLine(Page& page, std::size_t record);
-  Style StyleOf(const Page& page) const;
-  ContactLines::Line Line(const Page& page, const ContactRecord& record) const;
-  std::array<std::string, 3> GridCells(const Page& page, const ContactRecord& record) const;
-  std::array<std::string, 3> BuddyNamesCells(const ContactRecord& record) const;
+  void FillPage(ContactListPage& page, int index);
+  void AddLine(ContactListPage& page, std::size_t record);
+  Style StyleOf(const ContactListPage& page) const;
+  ContactLines::Line Line(const ContactListPage& page, const ContactRecord& record) const;
+  std::array<std::string, 3> GridCells(const ContactListPage& page,
+                                       const ContactRecord& record) const;
+  std::array<std::string, 3> BuddyNamesCells(const ContactListPage& page,
+                                             const ContactRecord& record) const;
   std::string FormatListCell(const std::string& text, float& columnWidth) const;
-  void SendTabStops(const Page& page);
+  void SendTabStops(const ContactListPage& page);
   float TextWidth(const std::string& text) const;
 
   Logs& log_;
@@ -79,7 +81,7 @@ class ContactPages {
   Screen& screen_;
   ContactList& contacts_;
   // In the order in which they are filled.
-  std::array<Page, 3> pages_{{
+  std::array<ContactListPage, 3> pages_{{
       {"G", kGenderPage, form_.lstGender, form_.optGenderSortEmail, form_.optGenderSortName},
       {"I", kIgnorePage, form_.lstIgnore, form_.optIgnoreSortEmail, form_.optIgnoreSortName},
       {"A", kBuddyNamesPage, form_.lstBuddyNames, form_.optBuddyNamesSortEmail,

@@ -8,13 +8,12 @@ namespace brenwick {
 namespace {
 
 constexpr const char* kModule = "frmMain";
-constexpr int kMostDays = 365;
 constexpr const char* kDaysAfterBadEntry = "7";
 
 bool IsBadEntry(const std::string& text) {
   if (text.empty()) return true;
   const double days = WholeNumber(text);
-  return days > kMostDays || days < 1;
+  return days > LogRetention::kMostDays || days < 1;
 }
 
 }  // namespace

@@ -14,7 +14,7 @@ RepeatPage::RepeatPage(Logs& log, frmMain& form, SpokenHistory& history, Speech&
 // The oldest first, as they move on.
 void RepeatPage::ShowSentences() {
   for (int i = SpokenHistory::kLength; i-- > 0;) {
-    form_.txtSpokenMessages[static_cast<std::size_t>(i)].SetText(history_.At(i).sentence);
+    form_.txtSpokenMessages[static_cast<std::size_t>(i)].SetText(history_.At(i).text);
   }
 }
 
@@ -29,8 +29,8 @@ void RepeatPage::UseRepeatHotKeys() {
 // Mute and the signed-in check hold for a repeat as for any sentence.
 void RepeatPage::ocxSpeakMsg1_HotkeyPressed(int index) {
   log_.Trap("frmMain", "ocxSpeakMsg1_HotkeyPressed", [&] {
-    const SpokenHistory::Sentence place = history_.At(index);
-    speech_.Speak(place.sentence, false, place.voice, true);
+    const SpokenHistory::Sentence spoken = history_.At(index);
+    speech_.Speak(spoken.text, false, spoken.voice, true);
   });
 }
 

@@ -1,4 +1,4 @@
-// What the program has to know about each state of a messenger client.
+// The fixed facts of each messenger state.
 #pragma once
 
 #include <cstdint>

@@ -12,7 +12,7 @@ namespace brenwick {
 class SpokenHistory {
  public:
   struct Sentence {
-    std::string sentence;
+    std::string text;
     std::string voice;  // the voice code it was spoken with
   };
   static constexpr int kLength = 4;

@@ -17,7 +17,7 @@ class SpokenHistoryTest : public testing::Test {
  protected:
   Texts Places() const {
     Texts places;
-    for (int i = 0; i < 4; ++i) places.push_back(history.At(i).sentence + history.At(i).voice);
+    for (int i = 0; i < 4; ++i) places.push_back(history.At(i).text + history.At(i).voice);
     return places;
   }
   Texts Boxes() const {

@@ -1,4 +1,4 @@
-// How messenger states are put into words.
+// The words for a contact's state, and whether the user counts as signed in.
 #pragma once
 
 #include <cstdint>

@@ -1,4 +1,4 @@
-#include "messenger/StateTable.h"
+#include "messenger/StatePhrases.h"
 
 #include <algorithm>
 #include <iterator>
@@ -20,21 +20,21 @@ std::string Text(const TextTable& texts, const SettingsValues&) {
   return texts.LoadText(Id);
 }
 
-template <std::string SettingsValues::*Setting>
-std::string Own(const TextTable&, const SettingsValues& settings) {
-  return settings.*Setting;
+template <std::string SettingsValues::*Member>
+std::string Setting(const TextTable&, const SettingsValues& settings) {
+  return settings.*Member;
 }
 
 // Idle is announced with the user's phrase for away.
 constexpr StatePhrase kPhrases[] = {
     {MSTATE_UNKNOWN, Text<9>},
-    {MSTATE_OFFLINE, Own<&SettingsValues::Offline>},
-    {MSTATE_ONLINE, Own<&SettingsValues::Online>},
+    {MSTATE_OFFLINE, Setting<&SettingsValues::Offline>},
+    {MSTATE_ONLINE, Setting<&SettingsValues::Online>},
     {MSTATE_INVISIBLE, Text<54>},
-    {MSTATE_BUSY, Own<&SettingsValues::Busy>},
+    {MSTATE_BUSY, Setting<&SettingsValues::Busy>},
     {MSTATE_BE_RIGHT_BACK, Text<52>},
-    {MSTATE_IDLE, Own<&SettingsValues::Away>},
-    {MSTATE_AWAY, Own<&SettingsValues::Away>},
+    {MSTATE_IDLE, Setting<&SettingsValues::Away>},
+    {MSTATE_AWAY, Setting<&SettingsValues::Away>},
     {MSTATE_ON_THE_PHONE, Text<55>},
     {MSTATE_OUT_TO_LUNCH, Text<58>},
 };
