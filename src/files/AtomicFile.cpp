@@ -1,5 +1,6 @@
 #include "files/AtomicFile.h"
 
+#include <atomic>
 #include <cerrno>
 #include <charconv>
 #include <filesystem>
@@ -89,7 +90,7 @@ int AtomicFile::ReplaceKeepingBackup(std::string_view bytes) {
 }
 
 std::string AtomicFile::FreshName() const {
-  static unsigned count = 0;
+  static std::atomic<unsigned> count = 0;
   return path_ + std::string(kMark) + std::to_string(OwnProcessId()) + "-" +
          std::to_string(++count);
 }
