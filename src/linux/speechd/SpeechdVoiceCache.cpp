@@ -1,6 +1,7 @@
 #include "linux/speechd/SpeechdVoiceCache.h"
 
 #include <algorithm>
+#include <exception>
 #include <iterator>
 #include <map>
 #include <utility>
@@ -87,21 +88,26 @@ std::vector<SpeechdListing> SpeechdVoiceCache::Voices() const { return Read(path
 void SpeechdVoiceCache::Refresh() {
   const std::lock_guard lock(mutex_);
   if (asked_) return;
-  asked_ = true;
   if (thread_.joinable()) thread_.join();
+  // The thread cannot clear asked_ before this function gives the mutex back.
   thread_ = std::thread([this] { Work(); });
+  asked_ = true;
 }
 
 void SpeechdVoiceCache::Work() {
   std::optional<bool> news;
   try {
     news = Ask();
-  } catch (const SsipTrouble&) {
+  } catch (const std::exception&) {
     // The voices are asked for again when somebody has reached the server.
   } catch (const SsipStopped&) {
     return;
   }
-  done_(news.has_value(), news.value_or(false));
+  try {
+    done_(news.has_value(), news.value_or(false));
+  } catch (const std::exception&) {
+    // Nothing is shown of the news, and the program goes on.
+  }
   const std::lock_guard lock(mutex_);
   asked_ = news.has_value();
 }
