@@ -7,10 +7,10 @@
 
 namespace brenwick {
 
-// Stores the descriptions of a male and a female voice as the chosen ones in a store that has
-// nothing of the program's, and leaves any other store alone: without the choice both lists would
-// begin with the same voice. An empty description is not stored. It has to be called before the
-// program reads its settings.
+// Stores the descriptions of a male and a female voice as the chosen ones: without the choice both
+// lists would begin with the same voice. Leaves a store alone that holds settings of the program,
+// unless these are settings of voices without either choice. An empty description is not stored.
+// It has to be called before the program reads its settings.
 void StoreFirstChoices(RegistryStore& store, const std::string& maleVoice,
                        const std::string& femaleVoice);
 

@@ -38,7 +38,7 @@ void VoicesPage::Fill() {
     log_.DebugWrite("Form_Load", "Startup - Found voice : " + description);
   }
   log_.DebugWrite("Form_Load", "Startup - Total voices : " + std::to_string(voices.size()));
-  if (voices.empty()) return;
+  if (voices.empty() || voice_.LacksVoices()) return;
   form_.cmbVoiceMale.SetListIndex(0);
   form_.cmbVoiceFemale.SetListIndex(0);
 }

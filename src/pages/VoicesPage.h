@@ -19,7 +19,8 @@ class VoicesPage {
   VoicesPage& operator=(const VoicesPage&) = delete;
 
   // Fills both lists with the engine's voices in its own order, so that a position in a list is
-  // also the number of a voice, and selects the first.
+  // also the number of a voice, and selects the first. Selects none where the list lacks voices: a
+  // selection would be stored in place of the user's own.
   void Fill();
 
   // Selects the entry whose text is exactly `stored`; without one, or when nothing is stored, the

@@ -28,6 +28,10 @@ class SpVoice {
   // nothing, as Voice, Rate and Volume do.
   virtual const std::vector<std::string>& GetVoices() = 0;
 
+  // Whether the list lacks voices because an engine was too slow to name them: the next start may
+  // list them. The answer never changes. Raises nothing.
+  virtual bool LacksVoices() const { return false; }
+
   // What the coming sentences are spoken with. Each setter raises kInvalidCall and leaves the
   // former value when the engine refuses: a voice that is not in the list, a rate outside −10..10
   // (0 is normal, +10 three times as fast, −10 a third), a volume outside 0..100.

@@ -36,8 +36,10 @@ std::size_t EngineBackend::VoiceFor(const std::string& language) const {
 }
 
 Connection EngineBackend::State() const {
-  if (has_sound_) return {options_.name, ConnectionState::Attached, ""};
-  return {options_.name, ConnectionState::Failed, kNoSound};
+  if (!has_sound_) return {options_.name, ConnectionState::Failed, kNoSound};
+  const std::lock_guard lock(mutex_);
+  if (!trouble_.empty()) return {options_.name, ConnectionState::Failed, trouble_};
+  return {options_.name, ConnectionState::Attached, ""};
 }
 
 void EngineBackend::ExpectSpeech() {
@@ -54,14 +56,34 @@ void EngineBackend::Prepare() {
 // Without sound the sentence counts as said: no other backend would be heard either.
 bool EngineBackend::Say(std::u32string_view& text, const Prosody& prosody, const StopToken& stop) {
   LookForSound();
-  if (!has_sound_ || voices_.empty()) return true;
-  engine_->Use(voices_.at(prosody.voice.value_or(0)).identifier, prosody.rate, prosody.volume);
+  if (!has_sound_) return true;
+  const std::string voice = voices_.empty() ? "" : voices_.at(prosody.voice.value_or(0)).identifier;
+  engine_->Use(voice, prosody.rate, prosody.volume);
   while (!stop.StopRequested()) {
-    const std::string piece = NextPiece(text);
+    std::u32string_view rest = text;
+    const std::string piece = NextPiece(rest);
+    if (!piece.empty()) {
+      engine_->Say(piece,
+                   [&](std::span<const std::int16_t> samples) { return Play(samples, stop); });
+      if (!EngineSpeaks()) return false;
+    }
+    text = rest;
     if (piece.empty()) break;
-    engine_->Say(piece, [&](std::span<const std::int16_t> samples) { return Play(samples, stop); });
   }
   return true;
+}
+
+// Whether the engine is in no trouble after a text.
+bool EngineBackend::EngineSpeaks() {
+  std::string trouble = engine_->Trouble();
+  const bool speaks = trouble.empty();
+  {
+    const std::lock_guard lock(mutex_);
+    if (trouble == trouble_) return speaks;
+    trouble_ = std::move(trouble);
+  }
+  if (options_.changed) options_.changed();
+  return speaks;
 }
 
 void EngineBackend::LookForSound() {

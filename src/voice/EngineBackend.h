@@ -8,6 +8,7 @@
 #include <atomic>
 #include <functional>
 #include <memory>
+#include <mutex>
 #include <span>
 #include <string>
 #include <vector>
@@ -25,7 +26,7 @@ struct EngineBackendOptions {
   std::string locale = {};
   // Called once, on the thread that speaks, where there is no sound at the start.
   std::function<void()> no_sound = {};
-  // Called, on the thread that speaks, when there is sound no more, or again.
+  // Called, on the thread that speaks, whenever State() has changed.
   std::function<void()> changed = {};
 };
 
@@ -42,7 +43,8 @@ class EngineBackend final : public SpeechBackend {
   const std::vector<std::string>& Voices() const override { return descriptions_; }
   std::string Language(std::size_t voice) const override { return voices_.at(voice).language; }
   std::size_t VoiceFor(const std::string& language) const override;
-  // Failed while there is no sound; Prepare and every sentence look for it.
+  // Failed while there is no sound, which Prepare and every sentence look for, and while the engine
+  // does not speak, which every sentence tries.
   Connection State() const override;
   // Raises kPathFileAccess once a file that takes the speech can no longer be written.
   void ExpectSpeech() override;
@@ -61,6 +63,7 @@ class EngineBackend final : public SpeechBackend {
 
  private:
   void LookForSound();
+  bool EngineSpeaks();
   bool Play(std::span<const std::int16_t> samples, const StopToken& stop);
 
   const std::unique_ptr<SpeechEngine> engine_;
@@ -69,6 +72,8 @@ class EngineBackend final : public SpeechBackend {
   const std::vector<EngineVoice> voices_;
   std::vector<std::string> descriptions_;
   std::atomic<bool> has_sound_ = true;
+  mutable std::mutex mutex_;
+  std::string trouble_;  // why the engine does not speak; guarded by the mutex
 };
 
 }  // namespace brenwick

@@ -37,6 +37,17 @@ void QueuedVoice::ListVoices() {
   }
 }
 
+bool QueuedVoice::LacksVoices() const {
+  return !backends_.empty() && backends_.front()->Voices().empty();
+}
+
+// What the coming sentences are said with. There is a backend.
+QueuedVoice::ListedVoice QueuedVoice::Chosen() const {
+  if (voice_) return voices_[*voice_];
+  if (LacksVoices()) return {backends_.front().get(), std::nullopt, nullptr, 0};
+  return voices_.front();
+}
+
 void QueuedVoice::SetVoice(std::size_t index) {
   if (index >= voices_.size()) throw Failure(kInvalidCall);
   voice_ = index;
@@ -55,8 +66,8 @@ void QueuedVoice::SetVolume(int volume) {
 void QueuedVoice::Speak(const std::string& text, int flags) {
   for (const auto& backend : backends_) backend->ExpectSpeech();
   if ((flags & SVSFPurgeBeforeSpeak) != 0) queue_.Purge();
-  if (text.empty() || voices_.empty()) return;
-  const ListedVoice& listed = voices_[voice_];
+  if (text.empty() || backends_.empty()) return;
+  const ListedVoice listed = Chosen();
   Sentence sentence{text,     (flags & SVSFIsXML) != 0, listed.backend,
                     prosody_, listed.stand_in,          prosody_};
   sentence.prosody.voice = listed.voice;
@@ -80,8 +91,8 @@ void QueuedVoice::TestEngine(std::size_t index, const std::string& sentence) {
   Prosody prosody = prosody_;
   prosody.voice.reset();
   prosody.try_anyway = true;
-  if (!voices_.empty() && voices_[voice_].backend == &backend) {
-    prosody.voice = voices_[voice_].voice;
+  if (const ListedVoice chosen = Chosen(); chosen.backend == &backend) {
+    prosody.voice = chosen.voice;
   } else if (!backend.Voices().empty()) {
     prosody.voice = 0;
   }

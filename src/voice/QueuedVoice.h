@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -18,15 +19,17 @@ class QueuedVoice : public SpVoice {
   using Backends = std::vector<std::unique_ptr<SpeechBackend>>;
 
   // The list of voices is that of the first backend, then that of the second, and so on. What
-  // another backend fails to say, the first one says in the nearest language it has. Without any
-  // backend the voice has an empty list and passes over every sentence.
+  // another backend fails to say, the first one says in the nearest language it has. Where the
+  // first one lists no voices, it speaks with its usual voice until SetVoice chooses another.
+  // Without any backend the voice has an empty list and passes over every sentence.
   explicit QueuedVoice(Backends backends);
 
   const std::vector<std::string>& GetVoices() override { return descriptions_; }
+  bool LacksVoices() const override;
   void SetVoice(std::size_t index) override;
   void SetRate(int rate) override;
   void SetVolume(int volume) override;
-  std::size_t Voice() const override { return voice_; }
+  std::size_t Voice() const override { return voice_.value_or(0); }
   int Rate() const override { return prosody_.rate; }
   int Volume() const override { return prosody_.volume; }
 
@@ -52,17 +55,18 @@ class QueuedVoice : public SpVoice {
   // A voice of the list: which backend's it is, and which voice of the first backend stands in.
   struct ListedVoice {
     SpeechBackend* backend;
-    std::size_t voice;
+    std::optional<std::size_t> voice;  // none: the backend's usual one
     SpeechBackend* stand_in;
     std::size_t stand_in_voice;
   };
 
   void ListVoices();
+  ListedVoice Chosen() const;
 
   const Backends backends_;
   std::vector<std::string> descriptions_;
   std::vector<ListedVoice> voices_;
-  std::size_t voice_ = 0;
+  std::optional<std::size_t> voice_;  // none before the first SetVoice
   Prosody prosody_;
   // The last member, so that its thread has ended when the backends go.
   SpeechQueue queue_;

@@ -27,7 +27,8 @@ class SpeechEngine {
   // Samples a second, the same for as long as the engine lives. Does not throw.
   virtual int SampleRate() const = 0;
 
-  // In the order of EngineVoicesFor. Raises a Failure where the engine does not list them.
+  // In the order of EngineVoicesFor; empty where the engine is too slow to list them. Raises a
+  // Failure where the engine does not list them.
   virtual std::vector<EngineVoice> Voices(const std::string& locale) = 0;
 
   // What the coming texts are spoken with: an identifier from Voices(), −10..10, 0..100. Does not
@@ -39,7 +40,12 @@ class SpeechEngine {
   // engine cannot speak is left out; only a lack of memory throws.
   virtual void Say(const std::string& piece, const Listener& listener) = 0;
 
-  // Called when nothing was said for a while. Does not throw.
+  // Why nothing of the last text could be spoken, in English; empty where the engine works, though
+  // it may have left a text out. Does not throw.
+  virtual std::string Trouble() const { return {}; }
+
+  // Tidies up when nothing was said for a while. Returns soon, whatever the engine does. Does not
+  // throw.
   virtual void Rest() {}
 };
 

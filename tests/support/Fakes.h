@@ -244,6 +244,7 @@ class FakeSocket : public SocketDriver {
 class FakeVoice : public SpVoice {
  public:
   const std::vector<std::string>& GetVoices() override { return voices_; }
+  bool LacksVoices() const override { return lacks_voices; }
   void SetVoice(std::size_t /*index*/) override {}
   void SetRate(int /*rate*/) override {}
   void SetVolume(int /*volume*/) override {}
@@ -257,6 +258,7 @@ class FakeVoice : public SpVoice {
 
   std::vector<std::string> spoken;
   int last_flags = 0;
+  bool lacks_voices = false;
 
  private:
   std::vector<std::string> voices_ = {"Mary"};

@@ -12,7 +12,6 @@
 #include "base/ProgramState.h"
 #include "base/Text.h"
 #include "linux/engine/EngineContents.h"
-#include "voice/LanguageTag.h"
 
 namespace brenwick {
 namespace {
@@ -21,9 +20,6 @@ using std::chrono::milliseconds, std::chrono::steady_clock;
 
 // How often the listener is asked whether it still wants to hear more.
 constexpr milliseconds kAskAgain{20};
-
-// A machine that has just started is slow. Only the thread that speaks waits that long.
-constexpr std::chrono::seconds kTimeToStart{20};
 
 // What the engine has always had.
 constexpr int kUsualSampleRate = 22'050;
@@ -38,14 +34,15 @@ bool NeverListening(std::span<const std::int16_t> /*samples*/) { return false; }
 }  // namespace
 
 EngineProcess::EngineProcess(EngineProcessOptions options)
-    : options_(std::move(options)), cache_(options_.memory) {
+    : options_(std::move(options)),
+      cache_(options_.memory),
+      first_start_left_(options_.first_start) {
   Start();
   if (cache_.Recall()) {
     sample_rate_ = cache_.Recall()->sample_rate;
     return;
   }
-  const auto end = steady_clock::now() + options_.first_start;
-  if (TakeStart(end, AlwaysListening) == Outcome::Done) return;
+  if (TakeFirstStart() == Outcome::Done) return;
   if (!IsSlow()) CannotSpeak(trouble_.empty() ? DoesNotStart() : trouble_);
   sample_rate_ = kUsualSampleRate;
 }
@@ -79,7 +76,7 @@ std::string EngineProcess::DoesNotStart() const {
 
 // Whether the process has said nothing wrong, only nothing yet.
 bool EngineProcess::IsSlow() {
-  return trouble_.empty() && socket_->Wait({}) == EngineSocket::Arrival::Nothing;
+  return trouble_.empty() && socket_->Wait({}) != EngineSocket::Arrival::Closed;
 }
 
 EngineProcess::Outcome EngineProcess::StartAgain(const Listener& listener) {
@@ -91,6 +88,15 @@ EngineProcess::Outcome EngineProcess::StartAgain(const Listener& listener) {
     return Outcome::Failed;
   }
   return Settle(listener);
+}
+
+// All waits for the first start together last no longer than one.
+EngineProcess::Outcome EngineProcess::TakeFirstStart() {
+  const Moment begin = steady_clock::now();
+  const Outcome outcome = TakeStart(begin + first_start_left_, AlwaysListening);
+  const auto taken = std::chrono::duration_cast<milliseconds>(steady_clock::now() - begin);
+  first_start_left_ -= std::min(taken, first_start_left_);
+  return outcome;
 }
 
 // Takes what a new process says before it speaks.
@@ -139,10 +145,12 @@ std::vector<EngineVoice> EngineProcess::Voices(const std::string& locale) {
   asked_ = socket_->Send(EngineWord::Voices, locale);
   const std::optional<RememberedEngine>& known = cache_.Recall();
   if (known && known->locale == locale) return known->voices;
-  const auto end = steady_clock::now() + options_.first_start;
-  if (asked_ && TakeStart(end, AlwaysListening) == Outcome::Done) return std::exchange(voices_, {});
-  if (!IsSlow()) CannotSpeak("The speech engine " + options_.program + " does not list its voices");
-  return {{"eSpeak NG", "", LanguageTag(locale), false}};
+  if (asked_ && TakeFirstStart() == Outcome::Done) return std::exchange(voices_, {});
+  if (known) return known->voices;
+  if (IsSlow()) return {};
+  CannotSpeak(trouble_.empty()
+                  ? "The speech engine " + options_.program + " does not list its voices"
+                  : trouble_);
 }
 
 void EngineProcess::Use(const std::string& voice, int rate, int volume) {
@@ -162,10 +170,13 @@ void EngineProcess::Say(const std::string& piece, const Listener& listener) {
   int failures = 0;
   while (failures < kFailuresAtOnePlace) {
     const std::size_t before = delivered;
-    if (SayOnce(piece, delivered, listener) != Outcome::Failed) return;
+    const Outcome outcome = SayOnce(piece, delivered, listener);
+    if (outcome == Outcome::Done) failure_.clear();
+    if (outcome != Outcome::Failed) return;
     Stop();
     failures = delivered > before ? 1 : failures + 1;
   }
+  failure_ = trouble_;
   TellOfFailure(piece);
 }
 
@@ -202,7 +213,8 @@ EngineProcess::Outcome EngineProcess::SayOnce(const std::string& piece, std::siz
 // is no process to talk to, or it has had time enough.
 EngineProcess::Outcome EngineProcess::Settle(const Listener& listener) {
   if (!socket_) return Outcome::Failed;
-  const Outcome started = TakeStart(started_at_ + kTimeToStart, listener);
+  const Outcome started = TakeStart(started_at_ + options_.time_to_start, listener);
+  if (started == Outcome::Failed && trouble_.empty()) trouble_ = DoesNotStart();
   if (started != Outcome::Done) return started;
   while (ending_) {
     const Outcome outcome = Await(cut_at_ + options_.patience, listener);

@@ -4,8 +4,9 @@
 // start, speak or come to an end. What it was saying goes on at the sample that was missing. A text
 // at which it fails twice without getting any further is left out and told of.
 //
-// The voices are remembered in a file, so that the program does not wait for the process: the first
-// start of all does, for a few seconds at most.
+// The voices are remembered in a file, so that the program does not wait for the process. It waits
+// for the first start of all, and for the list in the order of another locale: at most the
+// first_start of the options, which covers the start and the list together.
 #pragma once
 
 #include <sys/types.h>
@@ -26,9 +27,12 @@ namespace brenwick {
 struct EngineProcessOptions {
   // So long an engine that is at work may be silent.
   static constexpr std::chrono::milliseconds kPatience{2000};
-  // So long the program waits for an engine of which nothing is remembered. It is no time in which
-  // a user could be waiting for speech: nothing has ever been read aloud.
+  // The longest wait of the program for the start and the voices of an engine of which nothing is
+  // remembered, or only the list for another locale.
   static constexpr std::chrono::milliseconds kFirstStart{5000};
+  // The longest wait of the thread that speaks for a new process: a machine that has just started
+  // is slow.
+  static constexpr std::chrono::milliseconds kTimeToStart{20'000};
 
   // The path of brenwick-voice.
   std::string program;
@@ -40,6 +44,7 @@ struct EngineProcessOptions {
   std::string memory = {};
   std::chrono::milliseconds patience = kPatience;
   std::chrono::milliseconds first_start = kFirstStart;
+  std::chrono::milliseconds time_to_start = kTimeToStart;
 };
 
 class EngineProcess : public SpeechEngine {
@@ -50,13 +55,17 @@ class EngineProcess : public SpeechEngine {
   ~EngineProcess() override;
 
   int SampleRate() const override { return sample_rate_; }
-  // The remembered voices; else the process is asked for them. Where the process is too slow to
-  // answer, its usual voice stands alone in the list until the next start.
+  // The voices remembered for the locale; else what the process answers. Where no answer comes in
+  // time, the voices remembered for another locale, or none: the process speaks with its usual
+  // voice then.
   std::vector<EngineVoice> Voices(const std::string& locale) override;
   void Use(const std::string& voice, int rate, int volume) override;
   // Returns as soon as the listener wants no more, however busy the process is.
   void Say(const std::string& piece, const Listener& listener) override;
-  // Ends a process that should have come to an end of its text by now.
+  // That no process starts, and why.
+  std::string Trouble() const override { return failure_; }
+  // Takes what the process has said meanwhile, and ends one that has died or should have come to
+  // the end of its text by now.
   void Rest() override;
 
   // The process that speaks; 0 while there is none.
@@ -71,6 +80,7 @@ class EngineProcess : public SpeechEngine {
   std::string DoesNotStart() const;
   bool IsSlow();
   Outcome StartAgain(const Listener& listener);
+  Outcome TakeFirstStart();
   Outcome TakeStart(Moment end, const Listener& listener);
   Outcome TakeGreeting(Moment end, const Listener& listener);
   Outcome TakeVoices(Moment end, const Listener& listener);
@@ -83,6 +93,7 @@ class EngineProcess : public SpeechEngine {
 
   const EngineProcessOptions options_;
   EngineVoiceCache cache_;
+  std::chrono::milliseconds first_start_left_;
   int sample_rate_ = 0;
   std::string locale_;
   std::vector<EngineVoice> voices_;  // what the process has answered
@@ -92,6 +103,7 @@ class EngineProcess : public SpeechEngine {
   int volume_ = 100;
   std::string trouble_;  // why the process does not start
   std::string told_trouble_;
+  std::string failure_;  // the trouble that kept the last text from being said
 
   std::unique_ptr<EngineSocket> socket_;
   std::unique_ptr<ChildProcess> process_;

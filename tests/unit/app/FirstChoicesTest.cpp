@@ -29,6 +29,26 @@ TEST(FirstChoices, LeaveAStoreThatHoldsAnythingAlone) {
   EXPECT_EQ(Stored(store, "Female Voice"), "(none)");
 }
 
+TEST(FirstChoices, AreStoredWhereAnEarlierStartHadNoVoices) {
+  MapStore store;
+  store.WriteValue(kBrenwickKey, "Left", {.type = ValueKind::Text, .text = "5"});
+  store.WriteValue(kVoicesKey, "Male Speed", {.type = ValueKind::Text, .text = "3"});
+  StoreFirstChoices(store, "he", "she");
+  EXPECT_EQ(Stored(store, "Male Voice"), "he");
+  EXPECT_EQ(Stored(store, "Female Voice"), "she");
+  StoreFirstChoices(store, "another", "another");
+  EXPECT_EQ(Stored(store, "Male Voice"), "he");
+}
+
+TEST(FirstChoices, LeaveASingleChosenVoiceAlone) {
+  MapStore store;
+  store.WriteValue(kBrenwickKey, "Left", {.type = ValueKind::Text, .text = "5"});
+  store.WriteValue(kVoicesKey, "Female Voice", {.type = ValueKind::Text, .text = "Eva"});
+  StoreFirstChoices(store, "he", "she");
+  EXPECT_EQ(Stored(store, "Male Voice"), "(none)");
+  EXPECT_EQ(Stored(store, "Female Voice"), "Eva");
+}
+
 TEST(FirstChoices, AreNotStoredWhereTheEngineHasNone) {
   MapStore store;
   StoreFirstChoices(store, "", "she");

@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <optional>
 #include <random>
 #include <thread>
 
@@ -348,14 +349,23 @@ TEST_F(RememberedEngineTest, ListsItsVoicesAndIsCutShortWhileTheEngineHangsAtIts
   EXPECT_NE(engine.ProcessId(), 0);
 }
 
-TEST_F(RememberedEngineTest, ListsItsUsualVoiceWhereItHangsAtItsFirstStart) {
+TEST_F(RememberedEngineTest, ListsNoVoicesWhereItHangsAtItsFirstStart) {
   const Environment at_start("BRENWICK_BAD_VOICE", "hang");
   EngineProcess engine = Make({.program = BRENWICK_BAD_VOICE,
                                .memory = Memory(),
                                .first_start = std::chrono::milliseconds(100)});
-  const std::vector<EngineVoice> expected = {{"eSpeak NG", "", "de-de", false}};
-  EXPECT_EQ(engine.Voices(kLocale), expected);
+  EXPECT_EQ(engine.Voices(kLocale), std::vector<EngineVoice>{});
   EXPECT_EQ(EngineVoiceCache(Memory()).Recall(), std::nullopt);
+}
+
+TEST_F(RememberedEngineTest, ListsTheVoicesOfAnotherLocaleWhereItHangs) {
+  Remember(22'050);
+  const Environment at_start("BRENWICK_BAD_VOICE", "hang");
+  EngineProcess engine = Make({.program = BRENWICK_BAD_VOICE,
+                               .memory = Memory(),
+                               .first_start = std::chrono::milliseconds(100)});
+  EXPECT_EQ(engine.Voices("fr_FR"), voices_);
+  EXPECT_EQ(EngineVoiceCache(Memory()).Recall()->locale, kLocale);
 }
 
 TEST_F(RememberedEngineTest, SpeaksWithTheUsualVoiceWhereItIsToUseNone) {
@@ -395,6 +405,36 @@ TEST_F(RememberedEngineTest, TellsOnceThatTheEngineDoesNotStart) {
   EXPECT_EQ(told, std::vector<std::string>{"no data"});
 }
 
+TEST_F(RememberedEngineTest, IsInTroubleUntilTheEngineStarts) {
+  Remember(8'000);
+  std::optional<Environment> at_start(std::in_place, "BRENWICK_BAD_VOICE", "fail");
+  EngineProcess engine = Make({.program = BRENWICK_BAD_VOICE, .memory = Memory()});
+  EXPECT_EQ(engine.Trouble(), "");
+  Said(engine, "one");
+  EXPECT_EQ(engine.Trouble(), "no data");
+  at_start.reset();
+  EXPECT_EQ(Said(engine, "two"), (Samples{1, 2, 3}));
+  EXPECT_EQ(engine.Trouble(), "");
+}
+
+TEST_F(RememberedEngineTest, IsInTroubleWhereTheEngineHangsAtItsStart) {
+  Remember(8'000);
+  const Environment at_start("BRENWICK_BAD_VOICE", "hang");
+  EngineProcess engine = Make({.program = BRENWICK_BAD_VOICE,
+                               .memory = Memory(),
+                               .time_to_start = std::chrono::milliseconds(100)});
+  EXPECT_EQ(Said(engine, "one"), Samples{});
+  EXPECT_NE(engine.Trouble().find("does not start"), std::string::npos);
+  EXPECT_EQ(told, std::vector<std::string>{engine.Trouble()});
+}
+
+TEST_F(RememberedEngineTest, IsInNoTroubleWhereATextIsLeftOut) {
+  EngineProcess engine = Make(BRENWICK_BAD_VOICE);
+  EXPECT_EQ(Said(engine, "this will die"), Samples{});
+  EXPECT_EQ(told.size(), 1U);
+  EXPECT_EQ(engine.Trouble(), "");
+}
+
 TEST_F(RememberedEngineTest, SpeaksAtItsNewSampleRateFromTheNextStartOn) {
   Remember(7'000);
   {
@@ -403,6 +443,7 @@ TEST_F(RememberedEngineTest, SpeaksAtItsNewSampleRateFromTheNextStartOn) {
     EXPECT_EQ(Said(engine, "one"), Samples{});
     ASSERT_EQ(told.size(), 1U);
     EXPECT_NE(told[0].find("has changed"), std::string::npos);
+    EXPECT_EQ(engine.Trouble(), told[0]);
   }
   EngineProcess engine = Make({.program = BRENWICK_BAD_VOICE, .memory = Memory()});
   EXPECT_EQ(engine.SampleRate(), 8'000);
