@@ -22,7 +22,7 @@ struct Sentence {
   bool entities = false;  // &amp; and its like stand for their characters
   SpeechBackend* backend = nullptr;
   Prosody prosody = {};
-  // Says what the backend could not; nullptr where it had better not be said.
+  // Says what the backend could not; nullptr: what the backend could not say is left out.
   SpeechBackend* stand_in = nullptr;
   Prosody stand_in_prosody = {};
 };

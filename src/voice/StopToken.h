@@ -7,8 +7,9 @@
 
 namespace brenwick {
 
-// Any thread may request the stop, reset it and look at it. No call throws but the constructor,
-// which raises std::system_error where the system has nothing to wait for any more.
+// Any thread may request the stop, reset it and look at it, but Reset must not run beside
+// RequestStop: it could leave a stop that is requested and ends no wait. No call throws but the
+// constructor, which raises std::system_error where the system has nothing to wait for any more.
 class StopToken {
  public:
   StopToken();

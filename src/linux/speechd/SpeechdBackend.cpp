@@ -274,7 +274,7 @@ void SpeechdBackend::SetState(ConnectionState state, const std::string& detail) 
   if (options_.changed) options_.changed();
 }
 
-// Who has voices and failed to speak has not got any better by that.
+// Listing voices does not clear a failure to speak.
 void SpeechdBackend::VoicesAsked(bool reached, bool news) {
   if (!reached) return;
   {

@@ -59,12 +59,12 @@ class SpeechdBackend final : public SpeechBackend {
 
   // Returns when the server has said the text.
   bool Say(std::u32string_view& text, const Prosody& prosody, const StopToken& stop) override;
-  // A sign that is raised has already silenced the server.
+  // The stop that was requested has already silenced the server.
   void Cut() override {}
   std::chrono::milliseconds Finish() override { return {}; }
 
  private:
-  // Silenced: by the sign. The last two: by another program.
+  // Silenced: by the stop. The last two: by another program.
   enum class Outcome { Said, Silenced, PushedAside, HardlyHeard };
 
   void SayAll(std::u32string_view& text, const Prosody& prosody, const StopToken& stop);

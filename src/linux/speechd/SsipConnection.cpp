@@ -148,7 +148,7 @@ bool SsipConnection::KeepAsEvent(const Answer& answer) {
   return true;
 }
 
-// Nothing when the time is up or the sign is raised; what has come by then is kept.
+// Nothing when the time is up or the stop is requested; what has come by then is kept.
 std::optional<SsipConnection::Answer> SsipConnection::Receive(Moment until, const StopToken* stop) {
   for (;;) {
     if (std::optional<Answer> answer = TakeAnswer()) return answer;

@@ -1,7 +1,7 @@
 // A conversation with speech-dispatcher in its own protocol, SSIP: lines of text over a socket.
 //
 // Its client library waits without an end for the answer of a server that hangs, and no purge gets
-// through to it. Here every wait has an end and looks at the sign.
+// through to it. Here every wait has an end and looks at the stop.
 #pragma once
 
 #include <chrono>
@@ -35,7 +35,7 @@ class SsipRefusal : public SsipTrouble {
   using SsipTrouble::SsipTrouble;
 };
 
-// The sign was raised while the server was to answer. The connection is of no more use.
+// The stop was requested while the server was to answer. The connection is of no more use.
 struct SsipStopped {};
 
 class SsipConnection {
@@ -55,7 +55,7 @@ class SsipConnection {
 
   // The lines of the server's answer, without their numbers and without the last, which only says
   // how it went. Raises SsipRefusal where it refuses the command, SsipTrouble where it does not
-  // answer or is gone, and SsipStopped. Without a sign it waits through everything.
+  // answer or is gone, and SsipStopped. Without a stop it waits through everything.
   std::vector<std::string> Ask(std::string_view command, const StopToken* stop) {
     return Ask(command, stop, patience_);
   }
@@ -66,7 +66,7 @@ class SsipConnection {
   // ends the connection), one line and not empty.
   std::string Say(const std::string& text, const StopToken* stop);
 
-  // What next happens to that message; nothing when the time is up or the sign is raised first.
+  // What next happens to that message; nothing when the time is up or the stop is requested first.
   std::optional<Event> Await(const std::string& message, std::chrono::milliseconds time,
                              const StopToken* stop);
 
