@@ -69,8 +69,9 @@ class MessengerClient {
   virtual ~MessengerClient() = default;
 
   // From now on the client's events reach the listener, which outlives the attachment. Called once
-  // at start-up; no event comes before it returns. It takes a second at most. Raises a Failure when
-  // there is no way to reach a client at all; a client that is merely not running is no failure.
+  // at start-up; no event comes before it returns. It takes a second at most for each source of
+  // messages that the client joins. Raises a Failure when there is no way to reach a client at all;
+  // a client that is merely not running is no failure.
   virtual void Attach(MessengerListener& listener) = 0;
   // No event reaches the listener after this returns. It may be called from inside an event, and
   // when nothing is attached. It throws nothing.

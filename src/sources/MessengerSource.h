@@ -9,8 +9,9 @@
 
 namespace brenwick {
 
-// The program calls each operation on its own thread; none of them throws or lets an event run.
-// Test may wait for the system's bus, a second at most; the others do not wait.
+// The program calls each operation on its own thread; none of them lets an event run, and only
+// InstantMessage throws. Attach waits a second at most for the system's bus or the client, and
+// Detach and Test may wait for them as well; the others do not wait.
 class MessengerSource : public MessengerClient {
  public:
   // The state of the connection to this client, as it is known at this moment.
