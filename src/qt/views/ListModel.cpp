@@ -32,7 +32,10 @@ ListModel::ListModel(ListBox& list, QObject* parent) : QAbstractTableModel(paren
   filling_.setSingleShot(true);
   connect(&filling_, &QTimer::timeout, this, [this] { Fill(); });
   removal_.setSingleShot(true);
-  connect(&removal_, &QTimer::timeout, this, [this] { CarryOutRemoval(); });
+  connect(&removal_, &QTimer::timeout, this, [this] {
+    CarryOutRemoval();
+    if (CaughtUp) CaughtUp();
+  });
   Reset();
   subscriptions_.push_back(list.LineAdded.Observe([this](int position) { Add(position); }));
   subscriptions_.push_back(list.LineChanged.Observe([this](int position) { Change(position); }));
@@ -121,7 +124,7 @@ void ListModel::Fill() {
   } else {
     Replace(first, gone, come);
   }
-  if (Filled) Filled();
+  if (CaughtUp) CaughtUp();
 }
 
 void ListModel::Reset() {

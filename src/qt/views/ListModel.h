@@ -25,8 +25,12 @@ class ListModel : public QAbstractTableModel {
   int columnCount(const QModelIndex& parent = {}) const override;
   QVariant data(const QModelIndex& index, int role) const override;
 
-  // Called when the lines of a list that was cleared have been taken over.
-  std::function<void()> Filled;
+  // Whether there are changes of the list that are still to be taken over, so that a position in
+  // the list is none in the model.
+  bool IsBehind() const { return removed_ >= 0 || filling_.isActive(); }
+
+  // Called when what had waited for events to run has been taken over.
+  std::function<void()> CaughtUp;
 
  private:
   void Add(int position);

@@ -20,10 +20,9 @@ constexpr int kLeastLines = 4;
 class ListView : public QTreeView {
  public:
   ListView(ListBox& list, Views& views, QWidget& parent)
-      : QTreeView(&parent), list_(list), views_(views) {
-    auto* lines = new ListModel(list, this);
-    lines->Filled = [this] { TakeNewLines(); };
-    setModel(lines);
+      : QTreeView(&parent), list_(list), views_(views), lines_(new ListModel(list, this)) {
+    lines_->CaughtUp = [this] { TakeNewLines(); };
+    setModel(lines_);
     setRootIsDecorated(false);
     setUniformRowHeights(true);
     setHeaderHidden(true);
@@ -150,7 +149,7 @@ class ListView : public QTreeView {
   }
 
   void ShowSelection() {
-    if (currentIndex().row() == list_.ListIndex()) return;
+    if (lines_->IsBehind() || currentIndex().row() == list_.ListIndex()) return;
     showing_ = true;
     if (list_.ListIndex() < 0) {
       selectionModel()->clear();
@@ -162,6 +161,7 @@ class ListView : public QTreeView {
 
   ListBox& list_;
   Views& views_;
+  ListModel* const lines_;
   QTimer new_lines_;
   QList<int> widths_;  // of the columns
   int measured_ = 0;

@@ -225,6 +225,16 @@ TEST_F(ViewsTest, ALineThatComesBackInItsPlaceStaysTheSame) {
   EXPECT_EQ(bob.row(), 1);
 }
 
+TEST_F(ViewsTest, TheChoiceStaysWhereALineInFrontOfItGoes) {
+  for (const char* line : {"Ann", "Bob", "Cy"}) form.lstGender.AddItem(line);
+  form.lstGender.SetListIndex(2);
+  QApplication::processEvents();
+  form.lstGender.RemoveItem(0);
+  QApplication::processEvents();
+  EXPECT_EQ(form.lstGender.ListIndex(), 1);
+  EXPECT_EQ(Find<QTreeView>("lstGender").currentIndex().row(), 1);
+}
+
 TEST_F(ViewsTest, ALineThatGoesTakesNoOtherWithIt) {
   for (const char* line : {"Ann", "Bob", "Cy"}) form.lstGender.AddItem(line);
   form.lstGender.SetListIndex(2);
