@@ -52,7 +52,7 @@ def verbs():
 def events():
     """The events of the messenger's client, with the members that a script gives them."""
     text = read("rehearsal/MessengerScript.cpp")
-    found = {name: [] for name in re.findall(r'\{"(On\w+)", &L::', text)}
+    found = {name: [] for name in re.findall(r'^ +"(On\w+)",$', text, re.MULTILINE)}
     for name, members in re.findall(r'\{"(On\w+)", \{\{(.*?)\}', text):
         found[name] = re.findall(r'"(\w+)"', members)
     return found
