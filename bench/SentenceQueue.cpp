@@ -34,7 +34,7 @@ class Holder : public SpeechBackend {
   std::atomic<bool> held = true;
 
  private:
-  const std::vector<std::string> voices_;
+  const std::vector<std::string> voices_ = {};
 };
 
 double MiB() {

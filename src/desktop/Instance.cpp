@@ -1,8 +1,10 @@
 #include "desktop/Instance.h"
 
+#include <QDBusArgument>
 #include <QDBusConnection>
 #include <QDBusError>
 #include <QDBusMessage>
+#include <QDBusVariant>
 #include <QStandardPaths>
 #include <algorithm>
 #include <iterator>
