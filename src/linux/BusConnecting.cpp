@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <exception>
+#include <stdexcept>
 #include <system_error>
 #include <thread>
 #include <utility>
@@ -50,6 +51,23 @@ int BusConnecting::Descriptor() const { return done_->Descriptor(); }
 
 bool BusConnecting::Await(std::chrono::milliseconds limit) const {
   return result_.wait_for(limit) == std::future_status::ready;
+}
+
+std::unique_ptr<BusConnection> ConnectInTime(const std::string& address) {
+  BusConnecting connecting([address] { return std::make_unique<BusConnection>(address); });
+  if (!connecting.Await(BusConnection::kPatience)) throw SilentBus();
+  return connecting.Take();
+}
+
+bool IsSilent(const std::string& address) {
+  try {
+    ConnectInTime(address);
+    return false;
+  } catch (const SilentBus&) {
+    return true;
+  } catch (const std::runtime_error&) {
+    return false;
+  }
 }
 
 }  // namespace brenwick

@@ -5,6 +5,7 @@
 #include <functional>
 #include <future>
 #include <memory>
+#include <string>
 
 #include "linux/BusConnection.h"
 
@@ -35,5 +36,13 @@ class BusConnecting {
   std::shared_ptr<Event> done_;
   std::future<std::unique_ptr<BusConnection>> result_;
 };
+
+// Connects to the bus at the address, and waits for it BusConnection::kPatience at most. Raises a
+// SilentBus where the bus does not answer within that time, else what BusConnection raises.
+std::unique_ptr<BusConnection> ConnectInTime(const std::string& address);
+
+// True where the bus at the address does not answer in time; false where it answers, or where there
+// is none.
+bool IsSilent(const std::string& address);
 
 }  // namespace brenwick

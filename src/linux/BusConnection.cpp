@@ -19,6 +19,7 @@ class BusError {
 
   DBusError* Out() { return &error_; }
   [[noreturn]] void Raise() const {
+    if (dbus_error_has_name(&error_, DBUS_ERROR_NO_REPLY)) throw SilentBus();
     throw std::runtime_error(error_.message != nullptr ? error_.message : "the bus is gone");
   }
 
@@ -92,7 +93,13 @@ BusMessage BusConnection::Call(DBusMessage& call) {
 
 bool BusConnection::Send(DBusMessage& message) {
   if (!IsOpen() || !dbus_connection_send(connection_.get(), &message, nullptr)) return false;
-  dbus_connection_flush(connection_.get());
+  using Clock = std::chrono::steady_clock;
+  const Clock::time_point end = Clock::now() + kPatience;
+  while (IsOpen() && dbus_connection_has_messages_to_send(connection_.get())) {
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - Clock::now());
+    if (left <= left.zero()) return false;
+    dbus_connection_read_write(connection_.get(), static_cast<int>(left.count()));
+  }
   return IsOpen();
 }
 

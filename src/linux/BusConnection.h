@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -30,15 +31,22 @@ struct BusMethod {
 // A call with these texts, which wants no answer.
 BusMessage CallWithTexts(const BusMethod& method, const std::vector<std::string>& texts);
 
+// Raised where a bus, or the program that is called over it, does not answer in time.
+class SilentBus : public std::runtime_error {
+ public:
+  SilentBus() : std::runtime_error("the bus does not answer") {}
+};
+
 // Belongs to one thread at a time.
 class BusConnection {
  public:
-  // The time for which a call waits. A bus answers at once or not at all.
+  // The time for which a call or a message that is sent waits. A bus answers at once or not at all.
   static constexpr std::chrono::milliseconds kPatience{1000};
 
   // Connects and says hello. The answer is awaited for kPatience; connecting itself has no limit
   // where the bus has stopped and its queue is full (BusConnecting is for that). Raises a
-  // std::runtime_error that says why the bus cannot be had.
+  // SilentBus where the bus does not answer, and a std::runtime_error that says why it cannot be
+  // had otherwise.
   explicit BusConnection(const std::string& address);
   BusConnection(const BusConnection&) = delete;
   BusConnection& operator=(const BusConnection&) = delete;
@@ -50,10 +58,11 @@ class BusConnection {
   // Readable when something has arrived.
   int Descriptor() const;
 
-  // Waits for the answer, kPatience at most. Raises a std::runtime_error that holds the answer
-  // where that is an error, or says that none came.
+  // Waits for the answer, kPatience at most. Raises a SilentBus where none came, and a
+  // std::runtime_error that holds the answer where that is an error.
   BusMessage Call(DBusMessage& call);
-  // Does not wait for an answer. False: the bus is gone.
+  // Waits until the bus has taken the message, kPatience at most, and not for an answer. False: the
+  // bus is gone, or has not taken the whole message; the rest may still reach it later.
   bool Send(DBusMessage& message);
 
   // Reads what has arrived, without waiting.

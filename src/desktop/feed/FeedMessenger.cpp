@@ -10,6 +10,7 @@
 #include "base/ProgramState.h"
 #include "base/Text.h"
 #include "desktop/bus/BusName.h"
+#include "linux/BusConnecting.h"
 #include "qt/Strings.h"
 
 namespace brenwick {
@@ -109,7 +110,7 @@ void FeedMessenger::Disconnected() {
 void FeedMessenger::Test(const std::string& sentence) {
   if (!has_name_) return;
   try {
-    if (!tester_ || !tester_->IsOpen()) tester_ = std::make_unique<BusConnection>(bus_address_);
+    if (!tester_ || !tester_->IsOpen()) tester_ = ConnectInTime(bus_address_);
     const std::string service = kService.toStdString();
     const std::string path = kPath.toStdString();
     tester_->Send(*CallWithTexts({service.c_str(), path.c_str(), service.c_str(), kMessage},

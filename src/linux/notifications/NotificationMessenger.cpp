@@ -119,7 +119,7 @@ void NotificationMessenger::Test(const std::string& sentence) {
   if (!monitor_) return;
   try {
     if (!tester_ || !tester_->IsOpen()) {
-      tester_ = std::make_unique<BusConnection>(bus_address_);
+      tester_ = ConnectInTime(bus_address_);
       rules_.SetOwn(tester_->Name(), kName);
     }
     tester_->Send(*ShowNotification(kTitle, sentence));

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "base/Failure.h"
+#include "support/BusQueue.h"
 #include "support/PrivateBus.h"
 #include "support/RecordingListener.h"
 #include "support/TestApplication.h"
@@ -244,6 +245,19 @@ TEST_F(FeedTest, HasNoNameFromABusThatHangs) {
   EXPECT_EQ(feed->Describe().State, ConnectionState::Failed);
   // Nor does it get the name when the bus goes on.
   EXPECT_TRUE(QTest::qWaitFor([&] { return another.registerService(kFeed); }));
+}
+
+TEST_F(FeedTest, KeepsNobodyWaitingForItsTestWhileTheBusHangs) {
+  feed->Attach(listener);
+  bus.Hang();
+  {
+    const BusQueue full(bus.Address());
+    feed->Test("Can you hear me?");
+    bus.GoOn();
+  }
+  feed->Test("And now?");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !listener.events.empty(); }));
+  EXPECT_EQ(listener.events, Events{",D-Bus,,And now?"});
 }
 
 TEST_F(FeedTest, TellsThatThereIsNoBus) {
