@@ -10,6 +10,7 @@
 #include <iterator>
 
 #include "desktop/bus/BusName.h"
+#include "linux/BusConnecting.h"
 
 namespace brenwick {
 namespace {
@@ -74,6 +75,8 @@ QDBusMessage CallFor(Verb verb, int repeat) {
 }
 
 }  // namespace
+
+bool Instance::BusIsSilent() { return IsSilent(SessionBusAddress()); }
 
 bool Instance::Claim() {
   QDBusConnection bus = QDBusConnection::sessionBus();

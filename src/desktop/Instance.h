@@ -17,8 +17,12 @@ class Instance : public QDBusVirtualObject {
  public:
   Instance() = default;
 
-  // True when this process is the one from now on. A bus that does not answer within a second
-  // counts as one on which another program runs.
+  // True where there is a session bus that does not answer within a second. Nothing below may be
+  // called then, and no part of Qt may use the bus: Qt waits for it far longer.
+  static bool BusIsSilent();
+
+  // True when this process is the one from now on. A bus that stops answering for a second counts
+  // as one on which another program runs.
   bool Claim();
   // Called with what another process asked for, with the number of the sentence for Verb::Repeat.
   std::function<void(Verb, int)> Asked;

@@ -11,17 +11,31 @@ namespace {
 
 enum ExitStatus { kDone = 0, kFailed = 1, kWrong = 2 };
 
-constexpr const char* kSilent = "brenwick: the Brenwick that is running does not answer\n";
+constexpr const char* kSilent = "the Brenwick that is running does not answer";
+constexpr const char* kSilentBus = "the session bus does not answer";
+
+void Complain(const char* trouble) { std::cerr << "brenwick: " << trouble << '\n'; }
+
+// A user who starts the program from a menu sees no terminal.
+int Tell(const char* trouble) {
+  Complain(trouble);
+  QMessageBox::critical(nullptr, kTitle, trouble);
+  return kFailed;
+}
 
 int AskTheOther(const CommandLineOptions& options) {
+  if (Instance::BusIsSilent()) {
+    Complain(kSilentBus);
+    return kFailed;
+  }
   switch (Instance::Ask(options.verb, options.repeat)) {
     case Instance::Answer::Done:
       return kDone;
     case Instance::Answer::NobodyThere:
-      std::cerr << "brenwick: no Brenwick is running that could be asked\n";
+      Complain("no Brenwick is running that could be asked");
       break;
     case Instance::Answer::Silent:
-      std::cerr << kSilent;
+      Complain(kSilent);
       break;
   }
   return kFailed;
@@ -31,26 +45,20 @@ int RunDesktop(const CommandLineOptions& options) {
   Instance instance;
   const bool first = instance.Claim();
   const auto shown = first ? Instance::Answer::Done : Instance::Ask(Verb::Show, 1);
-  if (shown == Instance::Answer::Silent) {
-    std::cerr << kSilent;
-    return kFailed;
-  }
+  if (shown == Instance::Answer::Silent) return Tell(kSilent);
   if (shown == Instance::Answer::NobodyThere) {
-    std::cerr << "brenwick: another Brenwick is running, and cannot be asked to show its window\n";
+    Complain("another Brenwick is running, and cannot be asked to show its window");
   }
   Desktop desktop(instance, options.debug ? "/DEBUG" : "", first);
   desktop.Run();
   return kDone;
 }
 
-// A user who starts the program from a menu sees no terminal.
 int RunDesktopOrTell(const CommandLineOptions& options) {
   try {
     return RunDesktop(options);
   } catch (const std::exception& failure) {
-    std::cerr << "brenwick: " << failure.what() << '\n';
-    QMessageBox::critical(nullptr, kTitle, failure.what());
-    return kFailed;
+    return Tell(failure.what());
   }
 }
 
@@ -68,12 +76,15 @@ int Main(int& count, char** values) {
     const QCoreApplication application(count, values);
     return AskTheOther(options);
   }
+  const bool silent = Instance::BusIsSilent();
+  // Qt's own parts would wait for the bus as well.
+  if (silent) qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
   const QApplication application(count, values);
   QApplication::setApplicationName("brenwick");
   QApplication::setDesktopFileName("org.brenwick.Brenwick");
   QApplication::setWindowIcon(QIcon(":/icons/brenwick.svg"));
   QApplication::setQuitOnLastWindowClosed(false);
-  return RunDesktopOrTell(options);
+  return silent ? Tell(kSilentBus) : RunDesktopOrTell(options);
 }
 
 }  // namespace
@@ -86,7 +97,7 @@ int main(int count, char** values) {
     std::cerr << "brenwick: " << failure.what() << "\ntry brenwick --help\n";
     return brenwick::kWrong;
   } catch (const std::exception& failure) {
-    std::cerr << "brenwick: " << failure.what() << '\n';
+    brenwick::Complain(failure.what());
     return brenwick::kFailed;
   }
 }

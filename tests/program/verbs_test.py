@@ -1,11 +1,13 @@
 #!/usr/bin/python3
 """What another process asks of the running program: by its command line, and over D-Bus."""
 import signal
+import socket
 
 import case
 from accessible import call, connect
 from gi.repository import GLib
 from program import stored
+from servers import await_that
 
 NAME = "org.brenwick.Brenwick"
 PATH = "/org/brenwick/Brenwick"
@@ -60,13 +62,31 @@ class Verbs(case.DesktopTest):
         program = self.start()
         program.signal(signal.SIGSTOP)
         try:
-            asked = [self.ask(*arguments) for arguments in (["--mute"], [])]
+            self.assert_failed("the Brenwick that is running does not answer")
         finally:
             program.signal(signal.SIGCONT)
-        for done in asked:
-            self.assertEqual((done.returncode, done.stdout), (1, ""))
-            self.assertEqual(done.stderr,
-                             "brenwick: the Brenwick that is running does not answer\n")
+
+    def test_a_bus_that_hangs_is_told_of(self):
+        with socket.socket(socket.AF_UNIX) as bus:
+            path = self.desktop.runtime / "silent"
+            bus.bind(str(path))
+            bus.listen()
+            self.desktop.environment["DBUS_SESSION_BUS_ADDRESS"] = f"unix:path={path}"
+            self.assert_failed("the session bus does not answer")
+
+    def assert_failed(self, why):
+        """A verb fails at once, and a start when the user has read why."""
+        done = self.ask("--mute")
+        self.assertEqual((done.returncode, done.stdout), (1, ""))
+        self.assertEqual(done.stderr, f"brenwick: {why}\n")
+        start = self.launch()
+        box = await_that(lambda: next((window for window in self.screen.windows()
+                                       if window.pid == start.pid), None), "the message")
+        self.assertEqual(box.title, "Brenwick")
+        self.expected_words.append(f"brenwick: {why}")
+        self.assertEqual(start.errors(), f"brenwick: {why}\n")
+        self.screen.ask_to_close(box)
+        self.assertEqual(start.await_end(), 1)
 
     def test_wrong_command_lines(self):
         for arguments in (["--repeat", "5"], ["--wat"], ["--mute", "--quit"], ["message.txt"]):
