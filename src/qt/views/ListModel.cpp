@@ -32,10 +32,7 @@ ListModel::ListModel(ListBox& list, QObject* parent) : QAbstractTableModel(paren
   filling_.setSingleShot(true);
   connect(&filling_, &QTimer::timeout, this, [this] { Fill(); });
   removal_.setSingleShot(true);
-  connect(&removal_, &QTimer::timeout, this, [this] {
-    CarryOutRemoval();
-    if (CaughtUp) CaughtUp();
-  });
+  connect(&removal_, &QTimer::timeout, this, [this] { CatchUp(); });
   Reset();
   subscriptions_.push_back(list.LineAdded.Observe([this](int position) { Add(position); }));
   subscriptions_.push_back(list.LineChanged.Observe([this](int position) { Change(position); }));
@@ -55,6 +52,17 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::AccessibleTextRole)) return {};
   const std::string& line = lines_.at(static_cast<std::size_t>(index.row()));
   return ToQt(line).split(kEnd).value(index.column());
+}
+
+void ListModel::CatchUp() {
+  if (!IsBehind()) return;
+  CarryOutRemoval();
+  if (filling_.isActive()) {
+    filling_.stop();
+    Fill();
+  } else if (CaughtUp) {
+    CaughtUp();
+  }
 }
 
 void ListModel::Add(int position) {

@@ -28,8 +28,11 @@ class ListModel : public QAbstractTableModel {
   // Whether there are changes of the list that are still to be taken over, so that a position in
   // the list is none in the model.
   bool IsBehind() const { return removed_ >= 0 || filling_.isActive(); }
+  // Takes them over at once, which otherwise happens when events run. A view calls this before it
+  // lets the user choose a line by its row.
+  void CatchUp();
 
-  // Called when what had waited for events to run has been taken over.
+  // Called when what had waited has been taken over.
   std::function<void()> CaughtUp;
 
  private:

@@ -2,6 +2,7 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QTimer>
 #include <algorithm>
 
@@ -76,15 +77,34 @@ class ListView : public QTreeView {
     FitColumns();
   }
 
+  void mousePressEvent(QMouseEvent* event) override {
+    CatchUp();
+    QTreeView::mousePressEvent(event);
+  }
+
+  void mouseDoubleClickEvent(QMouseEvent* event) override {
+    CatchUp();
+    QTreeView::mouseDoubleClickEvent(event);
+  }
+
   void keyPressEvent(QKeyEvent* event) override {
+    CatchUp();
     const std::u32string typed = event->text().toStdU32String();
     if (!typed.empty())
       views_.ForwardUserAction([&] { list_.UserKey(static_cast<int>(typed[0])); });
+    // The program may have changed the list at the key.
+    CatchUp();
     // A space belongs to the program; everything else also moves in the list.
     if (event->key() != Qt::Key_Space) QTreeView::keyPressEvent(event);
   }
 
  private:
+  // The rows of the view are those of the list from here on, and so is the selection.
+  void CatchUp() {
+    lines_->CatchUp();
+    if (new_lines_.isActive()) TakeNewLines();
+  }
+
   // Qt lays out all lines before it measures or selects one, so this is done once for all lines
   // that come at a time.
   void ObserveLines() {
@@ -161,7 +181,7 @@ class ListView : public QTreeView {
 
   ListBox& list_;
   Views& views_;
-  ListModel* const lines_;
+  ListModel* const lines_;  // the view owns it
   QTimer new_lines_;
   QList<int> widths_;  // of the columns
   int measured_ = 0;

@@ -183,6 +183,27 @@ TEST_F(FilledAnew, AListTakesManyNewLinesAtOnce) {
   EXPECT_EQ(model.rowCount(), 0);
 }
 
+TEST_F(FilledAnew, AKeyMovesAmongTheLinesThatAreThereNow) {
+  form.lstIgnore.SetListIndex(1);
+  form.lstIgnore.Clear();
+  form.lstIgnore.AddItem("Dora\tno\t(dora@x)\t");
+  QTest::keyClick(&view, Qt::Key_End);
+  EXPECT_EQ(Names(), "Dora no");
+  EXPECT_EQ(form.lstIgnore.ListIndex(), 0);
+}
+
+TEST_F(FilledAnew, AClickChoosesTheLineThatIsThereNow) {
+  ShowPage(form.lstIgnore.Page());
+  form.lstIgnore.SetListIndex(0);
+  QCoreApplication::processEvents();
+  const QPoint first = view.visualRect(model.index(0, 0)).center();
+  form.lstIgnore.RemoveItem(0);
+  ASSERT_EQ(form.lstIgnore.ListIndex(), -1);
+  QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, first);
+  EXPECT_EQ(Names(), "Ben no, Cora no");
+  EXPECT_EQ(form.lstIgnore.ListIndex(), 0);
+}
+
 TEST_F(FilledAnew, AListShowsTheSelectionThatItGetsMeanwhile) {
   form.lstIgnore.Clear();
   for (const char* line : {"A\tx\ty\t", "B\tx\ty\t", "C\tx\ty\t", "D\tx\ty\t", "E\tx\ty\t"}) {
