@@ -50,6 +50,12 @@ constexpr std::chrono::hours kEndlessPatience{1};
 // busy machine makes one late, it is only started once more.
 constexpr std::chrono::milliseconds kShortPatience{1000};
 
+// False where the engine has no process for now; the number 0 would mean all processes of the test.
+bool Signalled(const EngineProcess& engine, int signal) {
+  const pid_t process = engine.ProcessId();
+  return process > 0 && kill(process, signal) == 0;
+}
+
 class EngineProcessTest : public testing::Test {
  protected:
   EngineProcess Make(const char* program = BRENWICK_VOICE,
@@ -128,7 +134,7 @@ TEST_F(EngineProcessTest, GoesOnAtTheMissingSampleWhenItsProcessIsKilled) {
         all.insert(all.end(), samples.begin(), samples.end());
         if (to_kill && random() % 10 == 0) {
           to_kill = false;
-          killed += kill(engine.ProcessId(), SIGKILL) == 0 ? 1 : 0;
+          killed += Signalled(engine, SIGKILL) ? 1 : 0;
         }
         return true;
       });
@@ -146,7 +152,7 @@ TEST_F(EngineProcessTest, GoesOnWhenItsProcessIsStopped) {
   bool stopped = false;
   engine.Say(kTexts[1], [&](std::span<const std::int16_t> samples) {
     all.insert(all.end(), samples.begin(), samples.end());
-    if (!stopped) stopped = kill(engine.ProcessId(), SIGSTOP) == 0;
+    if (!stopped) stopped = Signalled(engine, SIGSTOP);
     return true;
   });
   EXPECT_TRUE(stopped);
@@ -160,7 +166,7 @@ TEST_F(EngineProcessTest, GoesOnHoweverOftenItsProcessIsKilledWhileItGetsFurther
   int killed = 0;
   engine.Say(kTexts[1], [&](std::span<const std::int16_t> samples) {
     all.insert(all.end(), samples.begin(), samples.end());
-    if (!samples.empty() && kill(engine.ProcessId(), SIGKILL) == 0) ++killed;
+    if (!samples.empty() && Signalled(engine, SIGKILL)) ++killed;
     return true;
   });
   EXPECT_EQ(all, Expected(kTexts[1]));
@@ -212,7 +218,7 @@ TEST_F(EngineProcessTest, TakesTheNextTextAfterOneThatWasCutShort) {
 TEST_F(EngineProcessTest, IsCutShortWhileItsProcessSaysNothing) {
   EngineProcess engine = Make(BRENWICK_VOICE, kEndlessPatience);
   UseNormal(engine);
-  ASSERT_EQ(kill(engine.ProcessId(), SIGSTOP), 0);
+  ASSERT_TRUE(Signalled(engine, SIGSTOP));
   // The second time it waits for the end of the first.
   for (int i = 0; i < 2; ++i) {
     int asked = 0;
@@ -222,7 +228,7 @@ TEST_F(EngineProcessTest, IsCutShortWhileItsProcessSaysNothing) {
     });
     EXPECT_EQ(asked, 3);
   }
-  ASSERT_EQ(kill(engine.ProcessId(), SIGCONT), 0);
+  ASSERT_TRUE(Signalled(engine, SIGCONT));
   ExpectAlike(Said(engine, kTexts[0]), Expected(kTexts[0]));
   EXPECT_EQ(told, std::vector<std::string>{});
 }
